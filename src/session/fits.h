@@ -1,0 +1,74 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "session/table.h"
+
+/// Distribution families. A negative code names the three-parameter form inside the distribution analysis.
+enum Dist : int16_t { weibull = 1, lognormal = 2, normal = 3, gumbel = 4 };
+
+/// Fit methods, the first index of the parameter tables.
+enum FitMethod : int { rankRegression = 1, maximumLikelihood = 2 };
+
+/// Type of one decoded point.
+enum PointType : int16_t { Occr = 0, Susp = 1, Disc = 2, Intv = 3, intvComplement = 4 };
+
+/// What became of each set, and the line last computed. Set-indexed unless said otherwise.
+struct Fits {
+    int16_t dist = weibull;  ///< family (Dist)
+    int16_t gumbeltype = -1; ///< Gumbel: -1 smallest extreme, +1 largest extreme, 0 no choice
+    float fixedSlope = 0;    ///< known slope: 0 free; Weibull 1 exponential, 2 Rayleigh, other Weibayes
+    float fitMethod = rankRegression;
+    float fitMethodSaved = rankRegression; ///< method that a run gives back at its end
+    int16_t mleVariant = 0; ///< 0 mle, 1 mleN-1, 2 RBAmd, 3 RBAmu, 4 RBApb, 5 RBAjjm
+    float rrSwap = 0;       ///< above 0: the regression direction is reversed (rrs)
+
+    double eta = 0;  ///< location-type parameter of the current line
+    double beta = 0; ///< shape or spread parameter of the current line
+    float rFit = 0;  ///< correlation of the current line
+
+    int16_t mixFlag = 0; ///< 1 when the mixed model is in force
+    int16_t mixKind = 0; ///< 4 two components, 5 two with a portion, 7 three with a portion
+    List<float> mixEtas, mixBetas, mixPortions; ///< components of a mixture, from 1
+
+    Table<double> etaFit, betaFit; ///< (row of the set, j): j = 1 the fit, 2 the alternate fit
+    List<float> t0;                ///< threshold
+    List<float> setCorrelation;    ///< r of the set's line
+    List<double> countOccr, countSusp, countDisc, countIntv; ///< quantities by point type
+    List<double> countQuantity;                              ///< sum of quantities
+    List<double> sampleSd; ///< sample standard deviation on the plot scale of a complete set, else 0
+    List<float> rSquaredMinusCcc;
+    List<int16_t> setFitted; ///< 1 when the set has a line
+    List<std::string> setLabel;               ///< status word: "rr", "rrs/insp1", "mle/t0~r", …
+    std::vector<std::vector<std::string>> setMessages; ///< what the user was told about the set in this run
+
+    List<int16_t> FITKIND;         ///< kind of fit of each set on the visual side
+    std::array<float, 11> fitKindList{}; ///< the kinds offered
+    int16_t fitKindCount = 10;
+    List<float> CI;                              ///< confidence level
+    List<double> LOGLYKMLE;                      ///< log likelihood
+    List<float> PVALUE, PVALUEFF;                ///< p-values
+    std::array<List<double>, 4> PARAMCONF;       ///< low and high limit of the first, then the second parameter
+    List<float> ETABARR1, BETABARR1, ETABARR2, BETABARR2; ///< process reliability lines
+    Table<float> BARRXA, BARRYA;                 ///< process reliability points
+    List<float> BARRN;                           ///< and their count
+    List<std::string> DUANEGROWTHS;              ///< growth text
+    List<std::string> CRAMERVONMISESTEXTS;       ///< test text
+};
+
+/// The weighted sums of one regression walk.
+///
+/// Sx, Sxx and Sxy are taken about originX, the plot X of the first point accumulated: data far from zero
+/// (Normal data of 100000 ± 1) would else lose their digits in the difference of two large sums. Slope and
+/// correlation do not depend on the origin; the crossing point is moved back by it.
+struct RegressionSums {
+    double n = 0; ///< sum of weights
+    double Sx = 0, Sxx = 0, Sy = 0, Syy = 0, Sxy = 0;
+    double prevX = 0, prevY = 0, prevWeight = 0; ///< the point last accumulated
+    double originX = 0;
+    int suspLines = 0; ///< suspended lines met
+    int rows = 0;      ///< points walked
+};

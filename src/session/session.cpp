@@ -1,0 +1,129 @@
+#include "session/session.h"
+
+#include <algorithm>
+#include <cmath>
+
+FaultTeller tellfault = nullptr;
+Session session;
+
+namespace {
+
+constexpr int rowCountBound = 48; ///< why a file may never raise maxRows above 48
+
+/// Elements of X at size exponent 0.
+float basebudget(int16_t side) { return side == lifeSide || side == simulationSide ? 18000.0f : 6000.0f; }
+
+void derivecapacities() {
+    Session& s = session;
+    s.sizeExponent = std::clamp<int16_t>(s.sizeExponent, 1, 10);
+    s.arrayBudget = std::ldexp(basebudget(s.progSide), s.sizeExponent);
+    s.maxRows = s.maxRowsBase;
+    s.maxPoints = std::floor(s.arrayBudget / s.maxRows);
+    s.maxSets = std::floor(s.maxRows / s.sg);
+    const float above = s.progSide == lifeSide ? 24 - s.maxRows / s.sg : 24 - s.lastRow / s.sg;
+    s.extraLines = static_cast<int16_t>(std::min(std::floor(above), 12.0f));
+    s.maxLines = s.maxSets + s.extraLines;
+}
+
+/// The upper index bounds that follow from the capacities; index 0 is allowed everywhere.
+struct Bounds {
+    int R, S, P, LL;
+};
+
+Bounds bounds() {
+    const Session& s = session;
+    return {static_cast<int>(s.maxRows + s.sg), static_cast<int>(s.maxSets) + 1,
+            static_cast<int>(s.maxPoints), static_cast<int>(s.maxLines) + 2 * s.extraLines + 3};
+}
+
+bool sizepoints(const Bounds& b) {
+    Session& s = session;
+    for (auto& labels : s.pointLabels) {
+        labels.clear();
+        labels.shrink_to_fit();
+    }
+    return s.X.size(b.R, b.P) && s.Y.size(b.R, b.P) && s.v1.size(b.S + 1, b.P) && s.v2.size(b.S + 1, b.P)
+           && s.n.size(rowCountBound) && s.entryX.size(b.R + 1, b.P) && s.entryY.size(b.R + 1, b.P)
+           && s.W2X.size(b.S + 1, b.P + 1) && s.W2Y.size(b.S + 1, b.P + 1) && s.W2n.size(b.S)
+           && s.plotRank.size(b.R, b.P) && s.pointOrder.size(b.S, b.P) && s.pointTypes.size(b.S, b.P)
+           && s.orderKeys.size(b.P);
+}
+
+bool sizelines(const Bounds& b) {
+    Session& s = session;
+    bool all = s.rowKind.size(b.R + 1) && s.rowTitle.size(b.R + 1) && s.lineStyle.size(b.LL)
+               && s.lineVisible.size(b.LL + 1) && s.lineHide.size(b.LL) && s.lineLabelA.size(b.LL)
+               && s.lineLabelB.size(b.LL) && s.correlation.size(b.LL) && s.correlationLabel.size(b.LL)
+               && s.paramA.size(2, b.LL) && s.paramB.size(2, b.LL) && s.paramThree.size(b.LL)
+               && s.paramExtra.size(30, b.LL) && s.paramExtraSingle.size(30, b.LL);
+    for (auto& ends : s.lineEnd) all = all && ends.size(2, b.LL + 14);
+    for (auto& other : s.paramOther) all = all && other.size(2, b.LL);
+    return all;
+}
+
+bool sizefits(const Bounds& b) {
+    Session& s = session;
+    bool all = s.etaFit.size(b.R, 2) && s.betaFit.size(b.R, 2) && s.BARRXA.size(10, b.S)
+               && s.BARRYA.size(10, b.S) && s.setFitted.size(b.S) && s.FITKIND.size(b.S)
+               && s.setLabel.size(b.S) && s.DUANEGROWTHS.size(b.S) && s.CRAMERVONMISESTEXTS.size(b.S);
+    for (auto* list : {&s.t0, &s.setCorrelation, &s.rSquaredMinusCcc, &s.CI, &s.PVALUE, &s.PVALUEFF,
+                       &s.ETABARR1, &s.BETABARR1, &s.ETABARR2, &s.BETABARR2, &s.BARRN})
+        all = all && list->size(b.S);
+    for (auto* list : {&s.countOccr, &s.countSusp, &s.countDisc, &s.countIntv, &s.countQuantity, &s.sampleSd,
+                       &s.LOGLYKMLE, &s.PARAMCONF[0], &s.PARAMCONF[1], &s.PARAMCONF[2], &s.PARAMCONF[3]})
+        all = all && list->size(b.S);
+    for (auto* list : {&s.mixEtas, &s.mixBetas, &s.mixPortions}) all = all && list->size(s.extraLines + 1);
+    s.setMessages.assign(static_cast<std::size_t>(b.S) + 1, {});
+    return all;
+}
+
+/// Rows are lines by default, data rows points; a set's title is its row number until it gets a name.
+void fillrows() {
+    Session& s = session;
+    for (int i = 0; i <= s.rowKind.bound(); ++i) {
+        s.rowKind(i) = "L";
+        s.rowTitle(i) = std::to_string(i);
+    }
+    for (int k = 1; k <= static_cast<int>(s.maxSets); ++k)
+        s.rowKind(static_cast<int>(rowofset(static_cast<float>(k)))) = "P";
+    s.lineVisible.fill(1);
+}
+
+} // namespace
+
+void chooseside(Side side) {
+    session.progSide = side;
+    session.sg = side == lifeSide || side == simulationSide ? 3.0f : 1.0f;
+    session.negativeXAllowed = side == lifeSide ? 0 : 1;
+    session.plotMode = side == lifeSide ? 1 : 2;
+}
+
+bool sizearrays() {
+    derivecapacities();
+    const Bounds b = bounds();
+    const bool all = sizepoints(b) && sizelines(b) && sizefits(b);
+    if (all) sessionclear();
+    return all;
+}
+
+void sessionclear() {
+    Session& s = session;
+    s.lastRow = 0;
+    s.ifylcnf = 0;
+    s.n.fill(0);
+    s.W2n.fill(0);
+    for (auto& labels : s.pointLabels) std::fill(labels.begin(), labels.end(), std::string());
+    for (auto* list : {&s.lineStyle, &s.correlation, &s.paramThree, &s.t0, &s.setCorrelation}) list->fill(0);
+    s.lineHide.fill(0);
+    s.setFitted.fill(0);
+    for (auto& messages : s.setMessages) messages.clear();
+    s.calcError = 0;
+    s.abortCode = 0;
+    fillrows();
+}
+
+const char* parametername(int distType, int which) {
+    static constexpr const char* names[5][2] = {
+        {"Lambda", "Beta"}, {"Eta", "Beta"}, {"Med", "SigF"}, {"Mu", "Sig"}, {"Xi", "Del"}};
+    return names[std::clamp(distType, 0, 4)][which == 1 ? 0 : 1];
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+/// Word slots, numbered from 1 to 474 and named by their English word: Word::Risk, Word::Set.
+enum class Word : int16_t {
+    None_ = 0,
+#define WORD(name, text) name,
+#include "shell/wordlist.def"
+#undef WORD
+};
+
+inline constexpr int wordSlots = 474;
+
+/// The word of a slot in the language in force.
+const std::string& word(Word slot);
+
+/// Fills all slots for the language in force. Only English stands.
+void wordload();
+
+/// Takes a composed text and gives the text to show, in place: what stands between braces is dropped.
+void wordclean(std::string& text);
+
+/// Exchanges "." with the decimal symbol of the display, in place.
+void wordnumber(std::string& text);
+void wordnumberback(std::string& text);
+
+/// Composing: appends words, literals and numbers to a text. Numbers are written by the number-to-text
+/// routine without a leading blank, so a sentence reads compose(msg, Word::Set, " ", k, ": ", …).
+void append(std::string& text, std::string_view part);
+void append(std::string& text, Word slot);
+void append(std::string& text, int number);
+void append(std::string& text, double number);
+void append(std::string& text, float number);
+
+template <class... Parts>
+std::string& compose(std::string& text, const Parts&... parts) {
+    text.clear();
+    (append(text, parts), ...);
+    return text;
+}
