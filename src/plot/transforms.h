@@ -6,10 +6,6 @@
 
 #include <cstdint>
 
-/// Safe narrowing, used wherever a double lands in a single: 0 for zero and infinity, the value rounded to
-/// single precision while |ln|v|| <= 78, else 9e-30 or 9e30 by magnitude, the sign dropped.
-float sngguard(double value);
-
 // Quantile of the current line.
 void txp2x();
 void txp2xd();
