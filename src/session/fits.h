@@ -26,6 +26,8 @@ struct Fits {
     int16_t mleVariant = 0; ///< 0 mle, 1 mleN-1, 2 RBAmd, 3 RBAmu, 4 RBApb, 5 RBAjjm
     float rrSwap = 0;       ///< above 0: the regression direction is reversed (rrs)
 
+    int currentSet = 0; ///< set in hand, k = row / sg
+
     double eta = 0;  ///< location-type parameter of the current line
     double beta = 0; ///< shape or spread parameter of the current line
     float rFit = 0;  ///< correlation of the current line
@@ -39,6 +41,8 @@ struct Fits {
     List<float> setCorrelation;    ///< r of the set's line
     List<double> countOccr, countSusp, countDisc, countIntv; ///< quantities by point type
     List<double> countQuantity;                              ///< sum of quantities
+    List<double> occurrenceMean;                             ///< mean value of the occurrences
+    List<double> timeTotal;                                  ///< sum of all values, by quantity
     List<double> sampleSd; ///< sample standard deviation on the plot scale of a complete set, else 0
     List<float> rSquaredMinusCcc;
     List<int16_t> setFitted; ///< 1 when the set has a line

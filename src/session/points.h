@@ -32,8 +32,9 @@ struct Points {
     Table<float> W2X, W2Y;       ///< second point table of a data file
     List<float> W2n;             ///< its point counts
 
-    Table<float> plotRank;       ///< mean adjusted rank of each point
-    Table<int32_t> pointOrder;   ///< pointOrder(set, 1..): the points in order of value
-    Table<int16_t> pointTypes;   ///< decoded type of each point (PointType)
-    List<OrderKey> orderKeys;    ///< work space of the ordering, one set at a time
+    Table<float> plotRank;     ///< mean adjusted rank of each point
+    Table<int32_t> pointOrder; ///< pointOrder(set, 1..): the points in order of value
+    Table<int16_t> pointTypes; ///< decoded type of each point (PointType)
+    Table<double> pointPlotX;  ///< plot X of each point, less the threshold; intervals at their middle
+    List<OrderKey> orderKeys;  ///< work space of the ordering, one set at a time
 };

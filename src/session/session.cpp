@@ -46,7 +46,7 @@ bool sizepoints(const Bounds& b) {
            && s.n.size(rowCountBound) && s.entryX.size(b.R + 1, b.P) && s.entryY.size(b.R + 1, b.P)
            && s.W2X.size(b.S + 1, b.P + 1) && s.W2Y.size(b.S + 1, b.P + 1) && s.W2n.size(b.S)
            && s.plotRank.size(b.R, b.P) && s.pointOrder.size(b.S, b.P) && s.pointTypes.size(b.S, b.P)
-           && s.orderKeys.size(b.P);
+           && s.pointPlotX.size(b.S, b.P) && s.orderKeys.size(b.P);
 }
 
 bool sizelines(const Bounds& b) {
@@ -69,8 +69,8 @@ bool sizefits(const Bounds& b) {
     for (auto* list : {&s.t0, &s.setCorrelation, &s.rSquaredMinusCcc, &s.CI, &s.PVALUE, &s.PVALUEFF,
                        &s.ETABARR1, &s.BETABARR1, &s.ETABARR2, &s.BETABARR2, &s.BARRN})
         all = all && list->size(b.S);
-    for (auto* list : {&s.countOccr, &s.countSusp, &s.countDisc, &s.countIntv, &s.countQuantity, &s.sampleSd,
-                       &s.LOGLYKMLE, &s.PARAMCONF[0], &s.PARAMCONF[1], &s.PARAMCONF[2], &s.PARAMCONF[3]})
+    for (auto* list : {&s.countOccr, &s.countSusp, &s.countDisc, &s.countIntv, &s.countQuantity, &s.occurrenceMean,
+                       &s.timeTotal, &s.sampleSd, &s.LOGLYKMLE, &s.PARAMCONF[0], &s.PARAMCONF[1], &s.PARAMCONF[2], &s.PARAMCONF[3]})
         all = all && list->size(b.S);
     for (auto* list : {&s.mixEtas, &s.mixBetas, &s.mixPortions}) all = all && list->size(s.extraLines + 1);
     s.setMessages.assign(static_cast<std::size_t>(b.S) + 1, {});

@@ -1,0 +1,312 @@
+#include "analysis/calcsmain.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "analysis/linefit.h"
+#include "analysis/notices.h"
+#include "analysis/order.h"
+#include "analysis/regress.h"
+#include "data/methodlabels.h"
+#include "numeric/sngguard.h"
+#include "platform/platform.h"
+#include "plot/transforms.h"
+#include "session/session.h"
+#include "shell/prompts.h"
+
+namespace {
+
+constexpr float noSlope = 3; ///< slope that stands where the points give none
+
+struct Set {
+    int k;
+    int row;
+    int points;
+    bool active;
+};
+
+Set setnumber(int k) {
+    const int row = static_cast<int>(rowofset(static_cast<float>(k)));
+    return {k, row, pointcount(k), session.lineHide(k) == 0};
+}
+
+int activesets() {
+    int count = 0;
+    for (int k = 1; k <= setcount(); ++k) count += setnumber(k).active ? 1 : 0;
+    return count;
+}
+
+bool escaped() {
+    if (platform && platform->window().pendingevents()) session.abortCode = escapePressed;
+    return session.abortCode == escapePressed;
+}
+
+// ---- start of a run ----
+
+void runtitle() {
+    const int kind = std::abs(session.confMethod);
+    session.runTitle = "(";
+    appendmethod(session.runTitle);
+    append(session.runTitle, " ");
+    append(session.runTitle, Word::Fit);
+    session.runTitle += ')';
+    const auto extend = [](const auto&... parts) { (append(session.runTitle, parts), ...); };
+    if (kind == 3 && session.confMethod < 0) extend(" ", Word::Assurance, " ... 1 vs. 2");
+    if (kind == 3 && session.confMethod > 0) extend(" ", Word::Likelihood, " ", Word::Contour, " ");
+    if (kind == 4 || kind == 5) extend(" ", Word::Simulation, " ", Word::Results, " ");
+}
+
+void startrun() {
+    if (session.fixedSlope != 0) session.fitMethod = session.fitMethodSaved;
+    if (session.confMethod < -49 && session.findThreshold == 1) {
+        tellrun("t0 = 0 ", Word::For, " BW ", Word::Results);
+        session.findThreshold = 0;
+    }
+    if (activesets() > 1) session.confAuto = 0;
+    session.calcError = 0;
+    session.abortCode = 0;
+    runtitle();
+}
+
+// ---- tests of one set before its fit ----
+
+void clearresults(const Set& set) {
+    session.etaFit(set.row, 1) = session.betaFit(set.row, 1) = 0;
+    session.setCorrelation(set.k) = session.correlation(set.k) = 0;
+    session.sampleSd(set.k) = 0;
+    session.setFitted(set.k) = 0;
+    session.sums = {};
+    if (session.sg < 3) return;
+    if (session.confLow == 0) session.n(set.row - 2) = 0;
+    if (session.confHigh == 0) session.n(set.row - 1) = 0;
+}
+
+/// Occurrences that count for a fit: intervals and discoveries are failures in interval input.
+double occurrences(const Set& set) {
+    double count = session.countOccr(set.k);
+    if (session.inputType == intv5) count += session.countIntv(set.k) + session.countDisc(set.k);
+    return count;
+}
+
+void checknormalbounds(const Set& set) {
+    const bool withoutBounds = session.dist == lognormal && session.confLow == 0 && session.confHigh == 0;
+    if (std::abs(session.confMethod) != 6 || session.countSusp(set.k) == 0 || withoutBounds) return;
+    session.confLow = session.confHigh = 0;
+    session.ifylcnf = 0;
+    tellset(set.k, Word::No, " ", Word::Normal, " ", Word::Confidence, " ", Word::With, " ", Word::Suspension);
+}
+
+/// Value of the m-th point in order.
+double valueinorder(const Set& set, int m) { return pointvalue(set.k, session.pointOrder(set.k, m)); }
+
+/// A single failure with no suspension above it has no finite slope by likelihood.
+bool suspensionstoosmall(const Set& set) {
+    if (session.fitMethod != maximumLikelihood || session.fixedSlope > 0 || negativedata()) return false;
+    if (occurrences(set) != 1 || session.countQuantity(set.k) <= 1) return false;
+    const int last = session.pointOrder(set.k, set.points);
+    if (session.pointTypes(set.k, last) != Susp) return true;
+    for (int m = 1; m <= set.points; ++m)
+        if (session.pointTypes(set.k, session.pointOrder(set.k, m)) != Susp)
+            return valueinorder(set, m) == valueinorder(set, set.points);
+    return false;
+}
+
+/// The family's scale takes the logarithm of a failure's value: it must be positive.
+bool failuresnotpositive(const Set& set) {
+    if (session.dist == normal || session.dist == gumbel) return false;
+    for (int j = 1; j <= set.points; ++j) {
+        const int16_t type = session.pointTypes(set.k, j);
+        const bool exact = type == Occr || type == Disc;
+        if (exact && pointvalue(set.k, j) - session.t0(set.k) <= 0) return true;
+    }
+    return false;
+}
+
+/// Everything that refuses a set before any fit. Each refusal has told why.
+bool fitpossible(const Set& set) {
+    if (suspensionstoosmall(set)) {
+        tellset(set.k, Word::Suspension, " ", Word::Too, " ", Word::Small);
+        return false;
+    }
+    if ((session.inputType == insp1 || groupedinput()) && set.points <= 1) {
+        telltoosmall(set.k, set.points);
+        return false;
+    }
+    if (failuresnotpositive(set)) {
+        tellset(set.k, Word::Data, "? ... <= 0?\n", Word::Possible, " ", Word::Analysis, " = Weibayes");
+        return false;
+    }
+    return true;
+}
+
+/// Fits that are asked for and that this version does not have: told, never answered by another method.
+bool methodready(const Set& set) {
+    if (session.fitMethod == maximumLikelihood) {
+        tellset(set.k, Word::Maximum, " ", Word::Likelihood, " ", Word::Not, " ", Word::Ready);
+        return false;
+    }
+    if (session.findThreshold == 1) {
+        tellset(set.k, Word::Find, " t0 ", Word::Not, " ", Word::Ready);
+        return false;
+    }
+    return true;
+}
+
+// ---- the fit by regression ----
+
+/// Where the points give no line: the first value, or the middle of the first two, with a slope of 3.
+void fallbackline(const Set& set) {
+    const double first = valueinorder(set, 1);
+    session.etaFit(set.row, 1) = set.points > 1 ? (first + valueinorder(set, 2)) / 2 : first;
+    session.betaFit(set.row, 1) = noSlope;
+}
+
+void correlationofset(const Set& set, const PlotLine& line) {
+    const bool fewRows = session.inputType == insp1 && session.sums.rows - session.sums.suspLines < 3;
+    session.rFit = sngguard(fewRows && line.r != 0 ? 1 : line.r);
+    session.setCorrelation(set.k) = session.rFit;
+    session.correlation(set.k) = session.rFit * session.rFit;
+}
+
+bool parametersinrange() {
+    const double size = std::fabs(session.eta);
+    const bool etaGood = std::isfinite(session.eta) && size < 9e30 && (session.dist >= normal || size > 9e-30);
+    const bool betaGood = std::isfinite(session.beta) && session.beta > 9e-30 && session.beta < 9e30;
+    return etaGood && betaGood;
+}
+
+void storeline(const Set& set) {
+    session.etaFit(set.row, 1) = session.eta;
+    session.betaFit(set.row, 1) = session.beta;
+    const int method = static_cast<int>(session.fitMethod);
+    session.paramA(method, set.k) = session.eta;
+    session.paramB(method, set.k) = session.beta;
+    session.paramThree(set.k) = session.t0(set.k);
+    session.setFitted(set.k) = 1;
+}
+
+void tellnoline(const Set& set) {
+    std::string& label = session.setLabel(set.k);
+    tellset(set.k, label, " ", Word::Fit, " ", Word::Not, " ", Word::Possible);
+}
+
+/// A single failure above suspensions can be fitted by likelihood.
+bool likelihoodpossible(const Set& set) {
+    const int last = set.points > 0 ? session.pointOrder(set.k, set.points) : 0;
+    return occurrences(set) == 1 && last > 0 && session.pointTypes(set.k, last) == Susp;
+}
+
+void fitset(const Set& set) {
+    placepoints(set.k);
+    regressselect();
+    session.setLabel(set.k).clear();
+    appendstatus(session.setLabel(set.k), set.k);
+    if (session.calcError > 0) return;
+    const PlotLine line = fitline(session.sums, regressxony(), fixedplotslope());
+    if (!line.exists) {
+        fallbackline(set);
+        tellnotenough(set.k, likelihoodpossible(set));
+        return;
+    }
+    if (line.slope <= 0) {
+        tellnoline(set);
+        return;
+    }
+    parametersofline(line);
+    if (!parametersinrange()) {
+        tellset(set.k, Word::Parameter, " ", Word::Too, " ", Word::Big, " ", Word::Or, " ", Word::Too, " ",
+                Word::Small, " ...");
+        return;
+    }
+    const bool spread = session.dist == lognormal || session.dist == normal;
+    if (spread && session.countSusp(set.k) == 0) session.sampleSd(set.k) = samplesd(session.sums);
+    correlationofset(set, line);
+    storeline(set);
+}
+
+// ---- the sets ----
+
+/// Cells that carry an interval or a discovery mark which the input type in force does not read.
+void cautionunreadz(const Set& set) {
+    if (session.inputType != standard0 && session.inputType != insp1) return;
+    for (int j = 1; j <= set.points; ++j) {
+        const float z = session.v2(set.k, j);
+        const bool meantForStandard = z == 0 || z > 2e29f;
+        if (meantForStandard) continue;
+        tellset(set.k, Word::Interval, " ", Word::Data, "? ... ", Word::Present, " ", Word::Input, " ", Word::Type,
+                " = ", session.inputType == insp1 ? Word::Inspect : Word::Standard);
+        return;
+    }
+}
+
+void analyseset(const Set& set) {
+    compose(session.msg, Word::Set, " ", set.k, " ", Word::Order, " + ", Word::Calculation, " ...");
+    statusline();
+    clearresults(set);
+    orderset(set.k);
+    if (escaped()) return;
+    checknormalbounds(set);
+    if (!set.active || set.points == 0) return;
+    session.setLabel(set.k).clear();
+    appendstatus(session.setLabel(set.k), set.k);
+    cautionunreadz(set);
+    if (!fitpossible(set) || !methodready(set)) return;
+    const double needed = session.fixedSlope > 0 ? 1 : 2;
+    if (groupedinput() || occurrences(set) >= needed) {
+        fitset(set);
+        return;
+    }
+    placepoints(set.k);
+    regressselect();
+    tellnotenough(set.k, likelihoodpossible(set));
+}
+
+/// Grouped rows read as one sample inspected again and again cannot have samples of different sizes.
+void cautionsamples() {
+    if (!groupedinput() || session.inputType == km4 || session.groupingOption != 1) return;
+    for (int k = 1; k <= setcount(); ++k) {
+        for (int j = 2; j <= pointcount(k); ++j) {
+            if (session.v2(k, j) == session.v2(k, 1)) continue;
+            compose(session.msg, Word::Input, " ", Word::Type, " ", Word::Inspect, " ", Word::Sample, " ",
+                    Word::To, " ", Word::Sample, " = ", Word::No, " ", Word::Difference, "\n", Word::Set, " ", k,
+                    " ", Word::Point, " ", Word::To, " ", Word::Point, " ", Word::Sample, " ", Word::Quantity,
+                    " = ", Word::Difference, "\n", Word::Change, " ", Word::Input, " ", Word::Type, " ",
+                    Word::To, " ", Word::Difference);
+            session.menuTitle = word(Word::Caution);
+            askyesno();
+            if (session.u == 1) session.groupingOption = 2;
+            return;
+        }
+    }
+}
+
+void endrun() {
+    session.fitMethod = session.fitMethodSaved;
+    if (setcount() == 0) return;
+    if (session.abortCode != escapePressed) cautionsamples();
+    compose(session.msg, Word::Results, " ", Word::Display, " ...");
+    statusline();
+}
+
+} // namespace
+
+void methodcheck() {
+    if (session.dist < weibull || session.dist > gumbel) session.dist = weibull;
+    if (session.dist != gumbel || session.gumbeltype != 1) session.gumbeltype = -1;
+    if (session.fitMethod != maximumLikelihood) session.fitMethod = rankRegression;
+    if (session.fitMethod == rankRegression) session.mleVariant = 0;
+    if (session.mleVariant < 0 || session.mleVariant > 5) session.mleVariant = 0;
+    if (session.fixedSlope < 0 || !std::isfinite(session.fixedSlope)) session.fixedSlope = 0;
+}
+
+void calcsmain() {
+    for (auto& messages : session.setMessages) messages.clear();
+    startrun();
+    for (int k = 1; k <= setcount(); ++k) {
+        session.currentSet = k;
+        session.calcError = 0;
+        analyseset(setnumber(k));
+        if (session.abortCode == escapePressed || session.calcError < 0) break;
+    }
+    endrun();
+}

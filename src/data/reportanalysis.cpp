@@ -1,0 +1,154 @@
+#include "data/reportanalysis.h"
+
+#include "data/methodlabels.h"
+#include "data/report.h"
+#include "platform/platform.h"
+#include "plot/transforms.h"
+#include "shell/prompts.h"
+
+namespace {
+
+/// Percentages of the B life table.
+constexpr double bLives[] = {.1, .5, 1, 5, 10, 20, 50, 63.212, 90, 95, 99, 99.9};
+
+std::string_view filename() { return session.fileName.empty() ? word(Word::None) : session.fileName; }
+
+Word sidename() { return session.progSide == lifeSide ? Word::Life : Word::Plotting; }
+
+/// Heading of every block: side, file, and which of how many lines this is.
+void reportheading(int line, int lines) {
+    report();
+    report(Word::Analysis, " ", Word::Report, " (", sidename(), ")");
+    reportcell(0, Word::File, " = ", filename());
+    report("[[TAB57(", line, " ", Word::Of, " ", lines, ")");
+    report();
+}
+
+void reportset(int k) {
+    const std::string& title = session.rowTitle(static_cast<int>(rowofset(static_cast<float>(k))));
+    const bool warned = !session.setMessages[static_cast<std::size_t>(k)].empty();
+    reportcell(0, Word::By, " - ", Word::Set, " ", k, title.empty() ? "" : ": ", title, warned ? " !!" : "");
+    reportcell(50, Word::Date);
+    report("[[TAB57: ", platform ? platform->clock().date() : std::string());
+    for (const std::string& message : session.setMessages[static_cast<std::size_t>(k)]) report("!! ", message);
+}
+
+/// Family and parameters of the line.
+void reportparameters(int k) {
+    const int row = static_cast<int>(rowofset(static_cast<float>(k)));
+    report();
+    compose(session.msg, ";");
+    appendfamily(session.msg);
+    if (session.fixedSlope > 0 && session.dist == weibull)
+        extend(session.msg, " (", session.fixedSlope == 1   ? "Exponential"
+                                  : session.fixedSlope == 2 ? "Rayleigh"
+                                                            : "Weibayes", ")");
+    reportline();
+    reportcell(20, parametername(session.dist, 1), "=", Reported{session.etaFit(row, 1)});
+    report("[[TAB44", parametername(session.dist, 2), "=", Reported{session.betaFit(row, 1)});
+}
+
+/// Mean, counts and threshold.
+void reportcounts(int k) {
+    if (session.occurrenceMean(k) > noLowLimit)
+        report(Word::Mean, " (", Word::Occurrence, " ", Word::Sum, ")=", Reported{session.occurrenceMean(k)});
+    const auto counts = [k](const auto&... lead) {
+        report(lead..., Word::Total, " =", session.countQuantity(k), "  ", Word::Occurrence, "=",
+               session.countOccr(k), " (Susp=", session.countSusp(k), " Disc=", session.countDisc(k),
+               " Intv=", session.countIntv(k), ")");
+    };
+    if (session.setFitted(k) == 1)
+        counts();
+    else
+        counts(Word::Not, " ", Word::Fit, ": ");
+    if (session.t0(k) == 0) return;
+    reportcell(0, "  t0=", Reported{session.t0(k)});
+    report(session.scaleAsRecorded == 1 ? " (Scale As Recorded)" : "");
+}
+
+/// The value by which each percentage of the population has failed.
+void reportblives(int k) {
+    const int row = static_cast<int>(rowofset(static_cast<float>(k)));
+    const Keep keep{session.eta, session.beta, session.ud};
+    session.eta = session.etaFit(row, 1);
+    session.beta = session.betaFit(row, 1);
+    report();
+    reportcell(4, "B%");
+    report("[[TAB15", Word::Median, " ", Word::Value);
+    for (const double percent : bLives) {
+        session.ud = percent / 100;
+        txp2xd();
+        reportcell(3, ReportedColumn{percent});
+        report("[[TAB14", ReportedColumn{session.ud + session.t0(k)});
+    }
+}
+
+void reportblock(int k, int lines) {
+    reportheading(k, lines);
+    if (session.lineHide(k) != 0) {
+        report(Word::Set, " ", Word::Not, " ", Word::Active, " (", Word::Zoom, " / ", Word::Hide, " = ", Word::Yes, ")");
+        return;
+    }
+    reportset(k);
+    if (session.setFitted(k) == 1) {
+        reportparameters(k);
+        reportfit(k);
+    }
+    reportcounts(k);
+    if (session.setFitted(k) == 1) reportblives(k);
+}
+
+} // namespace
+
+void reportsetup() {
+    report(Word::Setup, ": ", Word::Dimension, " = ", session.maxSets, "x", session.maxPoints, ", ", Word::Equations,
+           " = ", session.maxLines);
+}
+
+void reportfit(int k) {
+    reportcell(0, Word::Correlation, "(r)=", Reported{session.setCorrelation(k)});
+    report("[[TAB20r^2=", Reported{session.correlation(k)});
+    compose(session.msg, ";", Word::Method, "=", session.setLabel(k));
+    reportline();
+    if (session.fitMethod == rankRegression && !(session.inputType >= prbt2 && session.inputType <= km4))
+        reportcell(20, Word::Plot, " ", Word::Point, "=", rankname(static_cast<int>(session.rankMethod)));
+    compose(session.msg, "[[TAB44", Word::Input, "=");
+    appendinput(session.msg);
+    reportline();
+}
+
+void reportanalysis() {
+    const int lines = setcount();
+    for (int k = 1; k <= lines; ++k) reportblock(k, lines);
+}
+
+void reportsummary() {
+    const int sets = setcount();
+    if (sets == 0) {
+        compose(session.msg, "iii= ", Word::Set, " = 0");
+        tellok();
+        return;
+    }
+    double occurrences = 0;
+    double quantity = 0;
+    double time = 0;
+    report();
+    report(Word::Summary, " ", Word::Report);
+    report(Word::File, " = ", filename());
+    for (int k = 1; k <= sets; ++k) {
+        occurrences += session.countOccr(k) + session.countDisc(k) + session.countIntv(k);
+        quantity += session.countQuantity(k);
+        time += session.timeTotal(k);
+    }
+    report(Word::Set, " ", Word::Quantity, " = ", sets, "  ", Word::Total, " =", quantity);
+    for (int k = 1; k <= sets; ++k) {
+        reportcell(8, Word::Set, ": ", session.rowTitle(static_cast<int>(rowofset(static_cast<float>(k)))));
+        report("[[TAB44(", k, " ", Word::Of, " ", sets, ")");
+    }
+    reportcell(10, Word::Occurrence, " ", Word::Total, " =", occurrences);
+    report("[[TAB44", Word::Time, " ", Word::Total, " =", Reported{time});
+    report();
+    report(Word::Results, ":");
+    report(Word::Total, " ", Word::Item, " ", Word::Quantity, " = ", quantity);
+    report(Word::Total, " ", Word::Event, " ", Word::Quantity, " = ", occurrences);
+}
