@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <bit>
+#include <charconv>
 #include <clocale>
 #include <cmath>
 #include <limits>
@@ -252,6 +253,18 @@ TEST(ReadNumber, DoesNotAllocate) {
     for (const char* text : {"12", "1%2", "nan", "1E+300", " -1.5E+20 rest"}) readnumber(text);
     readnumber(longText);
     EXPECT_EQ(allocationcount(), before);
+}
+
+TEST(ReadNumber, RoundsShortDecimalsToTheNearestDouble) {
+    std::mt19937_64 bits(20240229);
+    for (int i = 0; i < 200000; ++i) {
+        std::string text = std::to_string(bits() % 1000000000000000);
+        text.resize(1 + bits() % text.size());
+        text.insert(bits() % (text.size() + 1), ".");
+        double nearest = 0;
+        std::from_chars(text.data(), text.data() + text.size(), nearest);
+        EXPECT_EQ(readback(text), nearest) << text;
+    }
 }
 
 TEST(ReadNumber, GivesBackEveryWrittenSingle) {
