@@ -14,30 +14,46 @@ enum class Word : int16_t {
 
 inline constexpr int wordSlots = 474;
 
-/// The word of a slot in the language in force.
+/// The strings between the parts of a longer text.
+inline constexpr std::string_view tabMark = "\t";
+inline constexpr std::string_view lineBreak = "\r\n";
+inline constexpr std::string_view doubleLineBreak = "\r\n\r\n";
+
+/// The word of a slot in the language in force; the empty text for a number that is no slot. The slots hold
+/// the English words from the start of the process.
 const std::string& word(Word slot);
 
 /// Fills all slots for the language in force. Only English stands.
 void wordload();
 
-/// Takes a composed text and gives the text to show, in place: what stands between braces is dropped.
+/// Takes a composed text and gives the text to show, in place: what stands between braces is dropped, with
+/// the braces. A brace without its partner stays. No allocation.
 void wordclean(std::string& text);
 
-/// Exchanges "." with the decimal symbol of the display, in place.
+/// Exchanges "." with the decimal symbol of the display, in place. Nothing happens when the symbol is empty
+/// or ".".
 void wordnumber(std::string& text);
 void wordnumberback(std::string& text);
 
 /// Composing: appends words, literals and numbers to a text. Numbers are written by the number-to-text
-/// routine without a leading blank, so a sentence reads compose(msg, Word::Set, " ", k, ": ", …).
+/// routine without a leading blank, so a sentence reads compose(msg, Word::Set, " ", k, ": ", …). Nothing is
+/// allocated when the capacity of the text suffices. A part must not be a view into the text itself.
 void append(std::string& text, std::string_view part);
+void append(std::string& text, char part);
 void append(std::string& text, Word slot);
 void append(std::string& text, int number);
 void append(std::string& text, double number);
 void append(std::string& text, float number);
 
 template <class... Parts>
-std::string& compose(std::string& text, const Parts&... parts) {
-    text.clear();
+std::string& extend(std::string& text, const Parts&... parts) {
     (append(text, parts), ...);
     return text;
+}
+
+/// The same, from an empty text.
+template <class... Parts>
+std::string& compose(std::string& text, const Parts&... parts) {
+    text.clear();
+    return extend(text, parts...);
 }

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/platform.h"
+
+/// The platform without a desktop: prompts answer as a script run must, window calls do nothing.
+class HeadlessPlatform : public Platform, private Prompts, private MainWindow, private Clock {
+public:
+    std::vector<std::string> messages; ///< what the user would have been told, in order, without headers
+
+    Prompts& prompts() override { return *this; }
+    MainWindow& window() override { return *this; }
+    Clock& clock() override { return *this; }
+
+private:
+    int menu(const MenuPage& page) override; ///< the default item, else the first; 0 for a page of none
+    void message(std::string_view header, std::string_view text) override;
+
+    void caption(std::string_view) override {}
+    void readswitches() override {}
+    void closepopups() override {}
+    void repainticons() override {}
+    void repaintgrid() override {}
+    void repaintplot() override {}
+    bool pendingevents() override { return false; }
+
+    std::string date() override;
+};
