@@ -107,8 +107,7 @@ double falseposition(const Excess& excess, Sample low, Sample high, int& passes)
     Sample now = high;
     while (passes-- > 0) {
         double next = now.at - now.value * (now.at - last.at) / (now.value - last.value);
-        const double least = std::min(low.at, high.at);
-        if (!(next > least && next < std::max(low.at, high.at))) next = low.at + (high.at - low.at) / 2;
+        if (!(next > low.at && next < high.at)) next = low.at + (high.at - low.at) / 2;
         last = now;
         now = {next, excess(next)};
         if (now.value == 0 || std::fabs(now.at - last.at) <= same * (1 + std::fabs(now.at))) return now.at;

@@ -21,15 +21,24 @@ std::string place(const ReferenceTable& table, std::size_t row, std::string_view
 
 TEST(ChiSquare, ExactTailsAgreeWithTheReference) {
     const ReferenceTable table = reference("chi2_cdf.csv");
-    ErrorSummary errors;
+    ErrorSummary near;
+    ErrorSummary far;
+    const auto compare = [&](double actual, double expected, const std::string& at) {
+        // A result among the subnormal doubles has only their spacing, 5e-324, to be right to.
+        if (expected < std::numeric_limits<double>::min())
+            EXPECT_NEAR(actual, expected, 1e-322) << at;
+        else
+            (expected > 1e-30 ? near : far).add(actual, expected, at);
+    };
     for (std::size_t i = 0; i < table.rows.size(); ++i) {
         const double dof = table.number(i, "dof");
         const double x = table.number(i, "x");
         if (x >= 1000) continue;
-        errors.add(chi2cdf(x, dof), table.number(i, "cdf"), "cdf " + place(table, i, "x"));
-        errors.add(chi2sf(x, dof), table.number(i, "sf"), "sf " + place(table, i, "x"));
+        compare(chi2cdf(x, dof), table.number(i, "cdf"), "cdf " + place(table, i, "x"));
+        compare(chi2sf(x, dof), table.number(i, "sf"), "sf " + place(table, i, "x"));
     }
-    errors.expectwithin(4e-14);
+    near.expectwithin(4e-14);  // the exponent is a difference of terms up to 200, each right to 1.4e-14
+    far.expectwithin(1.6e-13); // exp(-709): one last place of the exponent
 }
 
 TEST(ChiSquare, QuantileAgreesWithTheReference) {
