@@ -92,9 +92,6 @@ double quantileofpsingle(const FamilyLine& line, float p, bool negative);
 /// Weibull, J. Appl. Mech. 18 (1951) 293; Gumbel, Statistics of Extremes (1958).
 Probability probabilityofx(const FamilyLine& line, double x);
 
-/// The same before the limits of the ends, saturated pairs as (0, 1) and (1, 0).
-Probability rawprobabilityofx(const FamilyLine& line, double x);
-
 /// Distribution function at x, in the limits of the single scale (txx2p), before these are put on.
 double probabilityofxsingle(const FamilyLine& line, float x);
 

@@ -87,11 +87,11 @@ double plotyofp(int16_t family, int16_t extreme, double p) {
     constexpr double offscale = 30; // the sentinel of a point without a place on the axis, at both ends
     if (p <= 0 || p >= 1) return offscale;
     switch (family) {
-    case weibull: return p <= 1e-8 ? std::log(p) : std::log(-std::log1p(-p));
+    case weibull: return p <= 1e-8 ? std::log(p) : std::log(cumulatedhazard(p));
     case lognormal:
     case normal: return phiinverse(p);
     case gumbel:
-        if (extreme == -1) return p < 1e-15 ? std::log(p) : std::log(-std::log1p(-p));
+        if (extreme == -1) return p < 1e-15 ? std::log(p) : std::log(cumulatedhazard(p));
         return extreme == 1 ? -std::log(-std::log(p)) : p;
     default: return p;
     }

@@ -8,10 +8,7 @@ namespace {
 
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
-/// The limits of a number range: where a power is taken for saturated.
-constexpr double singleTest = 78;
-constexpr double wideTest = 700;
-constexpr double gumbelTest = 700; ///< in both ranges
+constexpr double gumbelTest = 700; ///< where the power of a Gumbel is taken for saturated
 
 constexpr Probability never{0, 1};
 constexpr Probability surely{1, 0};
@@ -20,7 +17,8 @@ constexpr Probability surely{1, 0};
 /// pair is saturated: the limits of the ends then take it.
 Probability decay(double t) {
     const double q = std::exp(-t);
-    return q == 1 ? never : Probability{-std::expm1(-t), q};
+    if (q == 1) return never;
+    return {q < 0.5 ? 1 - q : -std::expm1(-t), q};
 }
 
 Probability swapped(const Probability& pair) { return {pair.q, pair.p}; }
@@ -36,16 +34,6 @@ bool untaken(double w, const FamilyLine& line, double x) {
 Probability trap(double ratio) {
     const double mark = ratio > 0 ? HUGE_VAL : notANumber;
     return {mark, mark};
-}
-
-Probability weibullpair(const FamilyLine& line, double x, double test) {
-    const double ratio = x / line.eta;
-    const double w = line.beta * std::log(ratio);
-    if (untaken(w, line, x)) [[unlikely]]
-        return trap(ratio);
-    const double t = std::exp(w);
-    if (std::fabs(w) >= test || t >= test) return w < 0 ? never : surely;
-    return decay(t);
 }
 
 Probability lognormalpair(const FamilyLine& line, double x) {
@@ -79,7 +67,7 @@ Probability pairofx(const FamilyLine& line, double x, double test, bool spike) {
     const Probability untouched{x, 1 - x};
     if (line.beta <= 0) return untouched;
     switch (line.family) {
-    case weibull: return line.eta <= 0 || x <= 0 ? untouched : weibullpair(line, x, test);
+    case weibull: return line.eta <= 0 || x <= 0 ? untouched : weibullstep(line, x, test).raw;
     case lognormal:
         if (line.eta <= 0 || x <= 0) return untouched;
         if (!(line.beta <= 1)) return lognormalpair(line, x);
@@ -91,25 +79,35 @@ Probability pairofx(const FamilyLine& line, double x, double test, bool spike) {
     }
 }
 
-Probability limited(const Probability& raw) {
-    if (raw.p <= 0) return {1e-300, 0.999999999999};
-    if (raw.p >= 1) return {0.999999999999, 1e-300};
-    return raw;
-}
-
 /// Power without a meaning for a negative base, whole exponents included.
 double powerof(double ratio, double exponent) { return ratio < 0 ? notANumber : std::pow(ratio, exponent); }
 
 } // namespace
 
-Probability rawprobabilityofx(const FamilyLine& line, double x) { return pairofx(line, x, wideTest, true); }
-
-Probability probabilityofx(const FamilyLine& line, double x) {
-    const Probability raw = rawprobabilityofx(line, x);
-    return std::isfinite(raw.p) ? limited(raw) : raw;
+WeibullStep weibullstep(const FamilyLine& line, double x, double test) {
+    const double ratio = x / line.eta;
+    const double w = line.beta * std::log(ratio);
+    if (untaken(w, line, x)) [[unlikely]]
+        return {0, trap(ratio)};
+    const double t = std::exp(w);
+    if (std::fabs(w) >= test || t >= test) return {t, w < 0 ? never : surely};
+    return {t, decay(t)};
 }
 
-double probabilityofxsingle(const FamilyLine& line, float x) { return pairofx(line, x, singleTest, false).p; }
+Probability limitedpair(const Probability& raw) {
+    if (raw.p <= 0) return {1e-300, 0.999999999999};
+    if (raw.p >= 1) return {0.999999999999, 1e-300};
+    return raw;
+}
+
+Probability probabilityofx(const FamilyLine& line, double x) {
+    const Probability raw = pairofx(line, x, wideWeibullTest, true);
+    return std::isfinite(raw.p) || !allfinite(x) ? limitedpair(raw) : raw;
+}
+
+double probabilityofxsingle(const FamilyLine& line, float x) {
+    return pairofx(line, x, singleWeibullTest, false).p;
+}
 
 double probabilityformula(const FamilyLine& line, double x) {
     const double w = (x - line.eta) / line.beta;
@@ -153,9 +151,9 @@ void txx2p() {
 void txx2pd() {
     const FamilyLine line = currentline();
     const double x = session.ud;
-    Probability pair = rawprobabilityofx(line, x);
-    if (!keepable(pair.p, allfinite(line) && allfinite(x), placenamed("txx2pd"))) pair = {x, 1 - x};
-    pair = limited(pair);
+    Probability pair = probabilityofx(line, x);
+    if (!keepable(pair.p, allfinite(line) && allfinite(x), placenamed("txx2pd")))
+        pair = limitedpair({x, 1 - x});
     session.ud = pair.p;
     session.udq = pair.q;
 }

@@ -90,21 +90,19 @@ double normaldensity(double z) {
 double densityofx(const FamilyLine& line, double x) {
     if (nodensity(line, x)) return 0;
     if (line.family != weibull) return otherdensity(line, x, wideRange);
-    const Probability raw = rawprobabilityofx(line, x);
-    if (!std::isfinite(raw.p)) return raw.p;
+    const WeibullStep step = weibullstep(line, x, wideWeibullTest);
+    if (!std::isfinite(step.raw.p)) return step.raw.p;
     // The probability that txx2pd leaves is never above 0.999999999999, so the survival never reaches 0.
-    const double survival = raw.p >= 1 ? 1 - probabilityofx(line, x).p : raw.q;
-    return weibullslope(line, x, std::exp(line.beta * std::log(x / line.eta)), survival);
+    const double survival = step.raw.p >= 1 ? 1 - limitedpair(step.raw).p : step.raw.q;
+    return weibullslope(line, x, step.t, survival);
 }
 
 double densityofxsingle(const FamilyLine& line, float x) {
     if (nodensity(line, x)) return 0;
     if (line.family != weibull) return otherdensity(line, x, singleRange);
-    const double p = probabilityofxsingle(line, x);
-    if (!std::isfinite(p)) return p;
-    if (sngguard(p) >= 1) return 0;
-    const double t = std::exp(line.beta * std::log(x / line.eta));
-    return weibullslope(line, x, t, std::exp(-t));
+    const WeibullStep step = weibullstep(line, x, singleWeibullTest);
+    if (!std::isfinite(step.raw.p)) return step.raw.p;
+    return sngguard(step.raw.p) >= 1 ? 0 : weibullslope(line, x, step.t, step.raw.q);
 }
 
 double densityformula(const FamilyLine& line, double x) {

@@ -10,8 +10,8 @@ namespace {
 
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
-/// ln(ln(1/(1-p))) by log1p: the digits of a small p are not lost in 1 - p.
-double lnlnsurvival(double p) { return std::log(-std::log1p(-p)); }
+/// ln(ln(1/(1-p))).
+double lnlnsurvival(double p) { return std::log(cumulatedhazard(p)); }
 
 /// Beyond the ends of the scale, still in the order of p above 1.
 double beyondends(double p, bool negative) {
@@ -81,7 +81,7 @@ bool locates(const FamilyLine& line, double x, double p, bool negative) {
 /// eta of a Weibull line through (x, p); at a small p in logarithms, which a negative x does not have.
 double weibullthrough(const FamilyLine& line, double x, double p) {
     if (p <= 1e-9) return x > 0 ? std::exp(std::log(x) - std::log(p) / line.beta) : notANumber;
-    const double scale = std::pow(-std::log1p(-p), 1 / line.beta);
+    const double scale = std::pow(cumulatedhazard(p), 1 / line.beta);
     return std::isinf(scale) ? scale : x / scale;
 }
 

@@ -113,7 +113,8 @@ TEST_F(Reference, SingleFormsAgreeWhereTheArgumentRoundsHarmlessly) {
         if (fromX && (row.family != weibull || row.beta > 3)) continue;
         if (fromX && row.given > row.eta * 2) continue; // the single density ends where F rounds to 1
         if (!fromX && (row.given < 1e-6 || row.given > 0.99)) continue;
-        if (std::fabs(row.expected) < 0.05 && row.family > 2) continue; // near the zero of its own scale
+        if (std::fabs(row.expected) < 0.05 && (row.family > 2 || row.what == "plotY"))
+            continue; // near the zero of its own scale
         expectrelative(computedsingle(row), row.expected, 3e-6);
         ++compared;
     }
