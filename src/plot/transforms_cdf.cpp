@@ -23,7 +23,11 @@ Probability decay(double t) {
 
 Probability swapped(const Probability& pair) { return {pair.q, pair.p}; }
 
-Probability phipair(double z) { return {normcdf(z), normcdf(-z)}; }
+/// One call serves both members: the tail keeps its digits, the other is its complement.
+Probability phipair(double z) {
+    const double tail = normcdf(-std::fabs(z));
+    return z > 0 ? Probability{1 - tail, tail} : Probability{tail, 1 - tail};
+}
 
 /// True when a step could not be taken although its arguments were finite.
 bool untaken(double w, const FamilyLine& line, double x) {
