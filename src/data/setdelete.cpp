@@ -4,7 +4,7 @@
 #include <string>
 
 #include "data/cell.h"
-#include "session/session.h"
+#include "session/members.h"
 
 namespace {
 
@@ -50,7 +50,7 @@ void movetitles(const Move& m) {
 
 void moverowarrays(const Move& m) {
     Session& s = session;
-    for (auto* table : {&s.X, &s.Y, &s.entryX, &s.entryY, &s.plotRank}) moverows(*table, m);
+    for (const auto table : members::rowPoints) moverows(s.*table, m);
     for (auto* table : {&s.etaFit, &s.betaFit})
         for (int i = m.first; i <= m.last; ++i)
             for (int j = 0; j <= table->secondbound(); ++j)
@@ -61,7 +61,8 @@ void moverowarrays(const Move& m) {
 
 void movepoints(const Move& m) {
     Session& s = session;
-    for (auto* table : {&s.v1, &s.v2, &s.W2X, &s.W2Y}) moverows(*table, m);
+    for (const auto table : members::setPoints) moverows(s.*table, m);
+    moverows(s.pointPlotX, m);
     moverows(s.pointOrder, m);
     moverows(s.pointTypes, m);
     movedown(s.W2n, m);
@@ -76,14 +77,11 @@ void movepoints(const Move& m) {
 
 void moveresults(const Move& m) {
     Session& s = session;
-    for (auto* list : {&s.t0, &s.setCorrelation, &s.rSquaredMinusCcc, &s.CI, &s.PVALUE, &s.PVALUEFF,
-                       &s.ETABARR1, &s.BETABARR1, &s.ETABARR2, &s.BETABARR2, &s.BARRN})
-        movedown(*list, m);
-    for (auto* list : {&s.countOccr, &s.countSusp, &s.countDisc, &s.countIntv, &s.countQuantity, &s.sampleSd,
-                       &s.LOGLYKMLE, &s.PARAMCONF[0], &s.PARAMCONF[1], &s.PARAMCONF[2], &s.PARAMCONF[3]})
-        movedown(*list, m);
-    for (auto* list : {&s.setFitted, &s.FITKIND}) movedown(*list, m);
-    for (auto* list : {&s.setLabel, &s.DUANEGROWTHS, &s.CRAMERVONMISESTEXTS}) movedown(*list, m);
+    for (const auto list : members::setFloats) movedown(s.*list, m);
+    for (const auto list : members::setDoubles) movedown(s.*list, m);
+    for (const auto list : members::setFlags) movedown(s.*list, m);
+    for (const auto list : members::setTexts) movedown(s.*list, m);
+    for (auto& list : s.PARAMCONF) movedown(list, m);
     movecolumns(s.BARRXA, m);
     movecolumns(s.BARRYA, m);
     const auto messages = s.setMessages.begin() + m.first;
@@ -94,10 +92,10 @@ void moveresults(const Move& m) {
 /// Line k is that of set k; the extra lines above the sets stay.
 void movelines(const Move& m) {
     Session& s = session;
-    for (auto* list : {&s.lineStyle, &s.correlation, &s.paramThree}) movedown(*list, m);
+    for (const auto list : members::lineFloats) movedown(s.*list, m);
     movedown(s.lineVisible, m, int16_t{1});
     movedown(s.lineHide, m);
-    for (auto* list : {&s.lineLabelA, &s.lineLabelB, &s.correlationLabel}) movedown(*list, m);
+    for (const auto list : members::lineTexts) movedown(s.*list, m);
     for (auto& ends : s.lineEnd) movecolumns(ends, m);
     for (auto* table : {&s.paramA, &s.paramB, &s.paramExtra}) movecolumns(*table, m);
     for (auto& other : s.paramOther) movecolumns(other, m);

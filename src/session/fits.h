@@ -11,7 +11,8 @@
 enum Dist : int16_t { weibull = 1, lognormal = 2, normal = 3, gumbel = 4 };
 
 /// Fit methods, the first index of the parameter tables.
-enum FitMethod : int { rankRegression = 1, maximumLikelihood = 2 };
+inline constexpr float rankRegression = 1;
+inline constexpr float maximumLikelihood = 2;
 
 /// Type of one decoded point.
 enum PointType : int16_t { Occr = 0, Susp = 1, Disc = 2, Intv = 3, intvComplement = 4 };

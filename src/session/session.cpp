@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "session/members.h"
+
 FaultTeller tellfault = nullptr;
 Session session;
 
@@ -42,20 +44,20 @@ bool sizepoints(const Bounds& b) {
         labels.clear();
         labels.shrink_to_fit();
     }
-    return s.X.size(b.R, b.P) && s.Y.size(b.R, b.P) && s.v1.size(b.S + 1, b.P) && s.v2.size(b.S + 1, b.P)
-           && s.n.size(rowCountBound) && s.entryX.size(b.R + 1, b.P) && s.entryY.size(b.R + 1, b.P)
-           && s.W2X.size(b.S + 1, b.P + 1) && s.W2Y.size(b.S + 1, b.P + 1) && s.W2n.size(b.S)
-           && s.plotRank.size(b.R, b.P) && s.pointOrder.size(b.S, b.P) && s.pointTypes.size(b.S, b.P)
-           && s.pointPlotX.size(b.S, b.P) && s.orderKeys.size(b.P);
+    bool all = s.n.size(rowCountBound) && s.W2n.size(b.S) && s.pointOrder.size(b.S, b.P)
+               && s.pointTypes.size(b.S, b.P) && s.pointPlotX.size(b.S, b.P) && s.orderKeys.size(b.P);
+    for (const auto table : members::rowPoints) all = all && (s.*table).size(b.R + 1, b.P);
+    for (const auto table : members::setPoints) all = all && (s.*table).size(b.S + 1, b.P + 1);
+    return all;
 }
 
 bool sizelines(const Bounds& b) {
     Session& s = session;
-    bool all = s.rowKind.size(b.R + 1) && s.rowTitle.size(b.R + 1) && s.lineStyle.size(b.LL)
-               && s.lineVisible.size(b.LL + 1) && s.lineHide.size(b.LL) && s.lineLabelA.size(b.LL)
-               && s.lineLabelB.size(b.LL) && s.correlation.size(b.LL) && s.correlationLabel.size(b.LL)
-               && s.paramA.size(2, b.LL) && s.paramB.size(2, b.LL) && s.paramThree.size(b.LL)
+    bool all = s.rowKind.size(b.R + 1) && s.rowTitle.size(b.R + 1) && s.lineVisible.size(b.LL + 1)
+               && s.lineHide.size(b.LL) && s.paramA.size(2, b.LL) && s.paramB.size(2, b.LL)
                && s.paramExtra.size(30, b.LL) && s.paramExtraSingle.size(30, b.LL);
+    for (const auto list : members::lineFloats) all = all && (s.*list).size(b.LL);
+    for (const auto list : members::lineTexts) all = all && (s.*list).size(b.LL);
     for (auto& ends : s.lineEnd) all = all && ends.size(2, b.LL + 14);
     for (auto& other : s.paramOther) all = all && other.size(2, b.LL);
     return all;
@@ -64,14 +66,12 @@ bool sizelines(const Bounds& b) {
 bool sizefits(const Bounds& b) {
     Session& s = session;
     bool all = s.etaFit.size(b.R, 2) && s.betaFit.size(b.R, 2) && s.BARRXA.size(10, b.S)
-               && s.BARRYA.size(10, b.S) && s.setFitted.size(b.S) && s.FITKIND.size(b.S)
-               && s.setLabel.size(b.S) && s.DUANEGROWTHS.size(b.S) && s.CRAMERVONMISESTEXTS.size(b.S);
-    for (auto* list : {&s.t0, &s.setCorrelation, &s.rSquaredMinusCcc, &s.CI, &s.PVALUE, &s.PVALUEFF,
-                       &s.ETABARR1, &s.BETABARR1, &s.ETABARR2, &s.BETABARR2, &s.BARRN})
-        all = all && list->size(b.S);
-    for (auto* list : {&s.countOccr, &s.countSusp, &s.countDisc, &s.countIntv, &s.countQuantity, &s.occurrenceMean,
-                       &s.timeTotal, &s.sampleSd, &s.LOGLYKMLE, &s.PARAMCONF[0], &s.PARAMCONF[1], &s.PARAMCONF[2], &s.PARAMCONF[3]})
-        all = all && list->size(b.S);
+               && s.BARRYA.size(10, b.S);
+    for (const auto list : members::setFlags) all = all && (s.*list).size(b.S);
+    for (const auto list : members::setTexts) all = all && (s.*list).size(b.S);
+    for (const auto list : members::setFloats) all = all && (s.*list).size(b.S);
+    for (const auto list : members::setDoubles) all = all && (s.*list).size(b.S);
+    for (auto& list : s.PARAMCONF) all = all && list.size(b.S);
     for (auto* list : {&s.mixEtas, &s.mixBetas, &s.mixPortions}) all = all && list->size(s.extraLines + 1);
     s.setMessages.assign(static_cast<std::size_t>(b.S) + 1, {});
     return all;
@@ -113,9 +113,12 @@ void sessionclear() {
     s.n.fill(0);
     s.W2n.fill(0);
     for (auto& labels : s.pointLabels) std::fill(labels.begin(), labels.end(), std::string());
-    for (auto* list : {&s.lineStyle, &s.correlation, &s.paramThree, &s.t0, &s.setCorrelation}) list->fill(0);
+    for (const auto list : members::lineFloats) (s.*list).fill(0);
+    for (const auto list : members::setFloats) (s.*list).fill(0);
+    for (const auto list : members::setDoubles) (s.*list).fill(0);
+    for (const auto list : members::setFlags) (s.*list).fill(0);
+    for (const auto list : members::setTexts) (s.*list).fill({});
     s.lineHide.fill(0);
-    s.setFitted.fill(0);
     for (auto& messages : s.setMessages) messages.clear();
     s.calcError = 0;
     s.abortCode = 0;
