@@ -300,7 +300,6 @@ void methodcheck() {
 }
 
 void calcsmain() {
-    for (auto& messages : session.setMessages) messages.clear();
     startrun();
     for (int k = 1; k <= setcount(); ++k) {
         session.currentSet = k;

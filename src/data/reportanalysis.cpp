@@ -15,6 +15,13 @@ std::string_view filename() { return session.fileName.empty() ? word(Word::None)
 
 Word sidename() { return session.progSide == lifeSide ? Word::Life : Word::Plotting; }
 
+/// The set's name; empty while its title is only the number of its row.
+std::string_view titleofset(int k) {
+    const int row = static_cast<int>(rowofset(static_cast<float>(k)));
+    const std::string& title = session.rowTitle(row);
+    return title == std::to_string(row) ? std::string_view() : title;
+}
+
 /// Heading of every block: side, file, and which of how many lines this is.
 void reportheading(int line, int lines) {
     report();
@@ -25,7 +32,7 @@ void reportheading(int line, int lines) {
 }
 
 void reportset(int k) {
-    const std::string& title = session.rowTitle(static_cast<int>(rowofset(static_cast<float>(k))));
+    const std::string_view title = titleofset(k);
     const bool warned = !session.setMessages[static_cast<std::size_t>(k)].empty();
     reportcell(0, Word::By, " - ", Word::Set, " ", k, title.empty() ? "" : ": ", title, warned ? " !!" : "");
     reportcell(50, Word::Date);
@@ -142,7 +149,7 @@ void reportsummary() {
     }
     report(Word::Set, " ", Word::Quantity, " = ", sets, "  ", Word::Total, " =", quantity);
     for (int k = 1; k <= sets; ++k) {
-        reportcell(8, Word::Set, ": ", session.rowTitle(static_cast<int>(rowofset(static_cast<float>(k)))));
+        reportcell(8, Word::Set, ": ", k, " ", titleofset(k));
         report("[[TAB44(", k, " ", Word::Of, " ", sets, ")");
     }
     reportcell(10, Word::Occurrence, " ", Word::Total, " =", occurrences);

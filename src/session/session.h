@@ -3,7 +3,9 @@
 #include <tuple>
 
 #include "session/capacities.h"
+#include "session/commandfields.h"
 #include "session/fits.h"
+#include "session/gridstate.h"
 #include "session/lines.h"
 #include "session/options.h"
 #include "session/plotstate.h"
@@ -33,7 +35,9 @@ struct Session : Capacities,
                  Options,
                  PlotState,
                  ReportState,
-                 Run {
+                 Run,
+                 GridState,
+                 CommandFields {
     RegressionSums sums; ///< of the set being fitted
 };
 extern Session session;

@@ -1,0 +1,127 @@
+#include "shell/calcplot.h"
+
+#include <algorithm>
+
+#include "analysis/calcsmain.h"
+#include "analysis/notices.h"
+#include "data/cell.h"
+#include "data/report.h"
+#include "data/reportanalysis.h"
+#include "platform/platform.h"
+#include "session/session.h"
+#include "shell/grid.h"
+#include "shell/prompts.h"
+
+namespace {
+
+/// Runs a window call; without a platform there is no window.
+template <class Call>
+void window(Call call) {
+    if (platform) call(platform->window());
+}
+
+void status(Word step) {
+    compose(session.msg, step);
+    statusline();
+}
+
+bool discoveryingrid() {
+    if (session.inputType != intv5) return false;
+    constexpr float discovered = -3e33f;
+    for (const auto& column : session.gridCells)
+        for (const std::string& text : column)
+            if (cellsplit(text).z < discovered) return true;
+    return false;
+}
+
+void refusethresholdsearch() {
+    if (session.findThreshold == 0 || !discoveryingrid()) return;
+    tellrun(Word::Discovery, " ", Word::In, " ", Word::Data, " ", Word::Set, " ... ", Word::Find, " t0 ", Word::Not, " ",
+            Word::Possible);
+    session.findThreshold = 0;
+}
+
+/// Another family needs other fits and another plot.
+void noticefamily() {
+    const bool same = session.familyDrawn == session.dist && session.gumbeltypeDrawn == session.gumbeltype;
+    if (same) return;
+    session.familyDrawn = session.dist;
+    session.gumbeltypeDrawn = session.gumbeltype;
+    session.setFitted.fill(0);
+    session.replotNeeded = 1;
+}
+
+void resetmarks() {
+    session.cycleComplete = 0;
+    session.calcError = 0;
+    session.abortCode = 0;
+    session.inputNote.clear();
+}
+
+/// Title of the plot: the file, or the product where the data were typed.
+void plotsetup() {
+    session.plotTitle = session.fileName.empty() ? session.productName : session.fileName;
+}
+
+/// Reads the rows and counts those in use; sets beyond the capacity are told.
+bool readdata() {
+    const int sets = static_cast<int>(session.gridCells.size());
+    const int room = static_cast<int>(session.maxSets);
+    if (sets > room)
+        tellrun(Word::Set, " ", Word::Quantity, " ", Word::Too, " ", Word::Big, " (", sets, " > ", room, ") ... ",
+                Word::View, " ", Word::Setup);
+    float last = 0;
+    for (int k = 1; k <= std::min(sets, room); ++k) {
+        const float row = rowofset(static_cast<float>(k));
+        if (!gridget(row)) return false;
+        if (session.n(static_cast<int>(row)) > 0) last = row;
+    }
+    session.lastRow = last;
+    return true;
+}
+
+void writereport() {
+    reportstart();
+    report(session.productName, " ", VANEX_VERSION);
+    reportsetup();
+    if (session.progSide == lifeSide) reportanalysis();
+    if (session.progSide != lifeSide || setcount() > 1)
+        if (setcount() > 0) reportsummary();
+}
+
+} // namespace
+
+void calcplot() {
+    for (auto& messages : session.setMessages) messages.clear();
+    window([](MainWindow& w) { w.readswitches(); });
+    refusethresholdsearch();
+    if (session.progSide == lifeSide) methodcheck();
+    window([](MainWindow& w) { w.closepopups(); });
+    noticefamily();
+    resetmarks();
+    window([](MainWindow& w) {
+        w.pendingevents();
+        w.readswitches();
+    });
+    status(Word::Reset);
+    window([](MainWindow& w) { w.repainticons(); });
+    if (session.progSide == lifeSide && session.dist != gumbel) session.gumbeltype = -1;
+    plotsetup();
+
+    status(Word::Data);
+    if (!readdata()) return;
+    status(Word::Calculation);
+    if (session.progSide == lifeSide) calcsmain();
+
+    session.replotNeeded = 1;
+    window([](MainWindow& w) { w.repaintgrid(); });
+    writereport();
+    session.replotNeeded = 0;
+    window([](MainWindow& w) { w.repaintplot(); });
+    session.msg.clear();
+    statusline();
+    session.cycleComplete = 1;
+    if (session.inputNote.empty()) return;
+    session.msg = session.inputNote;
+    tellok();
+}
