@@ -75,6 +75,7 @@ void clearresults(const Set& set) {
     session.setCorrelation(set.k) = session.correlation(set.k) = 0;
     session.sampleSd(set.k) = 0;
     session.setFitted(set.k) = 0;
+    session.setLabel(set.k).clear();
     session.sums = {};
     if (session.sg < 3) return;
     if (session.confLow == 0) session.n(set.row - 2) = 0;
@@ -247,7 +248,6 @@ void analyseset(const Set& set) {
     if (escaped()) return;
     checknormalbounds(set);
     if (!set.active || set.points == 0) return;
-    session.setLabel(set.k).clear();
     appendstatus(session.setLabel(set.k), set.k);
     cautionunreadz(set);
     if (!fitpossible(set) || !methodready(set)) return;

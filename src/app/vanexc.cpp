@@ -1,1 +1,187 @@
-int main() { return 0; }
+// vanexc: the console program over the core.
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "data/plaintext.h"
+#include "data/resultsjson.h"
+#include "data/samples.h"
+#include "platform/files.h"
+#include "platform/headless/headless.h"
+#include "session/commandline.h"
+#include "session/session.h"
+#include "shell/calcplot.h"
+#include "shell/grid.h"
+#include "shell/prompts.h"
+
+namespace {
+
+enum ExitStatus { done = 0, noResult = 1, wrongUse = 2 };
+
+constexpr const char* helpText =
+    "Usage: vanexc [FILE|-] [switches] [--report FILE|-] [--json FILE|-]\n"
+    "\n"
+    "Fits a line to life data and writes a report. FILE is plain text, one cell a line or\n"
+    "several cells a line, each column a set; - reads standard input. Without FILE the\n"
+    "built-in leukemia sample is analysed on the life side.\n"
+    "\n"
+    "Cells   X, -X (suspension) or XxYxQxZ_label: 6x0x3 is three failures at 6, -9 one\n"
+    "        suspension at 9, 10x0x1x20 with -i 5 a failure between 10 and 20.\n"
+    "\n"
+    "Switches\n"
+    "  -p W | V   side: W life data, V X-Y data (the default; vanexw means -p W)\n"
+    "  -i N       input type: 0 standard, 1 inspection, 2 and 3 probit, 4 Kaplan-Meier,\n"
+    "             5 interval\n"
+    "  -m N       method: 1 rr, 2 rrs, 3 mle, 4 mleN-1, 5 RBAmd, 6 RBAmu, 7 RBApb, 8 RBAjjm\n"
+    "  -e NAME    distribution: WEIBULL, LOGNORMAL, NORMAL, NORMAL+, GUMBEL-, GUMBEL+,\n"
+    "             EXPONENTIAL, RAYLEIGH; (n) behind the name fixes the slope: WEIBULL(2.5)\n"
+    "\n"
+    "Output\n"
+    "  --report FILE|-   the text report; standard output when neither is given\n"
+    "  --json FILE|-     the results as one JSON object\n"
+    "  --help, --version\n"
+    "\n"
+    "Exit status 0, 1 when no set could be analysed, 2 for a usage error.\n"
+    "\n"
+    "Examples\n"
+    "  vanexc\n"
+    "  vanexc bearings.txt -p W -e LOGNORMAL\n"
+    "  printf '150\\n230\\n-400\\n310\\n' | vanexc - -p W --json -\n";
+
+struct Outputs {
+    std::optional<std::string> report;
+    std::optional<std::string> json;
+};
+
+/// Tells a fault on standard error.
+void complain(const std::string& text) { std::fprintf(stderr, "vanexc: %s\n", text.c_str()); }
+
+/// Takes the long options off the arguments. False on one that is unknown or has no value.
+bool takeoutputs(std::vector<std::string>& arguments, Outputs& outputs) {
+    std::vector<std::string> rest;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        if (!arguments[i].starts_with("--")) {
+            rest.push_back(arguments[i]);
+            continue;
+        }
+        auto* target = arguments[i] == "--report" ? &outputs.report : arguments[i] == "--json" ? &outputs.json : nullptr;
+        if (!target || i + 1 == arguments.size()) {
+            complain(compose(session.msg, Word::Unknown, ": ", arguments[i]));
+            return false;
+        }
+        *target = arguments[++i];
+    }
+    arguments = rest;
+    return true;
+}
+
+bool startedaslifeside(const char* name) {
+    std::string base = name ? name : "";
+    base = base.substr(base.find_last_of("/\\") + 1);
+    return base.starts_with("vanexw") || base.starts_with("VANEXW");
+}
+
+/// The smallest array size that holds the data, up to the largest there is.
+void sizefor(std::size_t cells) {
+    session.sizeExponent = 1;
+    while (session.sizeExponent < 10) {
+        if (!sizearrays() || static_cast<double>(session.maxPoints) >= static_cast<double>(cells)) return;
+        ++session.sizeExponent;
+    }
+    sizearrays();
+}
+
+void loadsample() {
+    constexpr int leukemiaSample = 2;
+    const Sample& sample = *sampledata(leukemiaSample);
+    sizefor(sample.cells.size());
+    int point = 0;
+    for (const auto cell : sample.cells) gridset(1, ++point, cell);
+    session.gridTitles.assign(1, std::string(sample.label));
+    session.fileName = sample.label;
+}
+
+/// Reads the data into the grid. False when the file cannot be read.
+bool loaddata() {
+    if (session.cmdFile.empty()) {
+        loadsample();
+        return true;
+    }
+    const std::optional<std::string> text = readfile(session.cmdFile);
+    if (!text) return false;
+    // One set and one point beyond what any array size holds, so that what is too much is told.
+    constexpr std::size_t mostColumns = 25;
+    constexpr std::size_t mostCells = 768001;
+    PlainText data = readplaintext(*text, mostColumns, mostCells);
+    std::size_t longest = 0;
+    for (const auto& column : data.columns) longest = std::max(longest, column.size());
+    sizefor(longest);
+    session.gridCells = std::move(data.columns);
+    session.fileName = session.cmdFile;
+    return true;
+}
+
+bool anyresult() {
+    for (int k = 1; k <= setcount(); ++k)
+        if (session.setFitted(k) == 1) return true;
+    return false;
+}
+
+/// Why nothing was analysed, when no message has said it.
+void complainempty(const HeadlessPlatform& console) {
+    if (session.progSide != lifeSide)
+        complain(compose(session.msg, Word::No, " ", Word::Fit, " ... ", Word::Life, " ", Word::Analysis, " = -p W"));
+    else if (console.messages.empty())
+        complain(compose(session.msg, Word::Not, " ", Word::Enough, " ", Word::Data));
+}
+
+bool writeoutput(const std::optional<std::string>& path, const std::string& text) {
+    if (!path || writefile(*path, text)) return true;
+    complain(compose(session.msg, Word::Cannot, " ", Word::Save, " ", Word::File, ": ", *path));
+    return false;
+}
+
+int run(const Outputs& outputs, HeadlessPlatform& console) {
+    if (!loaddata()) {
+        complain(compose(session.msg, Word::Cannot, " ", Word::Open, " ", Word::File, ": ", session.cmdFile));
+        return noResult;
+    }
+    calcplot();
+    for (const std::string& message : console.messages) complain(message);
+    const bool analysed = anyresult();
+    if (!analysed) complainempty(console);
+    std::string json;
+    if (outputs.json) writeresults(json);
+    const bool written = writeoutput(outputs.report, session.reportBuffer) && writeoutput(outputs.json, json);
+    return analysed && written ? done : noResult;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
+    const auto asked = [&](const char* option) { return std::find(arguments.begin(), arguments.end(), option) != arguments.end(); };
+    if (asked("--help")) return writefile("-", helpText) ? done : noResult;
+    if (asked("--version")) return writefile("-", compose(session.msg, session.productName, " ", VANEX_VERSION, "\n")) ? done : noResult;
+
+    HeadlessPlatform console;
+    platform = &console;
+    installreporters();
+    session.noPrompt = 1;
+    Outputs outputs;
+    if (!takeoutputs(arguments, outputs)) return wrongUse;
+    if (!cmdparse(arguments)) {
+        complain(session.msg);
+        return wrongUse;
+    }
+    if (!outputs.report && !outputs.json) outputs.report = "-";
+    const bool life = session.cmdFile.empty() || startedaslifeside(argv[0]);
+    const int16_t side = session.cmdFile.empty() ? int16_t{lifeSide} : session.cmdSide;
+    chooseside(side == lifeSide || (side == 0 && life) ? lifeSide : visualSide);
+    cmdapply();
+    return run(outputs, console);
+}

@@ -40,9 +40,16 @@ void report(const Parts&... parts) {
     reportline();
 }
 
-/// Sends one cell of a row to a column; the row stays open until a call of report().
+/// Sends one cell of a row to a column; the row stays open for the next. Column 0: where the line stands.
 template <class... Parts>
 void reportcell(int column, const Parts&... parts) {
     compose(session.msg, ";[[TAB", column < 10 ? "0" : "", column, parts...);
+    reportline();
+}
+
+/// Sends the last cell of a row.
+template <class... Parts>
+void reportend(int column, const Parts&... parts) {
+    compose(session.msg, "[[TAB", column < 10 ? "0" : "", column, parts...);
     reportline();
 }

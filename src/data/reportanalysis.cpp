@@ -11,6 +11,10 @@ namespace {
 /// Percentages of the B life table.
 constexpr double bLives[] = {.1, .5, 1, 5, 10, 20, 50, 63.212, 90, 95, 99, 99.9};
 
+// Columns of the fit block.
+constexpr int secondColumn = 25;
+constexpr int thirdColumn = 50;
+
 std::string_view filename() { return session.fileName.empty() ? word(Word::None) : session.fileName; }
 
 Word sidename() { return session.progSide == lifeSide ? Word::Life : Word::Plotting; }
@@ -27,17 +31,17 @@ void reportheading(int line, int lines) {
     report();
     report(Word::Analysis, " ", Word::Report, " (", sidename(), ")");
     reportcell(0, Word::File, " = ", filename());
-    report("[[TAB57(", line, " ", Word::Of, " ", lines, ")");
+    reportend(57, "(", line, " ", Word::Of, " ", lines, ")");
     report();
 }
 
 void reportset(int k) {
-    const std::string_view title = titleofset(k);
-    const bool warned = !session.setMessages[static_cast<std::size_t>(k)].empty();
-    reportcell(0, Word::By, " - ", Word::Set, " ", k, title.empty() ? "" : ": ", title, warned ? " !!" : "");
+    const auto& messages = session.setMessages[static_cast<std::size_t>(k)];
+    reportcell(0, Word::By, " - ", Word::Set, " ", k, messages.empty() ? "" : " !!");
     reportcell(50, Word::Date);
-    report("[[TAB57: ", platform ? platform->clock().date() : std::string());
-    for (const std::string& message : session.setMessages[static_cast<std::size_t>(k)]) report("!! ", message);
+    reportend(57, ": ", platform ? platform->clock().date() : std::string());
+    if (const auto title = titleofset(k); !title.empty()) report(Word::Title, ": ", title);
+    for (const std::string& message : messages) report("!! ", message);
 }
 
 /// Family and parameters of the line.
@@ -51,8 +55,8 @@ void reportparameters(int k) {
                                   : session.fixedSlope == 2 ? "Rayleigh"
                                                             : "Weibayes", ")");
     reportline();
-    reportcell(20, parametername(session.dist, 1), "=", Reported{session.etaFit(row, 1)});
-    report("[[TAB44", parametername(session.dist, 2), "=", Reported{session.betaFit(row, 1)});
+    reportcell(secondColumn, parametername(session.dist, 1), "=", Reported{session.etaFit(row, 1)});
+    reportend(thirdColumn, parametername(session.dist, 2), "=", Reported{session.betaFit(row, 1)});
 }
 
 /// Mean, counts and threshold.
@@ -81,12 +85,12 @@ void reportblives(int k) {
     session.beta = session.betaFit(row, 1);
     report();
     reportcell(4, "B%");
-    report("[[TAB15", Word::Median, " ", Word::Value);
+    reportend(15, Word::Median, " ", Word::Value);
     for (const double percent : bLives) {
         session.ud = percent / 100;
         txp2xd();
         reportcell(3, ReportedColumn{percent});
-        report("[[TAB14", ReportedColumn{session.ud + session.t0(k)});
+        reportend(14, ReportedColumn{session.ud + session.t0(k)});
     }
 }
 
@@ -114,12 +118,13 @@ void reportsetup() {
 
 void reportfit(int k) {
     reportcell(0, Word::Correlation, "(r)=", Reported{session.setCorrelation(k)});
-    report("[[TAB20r^2=", Reported{session.correlation(k)});
+    reportend(secondColumn, "r^2=", Reported{session.correlation(k)});
     compose(session.msg, ";", Word::Method, "=", session.setLabel(k));
     reportline();
     if (session.fitMethod == rankRegression && !(session.inputType >= prbt2 && session.inputType <= km4))
-        reportcell(20, Word::Plot, " ", Word::Point, "=", rankname(static_cast<int>(session.rankMethod)));
-    compose(session.msg, "[[TAB44", Word::Input, "=");
+        reportcell(secondColumn, Word::Plot, " ", Word::Point, "=", rankname(static_cast<int>(session.rankMethod)));
+    reportcell(thirdColumn, Word::Input, "=");
+    session.msg.clear();
     appendinput(session.msg);
     reportline();
 }
@@ -144,16 +149,16 @@ void reportsummary() {
     report(Word::File, " = ", filename());
     for (int k = 1; k <= sets; ++k) {
         occurrences += session.countOccr(k) + session.countDisc(k) + session.countIntv(k);
-        quantity += session.countQuantity(k);
+        quantity += session.progSide == lifeSide ? session.countQuantity(k) : pointcount(k);
         time += session.timeTotal(k);
     }
     report(Word::Set, " ", Word::Quantity, " = ", sets, "  ", Word::Total, " =", quantity);
     for (int k = 1; k <= sets; ++k) {
         reportcell(8, Word::Set, ": ", k, " ", titleofset(k));
-        report("[[TAB44(", k, " ", Word::Of, " ", sets, ")");
+        reportend(44, "(", k, " ", Word::Of, " ", sets, ")");
     }
     reportcell(10, Word::Occurrence, " ", Word::Total, " =", occurrences);
-    report("[[TAB44", Word::Time, " ", Word::Total, " =", Reported{time});
+    reportend(44, Word::Time, " ", Word::Total, " =", Reported{time});
     report();
     report(Word::Results, ":");
     report(Word::Total, " ", Word::Item, " ", Word::Quantity, " = ", quantity);

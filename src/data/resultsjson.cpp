@@ -1,0 +1,148 @@
+#include "data/resultsjson.h"
+
+#include <cmath>
+
+#include "data/cell.h"
+#include "data/json.h"
+#include "data/methodlabels.h"
+#include "session/session.h"
+
+namespace {
+
+/// One field of a set: its name and what writes its value.
+struct SetField {
+    const char* name;
+    void (*write)(JsonWriter&, int k);
+};
+
+int dataRow(int k) { return static_cast<int>(rowofset(static_cast<float>(k))); }
+
+/// A result of the fit: no value for a set without a line.
+template <class T>
+void fitted(JsonWriter& json, int k, T value) {
+    if (session.setFitted(k) == 1)
+        json.value(value);
+    else
+        json.null();
+}
+
+void writetype(JsonWriter& json, int16_t type) {
+    static constexpr const char* names[] = {"occr", "susp", "disc", "intv", "intv"};
+    json.value(std::string_view(names[type]));
+}
+
+void writecounts(JsonWriter& json, int k) {
+    json.open('{');
+    json.field("occr", session.countOccr(k));
+    json.field("susp", session.countSusp(k));
+    json.field("disc", session.countDisc(k));
+    json.field("intv", session.countIntv(k));
+    json.field("quantity", session.countQuantity(k));
+    json.close('}');
+}
+
+void writemessages(JsonWriter& json, int k) {
+    json.open('[');
+    for (const std::string& message : session.setMessages[static_cast<std::size_t>(k)])
+        json.value(std::string_view(message));
+    json.close(']');
+}
+
+/// X of a point: its size where a minus sign marks a suspension.
+float pointx(int row, int j) {
+    const bool signIsData = session.progSide != lifeSide || (session.negativeXAllowed == 1 && session.dist >= normal);
+    return signIsData ? session.X(row, j) : std::fabs(session.X(row, j));
+}
+
+/// A suspension stands in no place of its own: what the plot shows of it is no position and no rank.
+void writepoint(JsonWriter& json, int k, int j) {
+    constexpr auto none = static_cast<float>(noAnswer);
+    const int row = dataRow(k);
+    const int16_t type = session.pointTypes(k, j);
+    const bool interval = type == Intv || type == intvComplement;
+    const bool placed = session.progSide == lifeSide && type != Susp;
+    const bool ranked = placed && !(session.inputType >= prbt2 && session.inputType <= km4);
+    json.open('{');
+    json.field("x", pointx(row, j));
+    json.field("upper", interval ? session.v2(k, j) : none);
+    json.name("type");
+    writetype(json, type);
+    json.field("quantity", session.v1(k, j));
+    json.field("position", placed ? session.Y(row, j) : none);
+    json.field("rank", ranked ? session.plotRank(row, j) : none);
+    session.msg.clear();
+    pointlabelget(k, j);
+    json.field("label", std::string_view(session.msg));
+    json.close('}');
+}
+
+void writepoints(JsonWriter& json, int k) {
+    json.open('[');
+    const bool ordered = session.progSide == lifeSide;
+    for (int m = 1; m <= pointcount(k); ++m) writepoint(json, k, ordered ? session.pointOrder(k, m) : m);
+    json.close(']');
+}
+
+void writetext(JsonWriter& json, void (*appendtext)(std::string&)) {
+    std::string text;
+    appendtext(text);
+    json.value(std::string_view(text));
+}
+
+constexpr SetField setFields[] = {
+    {"set", [](JsonWriter& json, int k) { json.value(k); }},
+    {"title",
+     [](JsonWriter& json, int k) {
+         const std::string& title = session.rowTitle(dataRow(k));
+         json.value(std::string_view(title == std::to_string(dataRow(k)) ? std::string() : title));
+     }},
+    {"family", [](JsonWriter& json, int) { json.value(familyname(session.dist)); }},
+    {"gumbeltype", [](JsonWriter& json, int) { json.value(static_cast<int>(session.gumbeltype)); }},
+    {"method", [](JsonWriter& json, int) { writetext(json, appendmethod); }},
+    {"label", [](JsonWriter& json, int k) { json.value(std::string_view(session.setLabel(k))); }},
+    {"rankMethod",
+     [](JsonWriter& json, int) { json.value(rankname(static_cast<int>(session.rankMethod))); }},
+    {"inputType", [](JsonWriter& json, int) { json.value(static_cast<int>(session.inputType)); }},
+    {"counts", writecounts},
+    {"eta", [](JsonWriter& json, int k) { fitted(json, k, session.etaFit(dataRow(k), 1)); }},
+    {"beta", [](JsonWriter& json, int k) { fitted(json, k, session.betaFit(dataRow(k), 1)); }},
+    {"t0", [](JsonWriter& json, int k) { json.value(session.t0(k)); }},
+    {"fixedSlope", [](JsonWriter& json, int) { json.value(session.fixedSlope); }},
+    {"r", [](JsonWriter& json, int k) { fitted(json, k, session.setCorrelation(k)); }},
+    {"r2", [](JsonWriter& json, int k) { fitted(json, k, session.correlation(k)); }},
+    {"messages", writemessages},
+    {"points", writepoints},
+};
+
+const char* sidename() {
+    switch (session.progSide) {
+    case lifeSide: return "life";
+    case simulationSide: return "simulation";
+    case fourthSide: return "fourth";
+    default: return "visual";
+    }
+}
+
+} // namespace
+
+void writeresults(std::string& text) {
+    text.clear();
+    JsonWriter json(text);
+    json.open('{');
+    json.field("program", std::string_view(session.productName));
+    json.field("version", std::string_view(VANEX_VERSION));
+    json.field("side", std::string_view(sidename()));
+    json.field("file", std::string_view(session.fileName));
+    json.name("sets");
+    json.open('[');
+    for (int k = 1; k <= setcount(); ++k) {
+        json.open('{');
+        for (const SetField& field : setFields) {
+            json.name(field.name);
+            field.write(json, k);
+        }
+        json.close('}');
+    }
+    json.close(']');
+    json.close('}');
+}

@@ -1,0 +1,62 @@
+#include "data/utf8.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace {
+
+/// Code points of the windows-1252 bytes 0x80 to 0x9F; an undefined byte stays its own control code.
+constexpr char16_t windowsUpper[32] = {
+    0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
+
+void appendpoint(std::string& out, char16_t point) {
+    if (point < 0x80) {
+        out += static_cast<char>(point);
+    } else if (point < 0x800) {
+        out += static_cast<char>(0xC0 | (point >> 6));
+        out += static_cast<char>(0x80 | (point & 0x3F));
+    } else {
+        out += static_cast<char>(0xE0 | (point >> 12));
+        out += static_cast<char>(0x80 | ((point >> 6) & 0x3F));
+        out += static_cast<char>(0x80 | (point & 0x3F));
+    }
+}
+
+/// Length of the well-formed sequence at the start of text; 0 when there is none.
+std::size_t sequencelength(std::string_view text) {
+    const auto byte = [&](std::size_t i) { return static_cast<uint8_t>(text[i]); };
+    const uint8_t lead = byte(0);
+    if (lead < 0x80) return 1;
+    const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
+    if (lead < 0xC2 || lead > 0xF4 || text.size() < length) return 0;
+    // The second byte carries the limits against overlong forms, surrogates and the end of the code space.
+    const uint8_t low = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
+    const uint8_t high = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
+    if (byte(1) < low || byte(1) > high) return 0;
+    for (std::size_t i = 2; i < length; ++i)
+        if ((byte(i) & 0xC0) != 0x80) return 0;
+    return length;
+}
+
+} // namespace
+
+bool isutf8(std::string_view text) {
+    while (!text.empty()) {
+        const std::size_t length = sequencelength(text);
+        if (length == 0) return false;
+        text.remove_prefix(length);
+    }
+    return true;
+}
+
+std::string asutf8(std::string_view text) {
+    if (isutf8(text)) return std::string(text);
+    std::string out;
+    for (const char c : text) {
+        const auto byte = static_cast<uint8_t>(c);
+        appendpoint(out, byte >= 0x80 && byte < 0xA0 ? windowsUpper[byte - 0x80] : char16_t{byte});
+    }
+    return out;
+}

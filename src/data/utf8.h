@@ -1,0 +1,10 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// True when the bytes are valid UTF-8 (RFC 3629: no overlong forms, no surrogates, nothing above U+10FFFF).
+bool isutf8(std::string_view text);
+
+/// The text as UTF-8: as it stands when it is valid, else read as windows-1252.
+std::string asutf8(std::string_view text);
