@@ -94,7 +94,8 @@ void checknormalbounds(const Set& set) {
     if (std::abs(session.confMethod) != 6 || session.countSusp(set.k) == 0 || withoutBounds) return;
     session.confLow = session.confHigh = 0;
     session.ifylcnf = 0;
-    tellset(set.k, Word::No, " ", Word::Normal, " ", Word::Confidence, " ", Word::With, " ", Word::Suspension);
+    tellset(set.k, Word::No, " ", Word::Normal, " ", Word::Confidence, " ", Word::With, " ",
+            Word::Suspension);
 }
 
 /// Value of the m-th point in order.
@@ -171,7 +172,8 @@ void correlationofset(const Set& set, const PlotLine& line) {
 
 bool parametersinrange() {
     const double size = std::fabs(session.eta);
-    const bool etaGood = std::isfinite(session.eta) && size < 9e30 && (session.dist >= normal || size > 9e-30);
+    const bool etaGood =
+        std::isfinite(session.eta) && size < 9e30 && (session.dist >= normal || size > 9e-30);
     const bool betaGood = std::isfinite(session.beta) && session.beta > 9e-30 && session.beta < 9e30;
     return etaGood && betaGood;
 }
@@ -234,8 +236,8 @@ void cautionunreadz(const Set& set) {
         const float z = session.v2(set.k, j);
         const bool meantForStandard = z == 0 || z > 2e29f;
         if (meantForStandard) continue;
-        tellset(set.k, Word::Interval, " ", Word::Data, "? ... ", Word::Present, " ", Word::Input, " ", Word::Type,
-                " = ", session.inputType == insp1 ? Word::Inspect : Word::Standard);
+        tellset(set.k, Word::Interval, " ", Word::Data, "? ... ", Word::Present, " ", Word::Input, " ",
+                Word::Type, " = ", session.inputType == insp1 ? Word::Inspect : Word::Standard);
         return;
     }
 }
@@ -268,10 +270,10 @@ void cautionsamples() {
         for (int j = 2; j <= pointcount(k); ++j) {
             if (session.v2(k, j) == session.v2(k, 1)) continue;
             compose(session.msg, Word::Input, " ", Word::Type, " ", Word::Inspect, " ", Word::Sample, " ",
-                    Word::To, " ", Word::Sample, " = ", Word::No, " ", Word::Difference, "\n", Word::Set, " ", k,
-                    " ", Word::Point, " ", Word::To, " ", Word::Point, " ", Word::Sample, " ", Word::Quantity,
-                    " = ", Word::Difference, "\n", Word::Change, " ", Word::Input, " ", Word::Type, " ",
-                    Word::To, " ", Word::Difference);
+                    Word::To, " ", Word::Sample, " = ", Word::No, " ", Word::Difference, "\n", Word::Set, " ",
+                    k, " ", Word::Point, " ", Word::To, " ", Word::Point, " ", Word::Sample, " ",
+                    Word::Quantity, " = ", Word::Difference, "\n", Word::Change, " ", Word::Input, " ",
+                    Word::Type, " ", Word::To, " ", Word::Difference);
             session.menuTitle = word(Word::Caution);
             askyesno();
             if (session.u == 1) session.groupingOption = 2;

@@ -13,8 +13,8 @@ void keepnotice(int k) {
 void tellbadrow(int k, int j) {
     const auto tell = [k](const auto&... cause) {
         tellset(k, Word::Outside, " ", Word::Input, " ", Word::Range, cause..., "\n", Word::For, " ",
-                Word::Probit, " ", Word::Data, "\n", Word::Note, ": 0 % ", Word::Or, " 100 % ", Word::Occurrence,
-                " = ", Word::Bad);
+                Word::Probit, " ", Word::Data, "\n", Word::Note, ": 0 % ", Word::Or, " 100 % ",
+                Word::Occurrence, " = ", Word::Bad);
     };
     if (session.v1(k, j) <= 0)
         tell(" ... ", Word::Affected, " <= 0");

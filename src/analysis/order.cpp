@@ -68,7 +68,8 @@ void countset(int k, int points) {
     session.countSusp(k) = counts[Susp];
     session.countDisc(k) = counts[Disc];
     session.countIntv(k) = counts[Intv] + counts[intvComplement];
-    session.countQuantity(k) = counts[Occr] + counts[Susp] + counts[Disc] + counts[Intv] + counts[intvComplement];
+    session.countQuantity(k) =
+        counts[Occr] + counts[Susp] + counts[Disc] + counts[Intv] + counts[intvComplement];
 }
 
 /// Mean value of the occurrences, an interval at its middle, and the sum of all values.
@@ -97,13 +98,17 @@ bool comesbefore(const OrderKey& a, const OrderKey& b) {
 
 } // namespace
 
-bool groupedinput() { return session.inputType < 0 || (session.inputType >= prbt2 && session.inputType <= km4); }
+bool groupedinput() {
+    return session.inputType < 0 || (session.inputType >= prbt2 && session.inputType <= km4);
+}
 
 bool negativedata() {
     return session.negativeXAllowed == 1 && (session.dist == normal || session.dist == gumbel);
 }
 
-double pointquantity(int k, int j) { return std::max(1.0, std::floor(static_cast<double>(session.v1(k, j)))); }
+double pointquantity(int k, int j) {
+    return std::max(1.0, std::floor(static_cast<double>(session.v1(k, j))));
+}
 
 double pointvalue(int k, int j) {
     const double x = session.X(static_cast<int>(rowofset(static_cast<float>(k))), j);
@@ -132,6 +137,6 @@ void placepoints(int k) {
     for (int j = 1; j <= points; ++j) {
         const double value = pointvalue(k, j) - t0;
         session.pointPlotX(k, j) = isinterval(session.pointTypes(k, j)) ? middle(value, pointupper(k, j) - t0)
-                                                                         : plotxofx(session.dist, value);
+                                                                        : plotxofx(session.dist, value);
     }
 }

@@ -68,7 +68,9 @@ bool takeoutputs(std::vector<std::string>& arguments, Outputs& outputs) {
             rest.push_back(arguments[i]);
             continue;
         }
-        auto* target = arguments[i] == "--report" ? &outputs.report : arguments[i] == "--json" ? &outputs.json : nullptr;
+        auto* target = arguments[i] == "--report" ? &outputs.report
+                       : arguments[i] == "--json" ? &outputs.json
+                                                  : nullptr;
         if (!target || i + 1 == arguments.size()) {
             complain(compose(session.msg, Word::Unknown, ": ", arguments[i]));
             return false;
@@ -134,7 +136,8 @@ bool anyresult() {
 /// Why nothing was analysed, when no message has said it.
 void complainempty(const HeadlessPlatform& console) {
     if (session.progSide != lifeSide)
-        complain(compose(session.msg, Word::No, " ", Word::Fit, " ... ", Word::Life, " ", Word::Analysis, " = -p W"));
+        complain(compose(session.msg, Word::No, " ", Word::Fit, " ... ", Word::Life, " ", Word::Analysis,
+                         " = -p W"));
     else if (console.messages.empty())
         complain(compose(session.msg, Word::Not, " ", Word::Enough, " ", Word::Data));
 }
@@ -164,9 +167,13 @@ int run(const Outputs& outputs, HeadlessPlatform& console) {
 
 int main(int argc, char** argv) {
     std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
-    const auto asked = [&](const char* option) { return std::find(arguments.begin(), arguments.end(), option) != arguments.end(); };
+    const auto asked = [&](const char* option) {
+        return std::find(arguments.begin(), arguments.end(), option) != arguments.end();
+    };
     if (asked("--help")) return writefile("-", helpText) ? done : noResult;
-    if (asked("--version")) return writefile("-", compose(session.msg, session.productName, " ", VANEX_VERSION, "\n")) ? done : noResult;
+    if (asked("--version"))
+        return writefile("-", compose(session.msg, session.productName, " ", VANEX_VERSION, "\n")) ? done
+                                                                                                   : noResult;
 
     HeadlessPlatform console;
     platform = &console;

@@ -31,6 +31,6 @@ private:
 
     std::string& out;
     int depth = 0;
-    bool first = true;     ///< no element yet at this depth
+    bool first = true;      ///< no element yet at this depth
     bool afterName = false; ///< a value goes on the line of its name
 };

@@ -79,5 +79,6 @@ std::string_view rankname(int rankMethod) {
     static constexpr std::string_view names[] = {"Hazen", "Blom", "Kaplan-Meier"};
     if (rankMethod == binomialRank) return word(Word::Binomial);
     if (rankMethod == meanRank) return word(Word::Mean);
-    return rankMethod >= hazenRank && rankMethod <= kaplanMeierRank ? names[rankMethod - hazenRank] : "Benard";
+    return rankMethod >= hazenRank && rankMethod <= kaplanMeierRank ? names[rankMethod - hazenRank]
+                                                                    : "Benard";
 }

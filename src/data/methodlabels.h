@@ -5,10 +5,10 @@
 
 /// The one list of families, methods and plotting positions by their printed names and codes.
 
-std::string_view familyname(int family);              ///< "Weibull", "LogNormal", "Normal", "Gumbel"
-void appendfamily(std::string& text);                 ///< the session's family as printed: "BLogNormal", "Gumbel-"
-void appendmethod(std::string& text);                 ///< "rr", "rrs", "mle", "mleN-1", "RBAmd", …
-void appendstatus(std::string& text, int k);          ///< status word of set k: "rr/insp1", "mle/t0~r/tP%=50"
-void appendinput(std::string& text);                  ///< "Standard Point-By-Point", "Inspect (insp1)", …
-std::string_view rankcode(int rankMethod);            ///< "br", "mr", "hr", "nr", "kr", "rr"
-std::string_view rankname(int rankMethod);            ///< "Binomial", "Mean", "Hazen", "Blom", "Kaplan-Meier", "Benard"
+std::string_view familyname(int family);     ///< "Weibull", "LogNormal", "Normal", "Gumbel"
+void appendfamily(std::string& text);        ///< the session's family as printed: "BLogNormal", "Gumbel-"
+void appendmethod(std::string& text);        ///< "rr", "rrs", "mle", "mleN-1", "RBAmd", …
+void appendstatus(std::string& text, int k); ///< status word of set k: "rr/insp1", "mle/t0~r/tP%=50"
+void appendinput(std::string& text);         ///< "Standard Point-By-Point", "Inspect (insp1)", …
+std::string_view rankcode(int rankMethod);   ///< "br", "mr", "hr", "nr", "kr", "rr"
+std::string_view rankname(int rankMethod); ///< "Binomial", "Mean", "Hazen", "Blom", "Kaplan-Meier", "Benard"

@@ -41,13 +41,16 @@ std::string_view nextword(std::string_view& line) {
 class Columns {
 public:
     Columns(PlainText& text, std::size_t columns, std::size_t cells)
-        : result(text), maxColumns(columns), maxCells(cells) {}
+        : result(text),
+          maxColumns(columns),
+          maxCells(cells) {}
 
     void put(std::size_t column, std::string_view cell) {
         cell = trimmed(cell);
         if (cell.ends_with(',')) cell.remove_suffix(1);
         if (cell.empty()) return;
-        if (column >= maxColumns || (column < result.columns.size() && result.columns[column].size() >= maxCells)) {
+        if (column >= maxColumns
+            || (column < result.columns.size() && result.columns[column].size() >= maxCells)) {
             ++result.cut;
             return;
         }

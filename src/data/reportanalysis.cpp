@@ -51,9 +51,11 @@ void reportparameters(int k) {
     compose(session.msg, ";");
     appendfamily(session.msg);
     if (session.fixedSlope > 0 && session.dist == weibull)
-        extend(session.msg, " (", session.fixedSlope == 1   ? "Exponential"
-                                  : session.fixedSlope == 2 ? "Rayleigh"
-                                                            : "Weibayes", ")");
+        extend(session.msg, " (",
+               session.fixedSlope == 1   ? "Exponential"
+               : session.fixedSlope == 2 ? "Rayleigh"
+                                         : "Weibayes",
+               ")");
     reportline();
     reportcell(secondColumn, parametername(session.dist, 1), "=", Reported{session.etaFit(row, 1)});
     reportend(thirdColumn, parametername(session.dist, 2), "=", Reported{session.betaFit(row, 1)});
@@ -97,7 +99,8 @@ void reportblives(int k) {
 void reportblock(int k, int lines) {
     reportheading(k, lines);
     if (session.lineHide(k) != 0) {
-        report(Word::Set, " ", Word::Not, " ", Word::Active, " (", Word::Zoom, " / ", Word::Hide, " = ", Word::Yes, ")");
+        report(Word::Set, " ", Word::Not, " ", Word::Active, " (", Word::Zoom, " / ", Word::Hide, " = ",
+               Word::Yes, ")");
         return;
     }
     reportset(k);
@@ -112,8 +115,8 @@ void reportblock(int k, int lines) {
 } // namespace
 
 void reportsetup() {
-    report(Word::Setup, ": ", Word::Dimension, " = ", session.maxSets, "x", session.maxPoints, ", ", Word::Equations,
-           " = ", session.maxLines);
+    report(Word::Setup, ": ", Word::Dimension, " = ", session.maxSets, "x", session.maxPoints, ", ",
+           Word::Equations, " = ", session.maxLines);
 }
 
 void reportfit(int k) {
@@ -122,7 +125,8 @@ void reportfit(int k) {
     compose(session.msg, ";", Word::Method, "=", session.setLabel(k));
     reportline();
     if (session.fitMethod == rankRegression && !(session.inputType >= prbt2 && session.inputType <= km4))
-        reportcell(secondColumn, Word::Plot, " ", Word::Point, "=", rankname(static_cast<int>(session.rankMethod)));
+        reportcell(secondColumn, Word::Plot, " ", Word::Point, "=",
+                   rankname(static_cast<int>(session.rankMethod)));
     reportcell(thirdColumn, Word::Input, "=");
     session.msg.clear();
     appendinput(session.msg);

@@ -50,7 +50,8 @@ void writemessages(JsonWriter& json, int k) {
 
 /// X of a point: its size where a minus sign marks a suspension.
 float pointx(int row, int j) {
-    const bool signIsData = session.progSide != lifeSide || (session.negativeXAllowed == 1 && session.dist >= normal);
+    const bool signIsData =
+        session.progSide != lifeSide || (session.negativeXAllowed == 1 && session.dist >= normal);
     return signIsData ? session.X(row, j) : std::fabs(session.X(row, j));
 }
 
@@ -100,8 +101,7 @@ constexpr SetField setFields[] = {
     {"gumbeltype", [](JsonWriter& json, int) { json.value(static_cast<int>(session.gumbeltype)); }},
     {"method", [](JsonWriter& json, int) { writetext(json, appendmethod); }},
     {"label", [](JsonWriter& json, int k) { json.value(std::string_view(session.setLabel(k))); }},
-    {"rankMethod",
-     [](JsonWriter& json, int) { json.value(rankname(static_cast<int>(session.rankMethod))); }},
+    {"rankMethod", [](JsonWriter& json, int) { json.value(rankname(static_cast<int>(session.rankMethod))); }},
     {"inputType", [](JsonWriter& json, int) { json.value(static_cast<int>(session.inputType)); }},
     {"counts", writecounts},
     {"eta", [](JsonWriter& json, int k) { fitted(json, k, session.etaFit(dataRow(k), 1)); }},

@@ -28,11 +28,11 @@ class MainWindow {
 public:
     virtual ~MainWindow() = default;
     virtual void caption(std::string_view text) = 0; ///< status caption; ignored while no window is visible
-    virtual void readswitches() = 0;  ///< takes the toggles beside the plot into the settings
-    virtual void closepopups() = 0;   ///< hides the floating labels and tool tips over the plot
-    virtual void repainticons() = 0;  ///< icon strip, window title and wizard button
-    virtual void repaintgrid() = 0;   ///< grid and headings
-    virtual void repaintplot() = 0;   ///< draws the plot of the session's side
+    virtual void readswitches() = 0;                 ///< takes the toggles beside the plot into the settings
+    virtual void closepopups() = 0;  ///< hides the floating labels and tool tips over the plot
+    virtual void repainticons() = 0; ///< icon strip, window title and wizard button
+    virtual void repaintgrid() = 0;  ///< grid and headings
+    virtual void repaintplot() = 0;  ///< draws the plot of the session's side
     /// Lets pending window events run. True when the user pressed Escape.
     virtual bool pendingevents() = 0;
 };

@@ -101,7 +101,9 @@ bool record(char letter, const std::string& value) {
     case 'p':
         session.cmdSide = uppercase(value).starts_with("V") ? visualSide : lifeSide;
         return !value.empty();
-    case 'i': session.cmdInput = static_cast<int16_t>(numberin(value, standard0, intv5)); return session.cmdInput >= 0;
+    case 'i':
+        session.cmdInput = static_cast<int16_t>(numberin(value, standard0, intv5));
+        return session.cmdInput >= 0;
     case 'm': session.cmdMethod = static_cast<int16_t>(numberin(value, 1, 8)); return session.cmdMethod > 0;
     case 'e':
         if (!choicein(value).family) return false;
@@ -125,10 +127,12 @@ bool cmdparse(std::span<const std::string> arguments) {
             return false;
         }
         std::string value = argument.substr(2);
-        // The file may follow the switches: a switch takes one word, and the first word left over is the file.
+        // The file may follow the switches: a switch takes one word, and the first word left over is the
+        // file.
         if (value.empty() && i < arguments.size() && !isswitch(arguments[i])) value = arguments[i++];
         if (!record(static_cast<char>(std::tolower(static_cast<unsigned char>(argument[1]))), value)) {
-            compose(session.msg, Word::Unknown, ": ", argument, argument.size() > 2 || value.empty() ? "" : " ",
+            compose(session.msg, Word::Unknown, ": ", argument,
+                    argument.size() > 2 || value.empty() ? "" : " ",
                     argument.size() > 2 ? std::string_view() : std::string_view(value));
             return false;
         }

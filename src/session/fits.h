@@ -24,8 +24,8 @@ struct Fits {
     float fixedSlope = 0;    ///< known slope: 0 free; Weibull 1 exponential, 2 Rayleigh, other Weibayes
     float fitMethod = rankRegression;
     float fitMethodSaved = rankRegression; ///< method that a run gives back at its end
-    int16_t mleVariant = 0; ///< 0 mle, 1 mleN-1, 2 RBAmd, 3 RBAmu, 4 RBApb, 5 RBAjjm
-    float rrSwap = 0;       ///< above 0: the regression direction is reversed (rrs)
+    int16_t mleVariant = 0;                ///< 0 mle, 1 mleN-1, 2 RBAmd, 3 RBAmu, 4 RBApb, 5 RBAjjm
+    float rrSwap = 0;                      ///< above 0: the regression direction is reversed (rrs)
 
     int currentSet = 0; ///< set in hand, k = row / sg
 
@@ -46,22 +46,22 @@ struct Fits {
     List<double> timeTotal;                                  ///< sum of all values, by quantity
     List<double> sampleSd; ///< sample standard deviation on the plot scale of a complete set, else 0
     List<float> rSquaredMinusCcc;
-    List<int16_t> setFitted; ///< 1 when the set has a line
-    List<std::string> setLabel;               ///< status word: "rr", "rrs/insp1", "mle/t0~r", …
+    List<int16_t> setFitted;                           ///< 1 when the set has a line
+    List<std::string> setLabel;                        ///< status word: "rr", "rrs/insp1", "mle/t0~r", …
     std::vector<std::vector<std::string>> setMessages; ///< what the user was told about the set in this run
 
-    List<int16_t> FITKIND;         ///< kind of fit of each set on the visual side
+    List<int16_t> FITKIND;               ///< kind of fit of each set on the visual side
     std::array<float, 11> fitKindList{}; ///< the kinds offered
     int16_t fitKindCount = 10;
-    List<float> CI;                              ///< confidence level
-    List<double> LOGLYKMLE;                      ///< log likelihood
-    List<float> PVALUE, PVALUEFF;                ///< p-values
-    std::array<List<double>, 4> PARAMCONF;       ///< low and high limit of the first, then the second parameter
+    List<float> CI;                        ///< confidence level
+    List<double> LOGLYKMLE;                ///< log likelihood
+    List<float> PVALUE, PVALUEFF;          ///< p-values
+    std::array<List<double>, 4> PARAMCONF; ///< low and high limit of the first, then the second parameter
     List<float> ETABARR1, BETABARR1, ETABARR2, BETABARR2; ///< process reliability lines
-    Table<float> BARRXA, BARRYA;                 ///< process reliability points
-    List<float> BARRN;                           ///< and their count
-    List<std::string> DUANEGROWTHS;              ///< growth text
-    List<std::string> CRAMERVONMISESTEXTS;       ///< test text
+    Table<float> BARRXA, BARRYA;                          ///< process reliability points
+    List<float> BARRN;                                    ///< and their count
+    List<std::string> DUANEGROWTHS;                       ///< growth text
+    List<std::string> CRAMERVONMISESTEXTS;                ///< test text
 };
 
 /// The weighted sums of one regression walk.

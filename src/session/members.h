@@ -6,33 +6,34 @@
 /// lists, so that an array added here is never forgotten by one of them.
 namespace members {
 
-inline constexpr List<float> Session::* setFloats[] = {
-    &Session::t0,       &Session::setCorrelation, &Session::rSquaredMinusCcc, &Session::CI,
-    &Session::PVALUE,   &Session::PVALUEFF,       &Session::ETABARR1,         &Session::BETABARR1,
-    &Session::ETABARR2, &Session::BETABARR2,      &Session::BARRN};
+inline constexpr List<float> Session::*setFloats[] = {
+    &Session::t0,        &Session::setCorrelation, &Session::rSquaredMinusCcc,
+    &Session::CI,        &Session::PVALUE,         &Session::PVALUEFF,
+    &Session::ETABARR1,  &Session::BETABARR1,      &Session::ETABARR2,
+    &Session::BETABARR2, &Session::BARRN};
 
-inline constexpr List<double> Session::* setDoubles[] = {
-    &Session::countOccr,     &Session::countSusp,      &Session::countDisc, &Session::countIntv,
-    &Session::countQuantity, &Session::occurrenceMean, &Session::timeTotal, &Session::sampleSd,
-    &Session::LOGLYKMLE};
+inline constexpr List<double> Session::*setDoubles[] = {
+    &Session::countOccr, &Session::countSusp,     &Session::countDisc,
+    &Session::countIntv, &Session::countQuantity, &Session::occurrenceMean,
+    &Session::timeTotal, &Session::sampleSd,      &Session::LOGLYKMLE};
 
-inline constexpr List<int16_t> Session::* setFlags[] = {&Session::setFitted, &Session::FITKIND};
+inline constexpr List<int16_t> Session::*setFlags[] = {&Session::setFitted, &Session::FITKIND};
 
-inline constexpr List<std::string> Session::* setTexts[] = {&Session::setLabel, &Session::DUANEGROWTHS,
-                                                             &Session::CRAMERVONMISESTEXTS};
+inline constexpr List<std::string> Session::*setTexts[] = {&Session::setLabel, &Session::DUANEGROWTHS,
+                                                           &Session::CRAMERVONMISESTEXTS};
 
-inline constexpr List<float> Session::* lineFloats[] = {&Session::lineStyle, &Session::correlation,
-                                                         &Session::paramThree};
+inline constexpr List<float> Session::*lineFloats[] = {&Session::lineStyle, &Session::correlation,
+                                                       &Session::paramThree};
 
-inline constexpr List<std::string> Session::* lineTexts[] = {&Session::lineLabelA, &Session::lineLabelB,
-                                                              &Session::correlationLabel};
+inline constexpr List<std::string> Session::*lineTexts[] = {&Session::lineLabelA, &Session::lineLabelB,
+                                                            &Session::correlationLabel};
 
 /// Point tables by (row, point).
-inline constexpr Table<float> Session::* rowPoints[] = {&Session::X, &Session::Y, &Session::entryX,
-                                                         &Session::entryY, &Session::plotRank};
+inline constexpr Table<float> Session::*rowPoints[] = {&Session::X, &Session::Y, &Session::entryX,
+                                                       &Session::entryY, &Session::plotRank};
 
 /// Point tables by (set, point).
-inline constexpr Table<float> Session::* setPoints[] = {&Session::v1, &Session::v2, &Session::W2X,
-                                                         &Session::W2Y};
+inline constexpr Table<float> Session::*setPoints[] = {&Session::v1, &Session::v2, &Session::W2X,
+                                                       &Session::W2Y};
 
 } // namespace members

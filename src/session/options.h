@@ -7,26 +7,34 @@
 enum InputType : int16_t { standard0 = 0, insp1 = 1, prbt2 = 2, prbt3 = 3, km4 = 4, intv5 = 5 };
 
 /// Plotting positions.
-enum RankMethod : int { binomialRank = 1, meanRank, hazenRank, blomRank, kaplanMeierRank, suppliedRank, benardRank };
+enum RankMethod : int {
+    binomialRank = 1,
+    meanRank,
+    hazenRank,
+    blomRank,
+    kaplanMeierRank,
+    suppliedRank,
+    benardRank
+};
 
 /// Choices of the user that outlive a run.
 struct Options {
-    int16_t inputType = standard0;   ///< input form of the life data (InputType)
-    int16_t negativeXAllowed = 0;    ///< 1: a negative X is a value; 0: a minus sign marks a suspension
-    int16_t groupingOption = 0;      ///< grouped rows: 1 "n", no difference from sample to sample; 2 "d"
-    float rankMethod = benardRank;   ///< plotting position (RankMethod)
-    float popPortion = 0;            ///< fraction of the population at risk; 0 the whole population
-    int16_t findThreshold = 0;       ///< 1: a threshold t0 is searched
-    int16_t scaleAsRecorded = 0;     ///< 1: the plot keeps the recorded scale when a t0 is in force
+    int16_t inputType = standard0;     ///< input form of the life data (InputType)
+    int16_t negativeXAllowed = 0;      ///< 1: a negative X is a value; 0: a minus sign marks a suspension
+    int16_t groupingOption = 0;        ///< grouped rows: 1 "n", no difference from sample to sample; 2 "d"
+    float rankMethod = benardRank;     ///< plotting position (RankMethod)
+    float popPortion = 0;              ///< fraction of the population at risk; 0 the whole population
+    int16_t findThreshold = 0;         ///< 1: a threshold t0 is searched
+    int16_t scaleAsRecorded = 0;       ///< 1: the plot keeps the recorded scale when a t0 is in force
     int16_t thresholdByRegression = 0; ///< 1: the threshold of a likelihood fit is the one rr finds
-    int16_t variableSlopes = 0;      ///< variable-slope set-ups of a likelihood fit
-    int16_t intervalPlot = 0;        ///< 1: the points of an X-Y plot may be intervals
+    int16_t variableSlopes = 0;        ///< variable-slope set-ups of a likelihood fit
+    int16_t intervalPlot = 0;          ///< 1: the points of an X-Y plot may be intervals
 
-    int16_t confMethod = 0;   ///< bound method; negative: a single point is asked for
-    float confLow = 0;        ///< low confidence in percent; 0 no low side
-    float confHigh = 0;       ///< high confidence in percent; 0 no high side
-    int16_t confAuto = 0;     ///< 1: the bound method is chosen by rule
-    int16_t fitMeasure = 1;   ///< 1 r^2 with ccc^2, 2 pve%, 3 pAD%, else r alone
+    int16_t confMethod = 0; ///< bound method; negative: a single point is asked for
+    float confLow = 0;      ///< low confidence in percent; 0 no low side
+    float confHigh = 0;     ///< high confidence in percent; 0 no high side
+    int16_t confAuto = 0;   ///< 1: the bound method is chosen by rule
+    int16_t fitMeasure = 1; ///< 1 r^2 with ccc^2, 2 pve%, 3 pAD%, else r alone
 
     std::string decimalSeparator = "."; ///< of the session's numbers as typed
     std::string fileDecimal = ".";      ///< of the file being read

@@ -65,8 +65,8 @@ bool sizelines(const Bounds& b) {
 
 bool sizefits(const Bounds& b) {
     Session& s = session;
-    bool all = s.etaFit.size(b.R, 2) && s.betaFit.size(b.R, 2) && s.BARRXA.size(10, b.S)
-               && s.BARRYA.size(10, b.S);
+    bool all =
+        s.etaFit.size(b.R, 2) && s.betaFit.size(b.R, 2) && s.BARRXA.size(10, b.S) && s.BARRYA.size(10, b.S);
     for (const auto list : members::setFlags) all = all && (s.*list).size(b.S);
     for (const auto list : members::setTexts) all = all && (s.*list).size(b.S);
     for (const auto list : members::setFloats) all = all && (s.*list).size(b.S);

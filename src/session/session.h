@@ -15,15 +15,15 @@
 #include "session/run.h"
 
 /// Reserved numbers.
-inline constexpr double noAnswer = -9.123e+32;       ///< a cancelled prompt, a setting that is absent
+inline constexpr double noAnswer = -9.123e+32; ///< a cancelled prompt, a setting that is absent
 inline constexpr const char* noAnswerText = "-9.123E+32";
-inline constexpr double noLowLimit = -9e+30;         ///< lower limit of a prompt: none
-inline constexpr float noHighLimit = 9e+30f;         ///< upper limit of a prompt: none
-inline constexpr float suspendedZ = 3.3e+33f;        ///< Z above 3E+33: suspension at X
-inline constexpr float discoveredZ = -3.3e+33f;      ///< Z below -3E+33: failed before X
-inline constexpr float exactZ = 2.9e+29f;            ///< |Z| above 2E+29 otherwise: exact point, as typed
-inline constexpr float exactZFilled = 2.2e+29f;      ///< the same, put in for an empty Z
-inline constexpr double searchCeiling = 1e+300;      ///< ceiling of unbounded searches
+inline constexpr double noLowLimit = -9e+30;    ///< lower limit of a prompt: none
+inline constexpr float noHighLimit = 9e+30f;    ///< upper limit of a prompt: none
+inline constexpr float suspendedZ = 3.3e+33f;   ///< Z above 3E+33: suspension at X
+inline constexpr float discoveredZ = -3.3e+33f; ///< Z below -3E+33: failed before X
+inline constexpr float exactZ = 2.9e+29f;       ///< |Z| above 2E+29 otherwise: exact point, as typed
+inline constexpr float exactZFilled = 2.2e+29f; ///< the same, put in for an empty Z
+inline constexpr double searchCeiling = 1e+300; ///< ceiling of unbounded searches
 
 /// The one session of a process. Every subsystem reads and writes it directly.
 struct Session : Capacities,
@@ -62,7 +62,9 @@ inline float rowstep() { return session.sg - 2 * static_cast<float>(session.ifyl
 inline int setcount() { return static_cast<int>(session.lastRow / session.sg); }
 
 /// Points of set k.
-inline int pointcount(int k) { return static_cast<int>(session.n(static_cast<int>(rowofset(static_cast<float>(k))))); }
+inline int pointcount(int k) {
+    return static_cast<int>(session.n(static_cast<int>(rowofset(static_cast<float>(k)))));
+}
 
 /// Names of the first and second parameter by distType: 0 exponential type, then the families.
 const char* parametername(int distType, int which);

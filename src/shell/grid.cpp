@@ -27,7 +27,8 @@ std::string_view trimmed(std::string_view text) {
 /// A comma that is not the decimal symbol may have been meant as one: reading only what stands before it
 /// would silently change the number.
 bool strangecomma(std::string_view text) {
-    return session.decimalSeparator != "," && text.substr(0, text.find('_')).find(',') != std::string_view::npos;
+    return session.decimalSeparator != ","
+           && text.substr(0, text.find('_')).find(',') != std::string_view::npos;
 }
 
 /// The start of a cell's text, fit for a message whatever bytes it holds.
@@ -41,8 +42,8 @@ std::string printable(std::string_view text) {
 
 void telldropped(int k, const Dropped& dropped) {
     if (dropped.unreadable > 0)
-        tellset(k, Word::Bad, " ", Word::Data, " (", dropped.unreadable, ") ... ", Word::Row, " ", dropped.firstRow,
-                " = ", printable(dropped.firstText));
+        tellset(k, Word::Bad, " ", Word::Data, " (", dropped.unreadable, ") ... ", Word::Row, " ",
+                dropped.firstRow, " = ", printable(dropped.firstText));
     if (dropped.beyond > 0)
         tellset(k, Word::Point, " ", Word::Quantity, " ", Word::Too, " ", Word::Big, " (+", dropped.beyond,
                 ") ... ", Word::View, " ", Word::Setup);

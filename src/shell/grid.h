@@ -4,8 +4,8 @@
 #include <string_view>
 
 /// Reads the cells of one row's set into the session: points, labels, title and n. Cells without a value are
-/// skipped; one that holds text but no readable number, or more points than the session has room for, is told.
-/// False when the session has no arrays to read into: the former results stand.
+/// skipped; one that holds text but no readable number, or more points than the session has room for, is
+/// told. False when the session has no arrays to read into: the former results stand.
 bool gridget(float row);
 
 /// Empties the grid.

@@ -1,0 +1,57 @@
+// Any bytes as a plain text file through the whole cycle, under any family, input type and method.
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "data/plaintext.h"
+#include "data/resultsjson.h"
+#include "data/utf8.h"
+#include "platform/headless/headless.h"
+#include "session/session.h"
+#include "shell/calcplot.h"
+#include "shell/grid.h"
+#include "shell/prompts.h"
+
+namespace {
+
+void chooseoptions(uint8_t a, uint8_t b, uint8_t c) {
+    session.dist = static_cast<int16_t>(1 + (a & 3));
+    session.gumbeltype = (a & 4) ? 1 : -1;
+    session.inputType = static_cast<int16_t>((a >> 3) % 6);
+    session.rankMethod = static_cast<float>(1 + (b & 7));
+    session.rrSwap = (b & 8) ? 1 : 0;
+    session.negativeXAllowed = (b & 16) ? 1 : 0;
+    session.groupingOption = static_cast<int16_t>((b >> 5) % 3);
+    session.fixedSlope = (c & 1) ? 2.5f : 0;
+    session.popPortion = (c & 2) ? 0.5f : 0;
+    session.fitMethod = session.fitMethodSaved = (c & 4) ? maximumLikelihood : rankRegression;
+    session.t0(1) = (c & 8) ? 3.0f : 0.0f;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
+    static HeadlessPlatform console;
+    platform = &console;
+    installreporters();
+    if (session.maxPoints == 0) {
+        chooseside(lifeSide);
+        if (!sizearrays()) return 0;
+    }
+    if (size < 3) return 0;
+    console.messages.clear();
+    sessionclear();
+    gridclear();
+    chooseoptions(data[0], data[1], data[2]);
+    session.noPrompt = 1;
+    session.gridCells = readplaintext({reinterpret_cast<const char*>(data + 3), size - 3}, 10, 1600).columns;
+    calcplot();
+    std::string json;
+    writeresults(json);
+    if (!isutf8(json)) __builtin_trap();
+    for (int k = 1; k <= setcount(); ++k)
+        if (session.setFitted(k) == 1 && !(session.betaFit(3 * k, 1) > 0)) __builtin_trap();
+    return 0;
+}

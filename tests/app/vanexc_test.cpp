@@ -1,0 +1,278 @@
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <nlohmann/json.hpp>
+#include <sstream>
+#include <string>
+
+namespace {
+
+namespace fs = std::filesystem;
+using Json = nlohmann::json;
+
+struct Outcome {
+    int status;
+    std::string out;
+    std::string err;
+};
+
+std::string contents(const fs::path& path) {
+    std::ostringstream text;
+    text << std::ifstream(path, std::ios::binary).rdbuf();
+    return text.str();
+}
+
+/// A folder of its own for each test, and the program run in it.
+class Vanexc : public testing::Test {
+protected:
+    Vanexc() {
+        std::string name = (fs::temp_directory_path() / "vanexc-XXXXXX").string();
+        folder = mkdtemp(name.data());
+    }
+    ~Vanexc() override { fs::remove_all(folder); }
+
+    Outcome run(const std::string& arguments, const std::string& input = "",
+                const std::string& program = VANEXC) {
+        write("stdin", input);
+        const std::string command =
+            "cd '" + folder.string() + "' && '" + program + "' " + arguments + " <stdin >stdout 2>stderr";
+        const int status = std::system(command.c_str());
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, contents(folder / "stdout"),
+                contents(folder / "stderr")};
+    }
+    void write(const std::string& name, const std::string& text) {
+        std::ofstream(folder / name, std::ios::binary) << text;
+    }
+
+    fs::path folder;
+};
+
+} // namespace
+
+TEST_F(Vanexc, WithoutAFileAnalysesTheLeukemiaSampleOnTheLifeSide) {
+    const Outcome outcome = run("");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_NE(outcome.out.find("Eta=22.7971"), std::string::npos) << outcome.out;
+    EXPECT_NE(outcome.out.find("Occurrence=9 (Susp=12"), std::string::npos);
+    EXPECT_EQ(outcome.err, "");
+}
+
+TEST_F(Vanexc, GivesEveryFieldOfTheJsonContract) {
+    const Json result = Json::parse(run("--json -").out);
+    EXPECT_EQ(result["program"], "OmniVANEX");
+    EXPECT_EQ(result["side"], "life");
+    EXPECT_TRUE(result["version"].is_string());
+    EXPECT_TRUE(result["file"].is_string());
+    const Json& set = result["sets"].at(0);
+    for (const char* field :
+         {"set", "title", "family", "gumbeltype", "method", "label", "rankMethod", "inputType", "counts",
+          "eta", "beta", "t0", "fixedSlope", "r", "r2", "messages", "points"})
+        EXPECT_TRUE(set.contains(field)) << field;
+    for (const char* field : {"occr", "susp", "disc", "intv", "quantity"})
+        EXPECT_TRUE(set["counts"].contains(field)) << field;
+    ASSERT_EQ(set["points"].size(), 18u);
+    for (const char* field : {"x", "upper", "type", "quantity", "position", "rank", "label"})
+        EXPECT_TRUE(set["points"][0].contains(field)) << field;
+    // tests/reference/rankreg.csv, leukemia6mp, weibull, rrx_benard.
+    EXPECT_NEAR(set["eta"].get<double>() / 22.79710106035492, 1, 1e-9);
+    EXPECT_NEAR(set["beta"].get<double>() / 1.972655854941093, 1, 1e-9);
+    EXPECT_NEAR(set["r2"].get<double>() / 0.7998002223479456, 1, 1e-6);
+    EXPECT_EQ(set["counts"]["quantity"], 21);
+}
+
+TEST_F(Vanexc, ListsThePointsInOrderWithoutARankForSuspensions) {
+    const Json result = Json::parse(run("- -p W --json -", "30\n-20\n20\n10_first one\n").out);
+    const Json& points = result["sets"][0]["points"];
+    ASSERT_EQ(points.size(), 4u);
+    EXPECT_EQ(points[0]["x"], 10);
+    EXPECT_EQ(points[0]["label"], "first one");
+    EXPECT_EQ(points[1]["type"], "occr"); // a failure ranks before a suspension of the same value
+    EXPECT_EQ(points[2]["type"], "susp");
+    EXPECT_TRUE(points[2]["rank"].is_null());
+    EXPECT_TRUE(points[2]["position"].is_null());
+    EXPECT_EQ(points[0]["rank"], 1);
+    EXPECT_EQ(points[1]["rank"], 2);
+    EXPECT_EQ(points[3]["rank"], 3.5); // 2 + (5 - 2) / (5 - 3)
+    EXPECT_TRUE(points[0]["upper"].is_null());
+}
+
+TEST_F(Vanexc, TakesEachColumnAsASet) {
+    write("data.txt", "# two columns\n10 100\n20 200\n\n30 400\n40\n");
+    const Json result = Json::parse(run("data.txt -p W --json -").out);
+    ASSERT_EQ(result["sets"].size(), 2u);
+    EXPECT_EQ(result["sets"][0]["counts"]["occr"], 4);
+    EXPECT_EQ(result["sets"][1]["counts"]["occr"], 3);
+    EXPECT_EQ(result["file"], "data.txt");
+}
+
+TEST_F(Vanexc, TheNameVanexwChoosesTheLifeSide) {
+    fs::create_symlink(VANEXC, folder / "vanexw");
+    write("data.txt", "10\n20\n30\n");
+    EXPECT_EQ(run("data.txt").status, 1);
+    EXPECT_EQ(run("data.txt", "", "./vanexw").status, 0);
+    EXPECT_EQ(run("data.txt -p V", "", "./vanexw").status, 1);
+}
+
+TEST_F(Vanexc, TheVisualSideIsTheDefaultAndSaysHowToGetALine) {
+    write("data.txt", "10x3\n20x4\n30x7\n");
+    const Outcome outcome = run("data.txt --json -");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_NE(outcome.err.find("Life Analysis = -p W"), std::string::npos) << outcome.err;
+    EXPECT_EQ(Json::parse(outcome.out)["side"], "visual");
+}
+
+TEST_F(Vanexc, ReadsTheDistributionGrammar) {
+    const std::string data = "150\n230\n310\n480\n";
+    const auto set = [&](const std::string& switches) {
+        return Json::parse(run("- -p W --json - " + switches, data).out)["sets"][0];
+    };
+    EXPECT_EQ(set("-e lognorm")["family"], "LogNormal");
+    EXPECT_EQ(set("-e NORMAL")["family"], "Normal");
+    EXPECT_EQ(set("-e Gumbel+")["gumbeltype"], 1);
+    EXPECT_EQ(set("-e EXTREME-")["gumbeltype"], -1);
+    EXPECT_EQ(set("-e EXPONEN")["beta"], 1);
+    EXPECT_EQ(set("-e RAYLEIGH")["beta"], 2);
+    EXPECT_EQ(set("-e 'WEIBAYES(2.5)'")["beta"], 2.5);
+    EXPECT_EQ(set("-e 'WEIBULL(2.5)'")["fixedSlope"], 2.5);
+    EXPECT_EQ(set("-m 2")["label"], "rrs");
+    EXPECT_EQ(set("-m '(1)'")["label"], "rr");
+    EXPECT_EQ(set("-i 1")["label"], "rr/insp1");
+    EXPECT_EQ(set("-i1")["inputType"], 1);
+}
+
+TEST_F(Vanexc, NormalPlusTakesNegativeValuesAsData) {
+    const Json set = Json::parse(run("- -p W -e NORMAL+ --json -", "-10\n0\n10\n").out)["sets"][0];
+    EXPECT_EQ(set["counts"]["occr"], 3);
+    EXPECT_NEAR(set["eta"].get<double>(), 0, 1e-12);
+    EXPECT_EQ(set["points"][0]["x"], -10);
+}
+
+TEST_F(Vanexc, AWrongUseEndsWithTwo) {
+    for (const char* arguments : {"-q 3", "-m 9", "-m", "-i 6", "-e CAUCHY", "-e WEIBAYES", "-e 'WEIBULL(0)'",
+                                  "--report", "--nonsense", "a.txt b.txt"}) {
+        const Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.status, 2) << arguments;
+        EXPECT_NE(outcome.err, "") << arguments;
+        EXPECT_EQ(outcome.out, "") << arguments;
+    }
+}
+
+TEST_F(Vanexc, NothingToAnalyseEndsWithOneAndASentence) {
+    const struct {
+        const char* input;
+        const char* sentence;
+    } cases[] = {{"", "Not Enough Data"},
+                 {"\n\n  \n", "Not Enough Data"},
+                 {"# only a note\n", "Not Enough Data"},
+                 {"150\n", "Not Enough Data"},
+                 {"-150\n-230\n", "Not Enough Data"},
+                 {"hello\nworld\n", "Bad Data"},
+                 {"200\n200\n", "Not Enough Data"}};
+    for (const auto& item : cases) {
+        const Outcome outcome = run("- -p W --json -", item.input);
+        EXPECT_EQ(outcome.status, 1) << item.input;
+        EXPECT_NE(outcome.err.find(item.sentence), std::string::npos) << item.input << ": " << outcome.err;
+        EXPECT_TRUE(Json::accept(outcome.out)) << outcome.out;
+    }
+}
+
+TEST_F(Vanexc, AFailedSetHasNoValuesAndItsMessage) {
+    const Json set = Json::parse(run("- -p W --json -", "150\n").out)["sets"][0];
+    EXPECT_TRUE(set["eta"].is_null());
+    EXPECT_TRUE(set["r2"].is_null());
+    ASSERT_EQ(set["messages"].size(), 1u);
+    EXPECT_NE(set["messages"][0].get<std::string>().find("Set 1: Not Enough Data"), std::string::npos);
+}
+
+TEST_F(Vanexc, LikelihoodIsRefusedRatherThanAnsweredByRegression) {
+    const Outcome outcome = run("-m 3 --json -");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_NE(outcome.err.find("Maximum Likelihood Not Ready"), std::string::npos);
+    EXPECT_TRUE(Json::parse(outcome.out)["sets"][0]["eta"].is_null());
+}
+
+TEST_F(Vanexc, AnUnreadableFileIsTold) {
+    EXPECT_EQ(run("missing.txt -p W").status, 1);
+    EXPECT_NE(run("missing.txt -p W").err.find("Cannot Open File: missing.txt"), std::string::npos);
+    EXPECT_EQ(run(". -p W").status, 1);
+}
+
+TEST_F(Vanexc, ABadCellIsDroppedAndTold) {
+    const Outcome outcome = run("- -p W --json -", "150\nabc\n230\n1,5\n310\n");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_NE(outcome.err.find("Bad Data (2) ... Row 2 = abc"), std::string::npos) << outcome.err;
+    EXPECT_EQ(Json::parse(outcome.out)["sets"][0]["counts"]["quantity"], 3);
+}
+
+TEST_F(Vanexc, AHugeNumberIsHeldInRange) {
+    const Outcome outcome =
+        run("- -p W --json -", "1E+30\n1E+199\n1E+400\n" + std::string(5000, '9') + "\n10\n20\n");
+    EXPECT_TRUE(outcome.status == 0 || outcome.status == 1);
+    EXPECT_TRUE(Json::accept(outcome.out));
+}
+
+TEST_F(Vanexc, TenMegabytesOfNoiseEndWithASentence) {
+    std::string noise(10 << 20, '\0');
+    uint32_t state = 12345;
+    for (char& c : noise) c = static_cast<char>((state = state * 1664525u + 1013904223u) >> 24);
+    const Outcome outcome = run("- -p W --json -", noise);
+    EXPECT_TRUE(outcome.status == 0 || outcome.status == 1) << outcome.status;
+    EXPECT_NE(outcome.err, "");
+    EXPECT_TRUE(Json::accept(outcome.out));
+}
+
+TEST_F(Vanexc, MoreSetsThanThereIsRoomForAreTold) {
+    std::string wide;
+    for (int row = 1; row <= 3; ++row) {
+        for (int set = 1; set <= 9; ++set) wide += std::to_string(row * set * 10) + " ";
+        wide += "\n";
+    }
+    const Outcome outcome = run("- -p W --json -", wide);
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_NE(outcome.err.find("Set Quantity Too Big (9 > 8)"), std::string::npos) << outcome.err;
+    EXPECT_EQ(Json::parse(outcome.out)["sets"].size(), 8u);
+}
+
+TEST_F(Vanexc, ALongFileGetsLargerArrays) {
+    std::string data;
+    for (int j = 1; j <= 4000; ++j) data += std::to_string(j) + "\n";
+    EXPECT_EQ(Json::parse(run("- -p W --json -", data).out)["sets"][0]["counts"]["occr"], 4000);
+}
+
+TEST_F(Vanexc, WritesReportAndJsonToFilesAndReplacesOldOnesWhole) {
+    write("report.txt", "old");
+    EXPECT_EQ(run("--report report.txt --json result.json").status, 0);
+    EXPECT_NE(contents(folder / "report.txt").find("Analysis Report"), std::string::npos);
+    EXPECT_TRUE(Json::accept(contents(folder / "result.json")));
+    for (const auto& entry : fs::directory_iterator(folder))
+        EXPECT_NE(entry.path().extension(), ".tmp") << "a temporary file was left";
+}
+
+TEST_F(Vanexc, ReportAndJsonMayShareStandardOutput) {
+    const std::string out = run("--report - --json -").out;
+    EXPECT_LT(out.find("Analysis Report"), out.find("\"program\""));
+}
+
+TEST_F(Vanexc, AnOutputThatCannotBeWrittenIsToldAndFails) {
+    const Outcome outcome = run("--report missing/report.txt");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_NE(outcome.err.find("Cannot Save File: missing/report.txt"), std::string::npos) << outcome.err;
+    EXPECT_EQ(run("--report /dev/full").status, 1);
+}
+
+TEST_F(Vanexc, TellsOfItself) {
+    EXPECT_EQ(run("--help").status, 0);
+    EXPECT_NE(run("--help").out.find("Usage: vanexc"), std::string::npos);
+    EXPECT_EQ(run("--version").out.rfind("OmniVANEX ", 0), 0u);
+}
+
+TEST_F(Vanexc, TextThatIsNotUtf8StaysReadableInJson) {
+    const Outcome outcome = run("- -p W --json -", "150_K\xFChler\n230\n310\n");
+    const Json result = Json::parse(outcome.out);
+    EXPECT_EQ(result["sets"][0]["points"][0]["label"], "K\u00FChler");
+}
