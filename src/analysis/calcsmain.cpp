@@ -9,7 +9,6 @@
 #include "analysis/regress.h"
 #include "data/methodlabels.h"
 #include "numeric/sngguard.h"
-#include "platform/platform.h"
 #include "plot/transforms.h"
 #include "session/session.h"
 #include "shell/prompts.h"
@@ -34,11 +33,6 @@ int activesets() {
     int count = 0;
     for (int k = 1; k <= setcount(); ++k) count += setnumber(k).active ? 1 : 0;
     return count;
-}
-
-bool escaped() {
-    if (platform && platform->window().pendingevents()) session.abortCode = escapePressed;
-    return session.abortCode == escapePressed;
 }
 
 // ---- start of a run ----
@@ -204,7 +198,7 @@ void fitset(const Set& set) {
     regressselect();
     session.setLabel(set.k).clear();
     appendstatus(session.setLabel(set.k), set.k);
-    if (session.calcError > 0) return;
+    if (session.calcError > 0 || session.abortCode == escapePressed) return;
     const PlotLine line = fitline(session.sums, regressxony(), fixedplotslope());
     if (!line.exists) {
         fallbackline(set);

@@ -1,5 +1,6 @@
 #include "analysis/notices.h"
 
+#include "platform/platform.h"
 #include "shell/prompts.h"
 
 void keepnotice(int k) {
@@ -8,6 +9,11 @@ void keepnotice(int k) {
     if (session.quiet == 1) return;
     session.menuTitle.clear();
     tellok();
+}
+
+bool escaped() {
+    if (platform && platform->window().pendingevents()) session.abortCode = escapePressed;
+    return session.abortCode == escapePressed;
 }
 
 void tellbadrow(int k, int j) {

@@ -21,6 +21,9 @@ void tellrun(const Parts&... parts) {
     keepnotice(0);
 }
 
+/// Lets pending window events run. True once the user has pressed Escape in this run.
+bool escaped();
+
 /// A grouped row whose position is not within 0 and 100 percent.
 void tellbadrow(int k, int j);
 

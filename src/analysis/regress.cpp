@@ -17,6 +17,7 @@ namespace {
 constexpr double bigValue = 50000;    ///< from here on a set at rr goes by group
 constexpr double bigQuantity = 1e6;   ///< and from this many units
 constexpr double unitLimit = 1 << 24; ///< beyond this a single can no longer count units one by one
+constexpr int unitsBetweenEvents = 8192;
 constexpr float highestShown = 0.999999f;
 constexpr float lowestShown = 1e-29f;
 
@@ -69,6 +70,7 @@ void rankunits(Walk& walk, int j, double q) {
     double pSum = 0;
     double p = 0;
     for (double unit = 0; unit < q; ++unit) {
+        if (static_cast<int>(walk.c) % unitsBetweenEvents == unitsBetweenEvents - 1 && escaped()) return;
         walk.r += rankincrement(walk.N, walk.c, walk.r);
         walk.c += 1;
         rankSum += walk.r;
@@ -117,7 +119,7 @@ void walkgrouped(const Walk& walk) {
 /// One walk over the points in order; `rank` ranks the units of a failure row.
 template <class Rank>
 void walkranks(Walk& walk, Rank rank) {
-    for (int m = 1; m <= walk.points; ++m) {
+    for (int m = 1; m <= walk.points && session.abortCode != escapePressed; ++m) {
         const int j = session.pointOrder(walk.k, m);
         const double q = pointquantity(walk.k, j);
         if (issuspended(session.pointTypes(walk.k, j)))
