@@ -7,6 +7,7 @@
 #include "analysis/notices.h"
 #include "analysis/order.h"
 #include "analysis/regress.h"
+#include "data/cell.h"
 #include "data/methodlabels.h"
 #include "numeric/sngguard.h"
 #include "plot/transforms.h"

@@ -102,17 +102,8 @@ bool groupedinput() {
     return session.inputType < 0 || (session.inputType >= prbt2 && session.inputType <= km4);
 }
 
-bool negativedata() {
-    return session.negativeXAllowed == 1 && (session.dist == normal || session.dist == gumbel);
-}
-
 double pointquantity(int k, int j) {
     return std::max(1.0, std::floor(static_cast<double>(session.v1(k, j))));
-}
-
-double pointvalue(int k, int j) {
-    const double x = session.X(static_cast<int>(rowofset(static_cast<float>(k))), j);
-    return negativedata() ? x : std::fabs(x);
 }
 
 double pointupper(int k, int j) { return session.v2(k, j); }

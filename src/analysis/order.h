@@ -15,15 +15,8 @@ void placepoints(int k);
 /// Quantity of point j of set k: v1 as a whole number, anything below 1 taken as 1.
 double pointquantity(int k, int j);
 
-/// Data value of point j of set k without the threshold: the size of X, or X itself where negative values
-/// are data.
-double pointvalue(int k, int j);
-
 /// Upper end of an interval point, without the threshold.
 double pointupper(int k, int j);
 
 /// True for the grouped rows, which carry their own positions: probit and Kaplan-Meier input.
 bool groupedinput();
-
-/// True when a negative X is a value and not a suspension mark for the family in force.
-bool negativedata();

@@ -7,6 +7,7 @@
 #include "analysis/notices.h"
 #include "analysis/order.h"
 #include "analysis/ranks.h"
+#include "data/cell.h"
 #include "numeric/sngguard.h"
 #include "plot/transforms.h"
 #include "session/session.h"

@@ -148,9 +148,17 @@ int pointclassify(bool asStored, int k) {
         return type;
     }
     if (session.xyz2 > censored) return Susp;
-    const bool wholeLine =
-        session.negativeXAllowed == 1 && (session.dist == normal || session.dist == gumbel);
-    return !asStored && !wholeLine && !(session.xyz > 0) ? Susp : Occr;
+    return !asStored && !negativedata() && !(session.xyz > 0) ? Susp : Occr;
+}
+
+bool negativedata() {
+    const bool wholeLine = session.dist == normal || session.dist == gumbel;
+    return session.negativeXAllowed == 1 && (session.inputType == intv5 || wholeLine);
+}
+
+double pointvalue(int k, int j) {
+    const double x = session.X(datarow(k), j);
+    return negativedata() ? x : std::fabs(x);
 }
 
 void pointlabelget(int k, int j) {

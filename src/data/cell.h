@@ -31,6 +31,13 @@ void celltext(std::string& text, int k, int j);
 /// `asStored` true: the point is shown or stored as it stands, and a minus sign on X is not read.
 int pointclassify(bool asStored, int k);
 
+/// True when a negative X is a value, not a suspension mark: in the interval form when negative values are
+/// allowed, else for the families that run over the whole line besides.
+bool negativedata();
+
+/// Data value of point j of set k, before any threshold: X where a negative X is a value, else its size.
+double pointvalue(int k, int j);
+
 /// Looks at a new cell's text in msg before it is stored, and leaves msg as it was. May change inputType or
 /// intervalPlot after asking. True when the session must be rebuilt.
 bool cellformcheck();

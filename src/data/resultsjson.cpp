@@ -48,13 +48,6 @@ void writemessages(JsonWriter& json, int k) {
     json.close(']');
 }
 
-/// X of a point: its size where a minus sign marks a suspension.
-float pointx(int row, int j) {
-    const bool signIsData =
-        session.progSide != lifeSide || (session.negativeXAllowed == 1 && session.dist >= normal);
-    return signIsData ? session.X(row, j) : std::fabs(session.X(row, j));
-}
-
 /// A suspension stands in no place of its own: what the plot shows of it is no position and no rank.
 void writepoint(JsonWriter& json, int k, int j) {
     constexpr auto none = static_cast<float>(noAnswer);
@@ -64,7 +57,7 @@ void writepoint(JsonWriter& json, int k, int j) {
     const bool placed = session.progSide == lifeSide && type != Susp;
     const bool ranked = placed && !(session.inputType >= prbt2 && session.inputType <= km4);
     json.open('{');
-    json.field("x", pointx(row, j));
+    json.field("x", session.progSide == lifeSide ? static_cast<float>(pointvalue(k, j)) : session.X(row, j));
     json.field("upper", interval ? session.v2(k, j) : none);
     json.name("type");
     writetype(json, type);

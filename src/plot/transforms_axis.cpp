@@ -130,7 +130,7 @@ double plotyofvalue(double v) {
 void storeploty(const char* name, double result) {
     const auto place = [&] {
         std::string text = std::string(name) + " ud#(in)=";
-        addplain(text, session.ud);
+        appendtrimmed(text, session.ud);
         return text;
     };
     if (keepable(result, allfinite(session.ud), place)) session.ud = result;
@@ -142,7 +142,7 @@ void txy2txy() {
     const float result = tosingle(plotyofvalue(session.u));
     const auto place = [] {
         std::string text = "txy2txy u(in)=";
-        addplain(text, session.u);
+        appendtrimmed(text, session.u);
         return text;
     };
     if (keepable(result, allfinite(session.u), place)) session.u = result;

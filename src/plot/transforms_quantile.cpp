@@ -149,11 +149,11 @@ void locatethrough(const char* name, void (*toplot)()) {
     const auto place = [&] {
         std::string text = name;
         text += " Y=";
-        addplain(text, p);
+        appendtrimmed(text, p);
         text += " X=";
-        addplain(text, x);
+        appendtrimmed(text, x);
         text += " B=";
-        addplain(text, line.beta);
+        appendtrimmed(text, line.beta);
         return text;
     };
     if (keepable(eta, allfinite(line) && allfinite(x, p), place)) session.eta = eta;

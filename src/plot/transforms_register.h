@@ -6,6 +6,7 @@
 #include <cmath>
 #include <string>
 
+#include "data/numbertext.h"
 #include "numeric/normal.h"
 #include "numeric/sngguard.h"
 #include "plot/transforms.h"
@@ -55,10 +56,6 @@ WeibullStep weibullstep(const FamilyLine& line, double x, double test);
 /// The limits of the wide pair: neither member reaches 0.
 Probability limitedpair(const Probability& raw);
 
-/// Adds a number to a location text: shortest digits, without blanks.
-void addplain(std::string& text, float value);
-void addplain(std::string& text, double value);
-
 /// Tells of a formula that gave `result` from finite arguments.
 void tellformula(std::string location, double result);
 
@@ -67,11 +64,11 @@ template <class T>
 std::string densityplace(const char* name, const FamilyLine& line, T x) {
     std::string place = name;
     place += " ... eta#=";
-    addplain(place, line.eta);
+    appendtrimmed(place, line.eta);
     place += " beta#=";
-    addplain(place, line.beta);
+    appendtrimmed(place, line.beta);
     place += " x=";
-    addplain(place, x);
+    appendtrimmed(place, x);
     return place;
 }
 

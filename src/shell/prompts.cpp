@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 
+#include "numeric/matherror.h"
 #include "platform/platform.h"
 #include "session/session.h"
 
@@ -62,6 +63,14 @@ void appendcause(std::string& text, int number) {
     case 9: extend(text, Word::Array, " ", Word::Too, " ", Word::Big); break;
     default: break;
     }
+}
+
+/// Shows the text of a failed number routine.
+void tellmathtext(std::string_view text) {
+    Keep keep{session.msg, session.menuTitle};
+    session.menuTitle.clear();
+    session.msg = text;
+    tellok();
 }
 
 } // namespace
@@ -122,4 +131,7 @@ void reportfault(int number) {
     tellok();
 }
 
-void installreporters() { tellfault = reportfault; }
+void installreporters() {
+    tellfault = reportfault;
+    tellmatherror = tellmathtext;
+}
