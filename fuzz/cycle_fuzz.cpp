@@ -46,7 +46,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
     gridclear();
     chooseoptions(data[0], data[1], data[2]);
     session.noPrompt = 1;
-    session.gridCells = readplaintext({reinterpret_cast<const char*>(data + 3), size - 3}, 10, 1600).columns;
+    session.gridCells = readplaintext({reinterpret_cast<const char*>(data + 3), size - 3}, 10);
     calcplot();
     std::string json;
     writeresults(json);

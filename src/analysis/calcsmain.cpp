@@ -258,23 +258,27 @@ void analyseset(const Set& set) {
     tellnotenough(set.k, likelihoodpossible(set));
 }
 
+bool samplesdiffer(int k) {
+    for (int j = 2; j <= pointcount(k); ++j)
+        if (session.v2(k, j) != session.v2(k, 1)) return true;
+    return false;
+}
+
 /// Grouped rows read as one sample inspected again and again cannot have samples of different sizes.
 void cautionsamples() {
     if (!groupedinput() || session.inputType == km4 || session.groupingOption != 1) return;
-    for (int k = 1; k <= setcount(); ++k) {
-        for (int j = 2; j <= pointcount(k); ++j) {
-            if (session.v2(k, j) == session.v2(k, 1)) continue;
-            compose(session.msg, Word::Input, " ", Word::Type, " ", Word::Inspect, " ", Word::Sample, " ",
-                    Word::To, " ", Word::Sample, " = ", Word::No, " ", Word::Difference, "\n", Word::Set, " ",
-                    k, " ", Word::Point, " ", Word::To, " ", Word::Point, " ", Word::Sample, " ",
-                    Word::Quantity, " = ", Word::Difference, "\n", Word::Change, " ", Word::Input, " ",
-                    Word::Type, " ", Word::To, " ", Word::Difference);
-            session.menuTitle = word(Word::Caution);
-            askyesno();
-            if (session.u == 1) session.groupingOption = 2;
-            return;
-        }
-    }
+    std::string sets;
+    for (int k = 1; k <= setcount(); ++k)
+        if (samplesdiffer(k)) extend(sets, " ", k);
+    if (sets.empty()) return;
+    compose(session.msg, Word::Input, " ", Word::Type, " ", Word::Inspect, " ", Word::Sample, " ", Word::To,
+            " ", Word::Sample, " = ", Word::No, " ", Word::Difference, "\n", Word::Set, sets, " ",
+            Word::Point, " ", Word::To, " ", Word::Point, " ", Word::Sample, " ", Word::Quantity, " = ",
+            Word::Difference, "\n", Word::Change, " ", Word::Input, " ", Word::Type, " ", Word::To, " ",
+            Word::Difference);
+    session.menuTitle = word(Word::Caution);
+    askyesno();
+    if (session.u == 1) session.groupingOption = 2;
 }
 
 void endrun() {

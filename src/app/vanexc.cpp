@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <new>
 #include <optional>
 #include <string>
 #include <vector>
@@ -87,44 +88,40 @@ bool startedaslifeside(const char* name) {
     return base.starts_with("vanexw") || base.starts_with("VANEXW");
 }
 
-/// The smallest array size that holds the data, up to the largest there is.
-void sizefor(std::size_t cells) {
-    session.sizeExponent = 1;
-    while (session.sizeExponent < 10) {
-        if (!sizearrays() || static_cast<double>(session.maxPoints) >= static_cast<double>(cells)) return;
-        ++session.sizeExponent;
+/// The smallest array size that holds the data, up to the largest there is. False when memory falls short.
+bool sizefor(std::size_t cells) {
+    for (session.sizeExponent = 1;; ++session.sizeExponent) {
+        if (!sizearrays()) return false;
+        if (session.sizeExponent == 10
+            || static_cast<double>(session.maxPoints) >= static_cast<double>(cells))
+            return true;
     }
-    sizearrays();
 }
 
-void loadsample() {
+bool loadsample() {
     constexpr int leukemiaSample = 2;
     const Sample& sample = *sampledata(leukemiaSample);
-    sizefor(sample.cells.size());
     int point = 0;
     for (const auto cell : sample.cells) gridset(1, ++point, cell);
     session.gridTitles.assign(1, std::string(sample.label));
     session.fileName = sample.label;
+    return true;
 }
 
-/// Reads the data into the grid. False when the file cannot be read.
-bool loaddata() {
-    if (session.cmdFile.empty()) {
-        loadsample();
-        return true;
-    }
+/// Reads the file that was named into the grid. False when it cannot be read.
+bool loadfile() {
     const std::optional<std::string> text = readfile(session.cmdFile);
     if (!text) return false;
-    // One set and one point beyond what any array size holds, so that what is too much is told.
-    constexpr std::size_t mostColumns = 25;
-    constexpr std::size_t mostCells = 768001;
-    PlainText data = readplaintext(*text, mostColumns, mostCells);
-    std::size_t longest = 0;
-    for (const auto& column : data.columns) longest = std::max(longest, column.size());
-    sizefor(longest);
-    session.gridCells = std::move(data.columns);
+    constexpr std::size_t oneSetTooMany = 25; // so that what is too much is told
+    session.gridCells = readplaintext(*text, oneSetTooMany);
     session.fileName = session.cmdFile;
     return true;
+}
+
+std::size_t longestcolumn() {
+    std::size_t longest = 0;
+    for (const auto& column : session.gridCells) longest = std::max(longest, column.size());
+    return longest;
 }
 
 bool anyresult() {
@@ -149,8 +146,12 @@ bool writeoutput(const std::optional<std::string>& path, const std::string& text
 }
 
 int run(const Outputs& outputs, HeadlessPlatform& console) {
-    if (!loaddata()) {
+    if (!(session.cmdFile.empty() ? loadsample() : loadfile())) {
         complain(compose(session.msg, Word::Cannot, " ", Word::Open, " ", Word::File, ": ", session.cmdFile));
+        return noResult;
+    }
+    if (!sizefor(longestcolumn())) {
+        complain(compose(session.msg, Word::Not, " ", Word::Enough, " ", Word::Free, " ", Word::Memory));
         return noResult;
     }
     calcplot();
@@ -190,5 +191,10 @@ int main(int argc, char** argv) {
     const int16_t side = session.cmdFile.empty() ? int16_t{lifeSide} : session.cmdSide;
     chooseside(side == lifeSide || (side == 0 && life) ? lifeSide : visualSide);
     cmdapply();
-    return run(outputs, console);
+    try {
+        return run(outputs, console);
+    } catch (const std::bad_alloc&) {
+        complain(compose(session.msg, Word::Not, " ", Word::Enough, " ", Word::Free, " ", Word::Memory));
+        return noResult;
+    }
 }

@@ -121,8 +121,8 @@ Cell cellsplit(std::string_view text) {
 bool cellstore(const Cell& cell, int k, int j) {
     if (!cell.hasValue || !ispoint(j) || k < 1 || static_cast<float>(k) > session.maxSets) return false;
     const int row = datarow(k);
-    session.X(row, j) = cell.x;
-    session.Y(row, j) = cell.y;
+    session.X(row, j) = session.entryX(row, j) = cell.x;
+    session.Y(row, j) = session.entryY(row, j) = cell.y;
     session.v1(k, j) = cell.quantity;
     session.v2(k, j) = cell.z;
     pointlabelput(k, j, cell.label);
@@ -131,8 +131,8 @@ bool cellstore(const Cell& cell, int k, int j) {
 
 void celltext(std::string& text, int k, int j) {
     const int row = datarow(k);
-    appendtrimmed(text, session.X(row, j));
-    for (const float field : {session.Y(row, j), session.v1(k, j), session.v2(k, j)}) {
+    appendtrimmed(text, session.entryX(row, j));
+    for (const float field : {session.entryY(row, j), session.v1(k, j), session.v2(k, j)}) {
         text += 'x';
         appendtrimmed(text, field);
     }

@@ -24,7 +24,8 @@ Cell cellsplit(std::string_view text);
 /// holds no value, or j is beyond maxPoints or k beyond maxSets: it is dropped. Allocates only for a label.
 bool cellstore(const Cell& cell, int k, int j);
 
-/// Appends point j of set k in the four-field text form: "6x0x3x0", "28x1x1x0_026".
+/// Appends point j of set k in the four-field text form: "6x0x3x0", "28x1x1x0_026". X and Y as entered: the
+/// analysis puts the plotted position into Y.
 void celltext(std::string& text, int k, int j);
 
 /// Classifies the point in xyz (X) and xyz2 (Z) of set k into the result, a PointType; may rewrite both.

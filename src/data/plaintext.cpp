@@ -38,50 +38,32 @@ std::string_view nextword(std::string_view& line) {
     return cell;
 }
 
-class Columns {
-public:
-    Columns(PlainText& text, std::size_t columns, std::size_t cells)
-        : result(text),
-          maxColumns(columns),
-          maxCells(cells) {}
+void put(CellColumns& columns, std::size_t column, std::string_view cell) {
+    cell = trimmed(cell);
+    if (cell.ends_with(',')) cell.remove_suffix(1);
+    if (cell.empty()) return;
+    if (columns.size() <= column) columns.resize(column + 1);
+    columns[column].emplace_back(cell);
+}
 
-    void put(std::size_t column, std::string_view cell) {
-        cell = trimmed(cell);
-        if (cell.ends_with(',')) cell.remove_suffix(1);
-        if (cell.empty()) return;
-        if (column >= maxColumns
-            || (column < result.columns.size() && result.columns[column].size() >= maxCells)) {
-            ++result.cut;
-            return;
-        }
-        if (result.columns.size() <= column) result.columns.resize(column + 1);
-        result.columns[column].emplace_back(cell);
+void readline(std::string_view line, CellColumns& columns, std::size_t maxColumns) {
+    const bool tabbed = line.find('\t') != std::string_view::npos;
+    for (std::size_t column = 0; column < maxColumns; ++column) {
+        if (!tabbed) line = trimmed(line);
+        if (line.empty()) return;
+        put(columns, column, tabbed ? nextcell(line, "\t") : nextword(line));
     }
-
-private:
-    PlainText& result;
-    std::size_t maxColumns, maxCells;
-};
-
-void readline(std::string_view line, Columns& columns) {
-    std::size_t column = 0;
-    if (line.find('\t') != std::string_view::npos) {
-        while (!line.empty()) columns.put(column++, nextcell(line, "\t"));
-        return;
-    }
-    while (!(line = trimmed(line)).empty()) columns.put(column++, nextword(line));
 }
 
 } // namespace
 
-PlainText readplaintext(std::string_view text, std::size_t maxColumns, std::size_t maxCells) {
-    PlainText result;
-    Columns columns(result, maxColumns, maxCells);
+CellColumns readplaintext(std::string_view text, std::size_t maxColumns) {
+    CellColumns columns;
     if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
     while (!text.empty()) {
         const std::string_view line = nextcell(text, "\n");
         if (const auto content = trimmed(line); content.empty() || content.front() == '#') continue;
-        readline(line, columns);
+        readline(line, columns, maxColumns);
     }
-    return result;
+    return columns;
 }

@@ -102,7 +102,10 @@ bool sizearrays() {
     derivecapacities();
     const Bounds b = bounds();
     const bool all = sizepoints(b) && sizelines(b) && sizefits(b);
-    if (all) sessionclear();
+    if (all)
+        sessionclear();
+    else
+        session.maxPoints = 0;
     return all;
 }
 

@@ -43,7 +43,7 @@ struct Session : Capacities,
 extern Session session;
 
 /// Derives the capacities from progSide and sizeExponent and allocates every array by them. False when
-/// memory does not suffice; the session then has no arrays.
+/// memory does not suffice; the session then has no arrays, and maxPoints is 0.
 bool sizearrays();
 
 /// Empties the session: no rows, no points, no results. Capacities and options stay.

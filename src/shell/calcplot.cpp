@@ -66,8 +66,8 @@ bool readdata() {
     const int sets = static_cast<int>(session.gridCells.size());
     const int room = static_cast<int>(session.maxSets);
     if (sets > room)
-        tellrun(Word::Set, " ", Word::Quantity, " ", Word::Too, " ", Word::Big, " (", sets, " > ", room,
-                ") ... ", Word::View, " ", Word::Setup);
+        tellrun(Word::Set, " ", Word::Quantity, " ", Word::Too, " ", Word::Big, " (> ", room, ") ... ",
+                Word::View, " ", Word::Setup);
     float last = 0;
     for (int k = 1; k <= std::min(sets, room); ++k) {
         const float row = rowofset(static_cast<float>(k));
