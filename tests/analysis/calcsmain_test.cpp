@@ -220,6 +220,36 @@ TEST_F(CalcsmainTest, AFixedLognormalSpreadIsTheSpreadFactor) {
     EXPECT_RELATIVE(fit().eta, std::exp(x - y * std::log(1.5)), digits);
 }
 
+TEST_F(CalcsmainTest, AFixedLognormalSpreadFactorBelowOneGivesNoLine) {
+    choose(lognormal);
+    session.fixedSlope = 0.5f;
+    life(good);
+    EXPECT_FALSE(fit().fitted);
+    EXPECT_EQ(told(), Notices{"Set 1: rr Fit Not Possible"});
+}
+
+TEST_F(CalcsmainTest, AFixedLognormalSpreadFactorOfOneIsOutOfRange) {
+    choose(lognormal);
+    session.fixedSlope = 1;
+    life(good);
+    EXPECT_FALSE(fit().fitted);
+    EXPECT_EQ(told(), Notices{"Set 1: Parameter Too Big Or Too Small ..."});
+}
+
+TEST_F(CalcsmainTest, ParametersBeyondTheNumericRangeAreTold) {
+    session.inputType = intv5; // big values stay in it
+    life({"1", "1e30", "-1e30x0x98"});
+    EXPECT_FALSE(fit().fitted);
+    EXPECT_EQ(told(), Notices{"Set 1: Parameter Too Big Or Too Small ..."});
+}
+
+TEST_F(CalcsmainTest, AFixedSlopeStillNeedsAFailure) {
+    session.fixedSlope = 2;
+    life({"-10", "-20"});
+    EXPECT_FALSE(fit().fitted);
+    EXPECT_EQ(told(), Notices{weibayesOrMle});
+}
+
 TEST_F(CalcsmainTest, AFixedNormalOrGumbelSpreadIsTheSpread) {
     struct {
         Dist family;

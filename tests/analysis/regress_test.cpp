@@ -121,6 +121,17 @@ TEST_F(RegressTest, TakesAQuantityBelowOneAsOne) {
     EXPECT_EQ(fit(), plain);
 }
 
+TEST_F(RegressTest, LeavesPositionsBeyondOneHundredPercentOutInEveryFamily) {
+    session.popPortion = 0.5f;
+    session.rankMethod = meanRank;
+    for (const auto& [family, extreme] :
+         {std::pair{weibull, -1}, {lognormal, -1}, {normal, -1}, {gumbel, -1}, {gumbel, 1}}) {
+        choose(family, extreme);
+        life({"10", "20", "30", "40", "50", "60", "70"});
+        EXPECT_EQ(session.sums.n, 3) << family;
+    }
+}
+
 TEST_F(RegressTest, LeavesPositionsBeyondOneHundredPercentOutOfTheLine) {
     session.popPortion = 0.5f;
     session.rankMethod = meanRank;
@@ -176,6 +187,23 @@ TEST_F(RegressTest, PutsAnIntervalAtTheMeanOfThePlotValues) {
                           {(std::log(300) + std::log(500)) / 2, benardy(2, 3)},
                           {std::log(700), benardy(3, 3)}},
                          true));
+}
+
+TEST_F(RegressTest, PutsADiscoveryAtItsAgeAndCountsIt) {
+    session.inputType = intv5;
+    life({"<100", "300", "700"});
+    EXPECT_EQ(session.countDisc(1), 1);
+    EXPECT_EQ(session.countOccr(1), 2);
+    expectline(CheckLine(
+        {{std::log(100), benardy(1, 3)}, {std::log(300), benardy(2, 3)}, {std::log(700), benardy(3, 3)}},
+        true));
+}
+
+TEST_F(RegressTest, FitsIntervalsAndDiscoveriesWithoutAnyExactFailure) {
+    session.inputType = intv5;
+    life({"<100", "300x0x1x500"});
+    EXPECT_EQ(session.countOccr(1), 0);
+    EXPECT_TRUE(fit().fitted);
 }
 
 TEST_F(RegressTest, PutsAnIntervalOfALinearAxisInTheMiddle) {
