@@ -211,6 +211,19 @@ TEST_F(RanksTest, OfAKaplanMeierRowOfSuspensionsAloneRepeatTheRowBefore) {
     EXPECT_EQ(session.sums.n, 7); // failure rows alone are points
 }
 
+TEST_F(RanksTest, OfKaplanMeierRowsCountASuspensionAfterEveryFailureAtItsAge) {
+    session.inputType = km4;
+    // 5 at risk at 10, then 4: S = 4/5 * 3/4; 2 at risk at 20: S = 3/5 * 1/2.
+    for (const Cells& cells :
+         {Cells{"10x0x1x1", "10x0x1", "20x0x1x1"}, Cells{"10x0x1", "10x0x1x1", "20x0x1x1"},
+          Cells{"-10x0x1", "10x0x1", "10x0x1", "20x0x1x1"}}) {
+        life(cells);
+        const int last = static_cast<int>(cells.size());
+        EXPECT_RELATIVE(position(last - 1), 0.4, single);
+        EXPECT_RELATIVE(position(last), 0.7, single);
+    }
+}
+
 TEST_F(RanksTest, OfTheKaplanMeierRowThatLeavesNobodyTakeTheLastUnitRule) {
     session.inputType = km4;
     life({"10x0x1", "20x0x2", "30x0x1"});
