@@ -460,6 +460,14 @@ TEST_F(CalcsmainTest, NormalBoundsAreClearedForASetWithSuspensions) {
     EXPECT_TRUE(fit().fitted);
 }
 
+TEST_F(CalcsmainTest, TheBoundRowsOfASideThatIsNotAskedForAreCleared) {
+    session.n(1) = session.n(2) = 7; // low and high bound of set 1
+    session.confLow = 5;
+    life(good);
+    EXPECT_EQ(session.n(1), 7);
+    EXPECT_EQ(session.n(2), 0);
+}
+
 TEST_F(CalcsmainTest, ALognormalSetWithoutBoundsIsNotToldOfThem) {
     choose(lognormal);
     session.confMethod = 6;
