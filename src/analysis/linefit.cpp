@@ -22,9 +22,9 @@ PlotLine fitline(const RegressionSums& s, bool xOnY, double fixed) {
     const double cross = s.n * s.Sxy - s.Sx * s.Sy;
     const double denominator = xOnY ? cross : s.n * s.Sxx - s.Sx * s.Sx;
     const double numerator = xOnY ? s.n * s.Syy - s.Sy * s.Sy : cross;
-    line.exists = denominator != 0 || fixed > 0;
+    line.exists = denominator != 0 || fixed != 0;
     if (!line.exists) return line;
-    line.slope = fixed > 0 ? fixed : numerator / denominator;
+    line.slope = fixed != 0 ? fixed : numerator / denominator;
     if (line.slope > 0) line.crossing = s.originX - (s.Sy - line.slope * s.Sx) / s.n / line.slope;
     line.r = correlation(s);
     return line;

@@ -13,7 +13,8 @@ struct PlotLine {
 /// Least-squares line through the accumulated points.
 /// xOnY: the squares are taken along X, slope (n Syy - Sy^2) / (n Sxy - Sx Sy), the field's custom for life
 /// data, where the X of a failure is what was observed; otherwise along Y, slope (n Sxy - Sx Sy) / (n Sxx -
-/// Sx^2). fixed > 0 gives the slope, and the line goes through the centre of the points.
+/// Sx^2). fixed other than 0 gives the slope, and the line goes through the centre of the points; a negative
+/// one is given back as it is, for the caller to refuse.
 /// Abernethy, The New Weibull Handbook, ch. 5; Draper and Smith, Applied Regression Analysis.
 PlotLine fitline(const RegressionSums& sums, bool xOnY, double fixed);
 
@@ -22,7 +23,8 @@ PlotLine fitline(const RegressionSums& sums, bool xOnY, double fixed);
 bool regressxony();
 
 /// Slope on the plot axes of the fixed slope in force: the slope itself for Weibull, else one over the
-/// plotted spread. 0 when the slope is free.
+/// plotted spread. 0 when the slope is free; not positive for a Lognormal spread factor below 1, which is
+/// none.
 double fixedplotslope();
 
 /// Parameters of a line on the plot axes for the family in force, into eta and beta: scale (median, mean,

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "analysis/order.h"
 #include "numeric/binomial.h"
@@ -38,15 +39,22 @@ double kaplanmeierposition(double N, double r) {
 void positionkaplanmeier(int k, int i, int points) {
     double atRisk = session.countQuantity(k);
     double survival = 1;
+    double leaving = 0; // suspended at `age`: at risk for every failure there, whatever row it stands in
+    double age = 0;
     for (int m = 1; m <= points; ++m) {
         const int j = session.pointOrder(k, m);
+        if (const double x = pointvalue(k, j); x != age) {
+            atRisk -= std::exchange(leaving, 0);
+            age = x;
+        }
         const double q = std::max(0.0, std::floor(static_cast<double>(session.v1(k, j))));
         const double z = session.v2(k, j);
         const bool suspended = session.pointTypes(k, j) == Susp;
         const double failed = suspended ? 0 : q;
         const double left = (suspended ? q : 0) + (z > 0 && z < 1e9 ? std::floor(z) : 0);
         if (failed > 0 && atRisk > 0) survival *= 1 - failed / atRisk;
-        atRisk -= failed + left;
+        atRisk -= failed;
+        leaving += left;
         session.Y(i, j) = sngguard(survival > 0 ? 1 - survival : lastunit(session.countQuantity(k)));
     }
 }

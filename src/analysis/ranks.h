@@ -26,6 +26,6 @@ inline double rankincrement(double N, double c, double r) { return (N + 1 - r) /
 /// Probit rows carry their own proportion: prbt2 the cumulative number affected over the sample size, prbt3
 /// the cumulative percentage itself. Kaplan-Meier rows give the failures (Q) and the suspensions (Z) at one
 /// X, in order of X: the position is 1 - S with S the product of (1 - d/m) over the rows so far, d failures
-/// among m units still at risk; the suspensions of a row leave after its failures. The row that brings S to 0
+/// among m units still at risk; suspensions leave after all failures at their X. The row that brings S to 0
 /// takes the last-unit rule of plotposition. A row of suspensions alone repeats the position before it.
 void positiongrouped(int k);
