@@ -100,8 +100,6 @@ double valueinorder(const Set& set, int m) { return pointvalue(set.k, session.po
 bool suspensionstoosmall(const Set& set) {
     if (session.fitMethod != maximumLikelihood || session.fixedSlope > 0 || negativedata()) return false;
     if (occurrences(set) != 1 || session.countQuantity(set.k) <= 1) return false;
-    const int last = session.pointOrder(set.k, set.points);
-    if (session.pointTypes(set.k, last) != Susp) return true;
     for (int m = 1; m <= set.points; ++m)
         if (session.pointTypes(set.k, session.pointOrder(set.k, m)) != Susp)
             return valueinorder(set, m) == valueinorder(set, set.points);

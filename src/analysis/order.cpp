@@ -12,7 +12,11 @@ namespace {
 
 bool isinterval(int16_t type) { return type == Intv || type == intvComplement; }
 
+/// Where an interval stands. One that begins at or below 0 has no lower place on a logarithmic axis: like a
+/// discovery it is known only to have failed before its upper end, and stands there.
 double middle(double lower, double upper) {
+    const bool logarithmic = session.dist == weibull || session.dist == lognormal;
+    if (logarithmic && lower <= 0) return plotxofx(session.dist, upper);
     return (plotxofx(session.dist, lower) + plotxofx(session.dist, upper)) / 2;
 }
 

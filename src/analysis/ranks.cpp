@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "analysis/order.h"
+#include "data/cell.h"
 #include "numeric/binomial.h"
 #include "numeric/sngguard.h"
 #include "session/session.h"

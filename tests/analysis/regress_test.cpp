@@ -206,6 +206,17 @@ TEST_F(RegressTest, FitsIntervalsAndDiscoveriesWithoutAnyExactFailure) {
     EXPECT_TRUE(fit().fitted);
 }
 
+TEST_F(RegressTest, AnIntervalFromZeroStandsWhereADiscoveryDoesOnALogarithmicAxis) {
+    session.inputType = intv5;
+    life({"<20", "30x0x1x50", "70"});
+    const Fit discovery = fit();
+    life({"0x0x1x20", "30x0x1x50", "70"});
+    EXPECT_EQ(fit(), discovery);
+    life({"0x0x1x2000", "3000x0x1x5000", "7000"}); // in another unit the slope stays
+    EXPECT_NEAR(fit().beta / discovery.beta, 1, 1e-12);
+    EXPECT_NEAR(fit().eta / discovery.eta, 100, 1e-10);
+}
+
 TEST_F(RegressTest, PutsAnIntervalOfALinearAxisInTheMiddle) {
     session.inputType = intv5;
     choose(normal);
