@@ -65,8 +65,8 @@ bool sizelines(const Bounds& b) {
 
 bool sizefits(const Bounds& b) {
     Session& s = session;
-    bool all = s.etaFit.size(b.R, 2) && s.betaFit.size(b.R, 2) && s.BARRXA.size(10, b.S)
-               && s.BARRYA.size(10, b.S);
+    bool all =
+        s.etaFit.size(b.R, 2) && s.betaFit.size(b.R, 2) && s.BARRXA.size(10, b.S) && s.BARRYA.size(10, b.S);
     for (const auto list : members::setFlags) all = all && (s.*list).size(b.S);
     for (const auto list : members::setTexts) all = all && (s.*list).size(b.S);
     for (const auto list : members::setFloats) all = all && (s.*list).size(b.S);
@@ -114,10 +114,16 @@ void sessionclear() {
     s.W2n.fill(0);
     for (auto& labels : s.pointLabels) std::fill(labels.begin(), labels.end(), std::string());
     for (const auto list : members::lineFloats) (s.*list).fill(0);
+    for (const auto list : members::lineTexts) (s.*list).fill({});
     for (const auto list : members::setFloats) (s.*list).fill(0);
     for (const auto list : members::setDoubles) (s.*list).fill(0);
     for (const auto list : members::setFlags) (s.*list).fill(0);
     for (const auto list : members::setTexts) (s.*list).fill({});
+    for (auto& list : s.PARAMCONF) list.fill(0);
+    for (auto* table : {&s.etaFit, &s.betaFit, &s.paramA, &s.paramB, &s.paramExtra}) table->fill(0);
+    for (auto* table : {&s.BARRXA, &s.BARRYA, &s.paramExtraSingle}) table->fill(0);
+    for (auto& other : s.paramOther) other.fill(0);
+    for (auto& ends : s.lineEnd) ends.fill(0);
     s.lineHide.fill(0);
     for (auto& messages : s.setMessages) messages.clear();
     s.calcError = 0;
