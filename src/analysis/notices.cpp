@@ -4,7 +4,8 @@
 
 void keepnotice(int k) {
     wordclean(session.msg);
-    session.setMessages[static_cast<std::size_t>(k)].push_back(session.msg);
+    if (static_cast<std::size_t>(k) < session.setMessages.size())
+        session.setMessages[static_cast<std::size_t>(k)].push_back(session.msg);
     if (session.quiet == 1) return;
     session.menuTitle.clear();
     tellok();
@@ -13,8 +14,8 @@ void keepnotice(int k) {
 void tellbadrow(int k, int j) {
     const auto tell = [k](const auto&... cause) {
         tellset(k, Word::Outside, " ", Word::Input, " ", Word::Range, cause..., "\n", Word::For, " ",
-                Word::Probit, " ", Word::Data, "\n", Word::Note, ": 0 % ", Word::Or, " 100 % ", Word::Occurrence,
-                " = ", Word::Bad);
+                Word::Probit, " ", Word::Data, "\n", Word::Note, ": 0 % ", Word::Or, " 100 % ",
+                Word::Occurrence, " = ", Word::Bad);
     };
     if (session.v1(k, j) <= 0)
         tell(" ... ", Word::Affected, " <= 0");

@@ -36,8 +36,8 @@ bool discoveryingrid() {
 
 void refusethresholdsearch() {
     if (session.findThreshold == 0 || !discoveryingrid()) return;
-    tellrun(Word::Discovery, " ", Word::In, " ", Word::Data, " ", Word::Set, " ... ", Word::Find, " t0 ", Word::Not, " ",
-            Word::Possible);
+    tellrun(Word::Discovery, " ", Word::In, " ", Word::Data, " ", Word::Set, " ... ", Word::Find, " t0 ",
+            Word::Not, " ", Word::Possible);
     session.findThreshold = 0;
 }
 
@@ -59,17 +59,16 @@ void resetmarks() {
 }
 
 /// Title of the plot: the file, or the product where the data were typed.
-void plotsetup() {
-    session.plotTitle = session.fileName.empty() ? session.productName : session.fileName;
-}
+void plotsetup() { session.plotTitle = session.fileName.empty() ? session.productName : session.fileName; }
 
 /// Reads the rows and counts those in use; sets beyond the capacity are told.
 bool readdata() {
+    if (session.maxPoints < 1) return false;
     const int sets = static_cast<int>(session.gridCells.size());
     const int room = static_cast<int>(session.maxSets);
     if (sets > room)
-        tellrun(Word::Set, " ", Word::Quantity, " ", Word::Too, " ", Word::Big, " (", sets, " > ", room, ") ... ",
-                Word::View, " ", Word::Setup);
+        tellrun(Word::Set, " ", Word::Quantity, " ", Word::Too, " ", Word::Big, " (", sets, " > ", room,
+                ") ... ", Word::View, " ", Word::Setup);
     float last = 0;
     for (int k = 1; k <= std::min(sets, room); ++k) {
         const float row = rowofset(static_cast<float>(k));
