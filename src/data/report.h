@@ -7,8 +7,8 @@
 /// The report's one output routine. A line in msg is read from the left: nothing is a blank line; ";" keeps
 /// the line open; "[[TABnn" sends the text to column nn, counted from 1. On the character devices the line is
 /// padded with blanks up to the column; a column already passed gets one blank instead. Text that is no pure
-/// number passes the language filter. An "*" in a text without a column is followed by two blanks on the devices 0, 2 and 4, else by
-/// one. u is kept. With device -1 nothing happens.
+/// number passes the language filter. An "*" in a text without a column is followed by two blanks on the
+/// devices 0, 2 and 4, else by one. u is kept. With device -1 nothing happens.
 void reportline();
 
 /// The same for a line whose marks, too, pass the language filter first, unless the device is 3.
@@ -21,7 +21,7 @@ void reportnumberpad(int column, int width);
 /// Clears line and column count, and the text of device 4.
 void reportstart();
 
-/// A value as the reports print it, six significant digits; not a number prints nothing.
+/// A value as the reports print it, six significant digits; not a number, or no answer, prints nothing.
 struct Reported {
     double value;
 };

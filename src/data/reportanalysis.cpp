@@ -37,7 +37,8 @@ void reportset(int k) {
     reportcell(0, Word::By, " - ", Word::Set, " ", k, title.empty() ? "" : ": ", title, warned ? " !!" : "");
     reportcell(50, Word::Date);
     report("[[TAB57: ", platform ? platform->clock().date() : std::string());
-    for (const std::string& message : session.setMessages[static_cast<std::size_t>(k)]) report("!! ", message);
+    for (const std::string& message : session.setMessages[static_cast<std::size_t>(k)])
+        report("!! ", message);
 }
 
 /// Family and parameters of the line.
@@ -47,9 +48,11 @@ void reportparameters(int k) {
     compose(session.msg, ";");
     appendfamily(session.msg);
     if (session.fixedSlope > 0 && session.dist == weibull)
-        extend(session.msg, " (", session.fixedSlope == 1   ? "Exponential"
-                                  : session.fixedSlope == 2 ? "Rayleigh"
-                                                            : "Weibayes", ")");
+        extend(session.msg, " (",
+               session.fixedSlope == 1   ? "Exponential"
+               : session.fixedSlope == 2 ? "Rayleigh"
+                                         : "Weibayes",
+               ")");
     reportline();
     reportcell(20, parametername(session.dist, 1), "=", Reported{session.etaFit(row, 1)});
     report("[[TAB44", parametername(session.dist, 2), "=", Reported{session.betaFit(row, 1)});
@@ -93,7 +96,8 @@ void reportblives(int k) {
 void reportblock(int k, int lines) {
     reportheading(k, lines);
     if (session.lineHide(k) != 0) {
-        report(Word::Set, " ", Word::Not, " ", Word::Active, " (", Word::Zoom, " / ", Word::Hide, " = ", Word::Yes, ")");
+        report(Word::Set, " ", Word::Not, " ", Word::Active, " (", Word::Zoom, " / ", Word::Hide, " = ",
+               Word::Yes, ")");
         return;
     }
     reportset(k);
@@ -108,13 +112,13 @@ void reportblock(int k, int lines) {
 } // namespace
 
 void reportsetup() {
-    report(Word::Setup, ": ", Word::Dimension, " = ", session.maxSets, "x", session.maxPoints, ", ", Word::Equations,
-           " = ", session.maxLines);
+    report(Word::Setup, ": ", Word::Dimension, " = ", session.maxSets, "x", session.maxPoints, ", ",
+           Word::Equations, " = ", session.maxLines);
 }
 
 void reportfit(int k) {
     reportcell(0, Word::Correlation, "(r)=", Reported{session.setCorrelation(k)});
-    report("[[TAB20r^2=", Reported{session.correlation(k)});
+    report("[[TAB44r^2=", Reported{session.correlation(k)});
     compose(session.msg, ";", Word::Method, "=", session.setLabel(k));
     reportline();
     if (session.fitMethod == rankRegression && !(session.inputType >= prbt2 && session.inputType <= km4))
