@@ -5,7 +5,8 @@
 
 void keepnotice(int k) {
     wordclean(session.msg);
-    session.setMessages[static_cast<std::size_t>(k)].push_back(session.msg);
+    if (static_cast<std::size_t>(k) < session.setMessages.size())
+        session.setMessages[static_cast<std::size_t>(k)].push_back(session.msg);
     if (session.quiet == 1) return;
     session.menuTitle.clear();
     tellok();

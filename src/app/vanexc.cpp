@@ -139,6 +139,12 @@ void complainempty(const HeadlessPlatform& console) {
         complain(compose(session.msg, Word::Not, " ", Word::Enough, " ", Word::Data));
 }
 
+/// A report with the line ends of this system: the session's own are those of its data files.
+std::string nativelines(std::string text) {
+    std::erase(text, '\r');
+    return text;
+}
+
 bool writeoutput(const std::optional<std::string>& path, const std::string& text) {
     if (!path || writefile(*path, text)) return true;
     complain(compose(session.msg, Word::Cannot, " ", Word::Save, " ", Word::File, ": ", *path));
@@ -160,7 +166,8 @@ int run(const Outputs& outputs, HeadlessPlatform& console) {
     if (!analysed) complainempty(console);
     std::string json;
     if (outputs.json) writeresults(json);
-    const bool written = writeoutput(outputs.report, session.reportBuffer) && writeoutput(outputs.json, json);
+    const bool written =
+        writeoutput(outputs.report, nativelines(session.reportBuffer)) && writeoutput(outputs.json, json);
     return analysed && written ? done : noResult;
 }
 

@@ -6,7 +6,6 @@
 
 namespace {
 
-constexpr std::string_view lineFeed = "\n";
 constexpr int reportDigits = 6;
 constexpr std::size_t markLength = 7; ///< "[[TAB" and two digits
 
@@ -17,7 +16,7 @@ void put(std::string_view text) {
 }
 
 void endline() {
-    put(lineFeed);
+    put(lineBreak);
     ++session.reportLine;
     session.reportColumn = 0;
 }
@@ -60,10 +59,22 @@ void puttext(std::string_view text) {
     session.reportColumn += static_cast<float>(written);
 }
 
+/// A line left open on another device ends there.
+void changedevice() {
+    const int16_t device = session.reportDevice;
+    if (session.reportColumn > 0 && session.lineDevice != device) {
+        session.reportDevice = session.lineDevice;
+        endline();
+        session.reportDevice = device;
+    }
+    session.lineDevice = device;
+}
+
 } // namespace
 
 void append(std::string& text, Reported part) {
-    if (std::isfinite(part.value)) appendsignificant(text, part.value, reportDigits);
+    if (std::isfinite(part.value) && part.value != noAnswer)
+        appendsignificant(text, part.value, reportDigits);
 }
 
 void append(std::string& text, ReportedColumn part) {
@@ -80,6 +91,7 @@ void reportstart() {
 void reportline() {
     if (session.reportDevice == noReport) return;
     const Keep keep{session.u};
+    changedevice();
     std::string& text = session.msg;
     if (text.empty()) {
         endline();

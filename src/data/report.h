@@ -21,7 +21,7 @@ void reportnumberpad(int column, int width);
 /// Clears line and column count, and the text of device 4.
 void reportstart();
 
-/// A value as the reports print it, six significant digits; not a number prints nothing.
+/// A value as the reports print it, six significant digits; not a number, or no answer, prints nothing.
 struct Reported {
     double value;
 };

@@ -112,6 +112,30 @@ void reportblock(int k, int lines) {
     if (session.setFitted(k) == 1) reportblives(k);
 }
 
+/// Sums over the sets of a summary.
+struct Totals {
+    double quantity = 0;
+    double occurrences = 0;
+    double time = 0;
+};
+
+void addset(Totals& totals, int k) {
+    totals.quantity += session.progSide == lifeSide ? session.countQuantity(k) : pointcount(k);
+    totals.occurrences += session.countOccr(k) + session.countDisc(k) + session.countIntv(k);
+    totals.time += session.timeTotal(k);
+}
+
+/// What the summary says of one set.
+void reportsetofmany(int k, int sets) {
+    if (const auto title = titleofset(k); title.empty())
+        reportcell(8, Word::Set, ": ", k);
+    else
+        reportcell(8, Word::Set, ": ", title);
+    reportend(57, "(", k, " ", Word::Of, " ", sets, ")");
+    reportend(8, Word::File, " = ", filename());
+    if (!session.setLabel(k).empty()) reportend(8, Word::Label, ": ", session.setLabel(k));
+}
+
 } // namespace
 
 void reportsetup() {
@@ -145,26 +169,17 @@ void reportsummary() {
         tellok();
         return;
     }
-    double occurrences = 0;
-    double quantity = 0;
-    double time = 0;
+    Totals totals;
+    for (int k = 1; k <= sets; ++k) addset(totals, k);
     report();
     report(Word::Summary, " ", Word::Report);
     report(Word::File, " = ", filename());
-    for (int k = 1; k <= sets; ++k) {
-        occurrences += session.countOccr(k) + session.countDisc(k) + session.countIntv(k);
-        quantity += session.progSide == lifeSide ? session.countQuantity(k) : pointcount(k);
-        time += session.timeTotal(k);
-    }
-    report(Word::Set, " ", Word::Quantity, " = ", sets, "  ", Word::Total, " =", quantity);
-    for (int k = 1; k <= sets; ++k) {
-        reportcell(8, Word::Set, ": ", k, " ", titleofset(k));
-        reportend(44, "(", k, " ", Word::Of, " ", sets, ")");
-    }
-    reportcell(10, Word::Occurrence, " ", Word::Total, " =", occurrences);
-    reportend(44, Word::Time, " ", Word::Total, " =", Reported{time});
+    report(Word::Set, " ", Word::Quantity, " = ", sets, "  ", Word::Total, " =", totals.quantity);
+    for (int k = 1; k <= sets; ++k) reportsetofmany(k, sets);
+    reportcell(10, Word::Occurrence, " ", Word::Total, " =", totals.occurrences);
+    reportend(44, Word::Time, " ", Word::Total, " =", Reported{totals.time});
     report();
     report(Word::Results, ":");
-    report(Word::Total, " ", Word::Item, " ", Word::Quantity, " = ", quantity);
-    report(Word::Total, " ", Word::Event, " ", Word::Quantity, " = ", occurrences);
+    report(Word::Total, " ", Word::Item, " ", Word::Quantity, " = ", totals.quantity);
+    report(Word::Total, " ", Word::Event, " ", Word::Quantity, " = ", totals.occurrences);
 }

@@ -23,7 +23,7 @@ void derivecapacities() {
     s.maxPoints = std::floor(s.arrayBudget / s.maxRows);
     s.maxSets = std::floor(s.maxRows / s.sg);
     const float above = s.progSide == lifeSide ? 24 - s.maxRows / s.sg : 24 - s.lastRow / s.sg;
-    s.extraLines = static_cast<int16_t>(std::min(std::floor(above), 12.0f));
+    s.extraLines = static_cast<int16_t>(std::clamp(std::floor(above), 0.0f, 12.0f));
     s.maxLines = s.maxSets + s.extraLines;
 }
 
@@ -117,10 +117,16 @@ void sessionclear() {
     s.W2n.fill(0);
     for (auto& labels : s.pointLabels) std::fill(labels.begin(), labels.end(), std::string());
     for (const auto list : members::lineFloats) (s.*list).fill(0);
+    for (const auto list : members::lineTexts) (s.*list).fill({});
     for (const auto list : members::setFloats) (s.*list).fill(0);
     for (const auto list : members::setDoubles) (s.*list).fill(0);
     for (const auto list : members::setFlags) (s.*list).fill(0);
     for (const auto list : members::setTexts) (s.*list).fill({});
+    for (auto& list : s.PARAMCONF) list.fill(0);
+    for (auto* table : {&s.etaFit, &s.betaFit, &s.paramA, &s.paramB, &s.paramExtra}) table->fill(0);
+    for (auto* table : {&s.BARRXA, &s.BARRYA, &s.paramExtraSingle}) table->fill(0);
+    for (auto& other : s.paramOther) other.fill(0);
+    for (auto& ends : s.lineEnd) ends.fill(0);
     s.lineHide.fill(0);
     for (auto& messages : s.setMessages) messages.clear();
     s.calcError = 0;

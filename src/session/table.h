@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdlib>
 #include <memory>
@@ -47,6 +48,8 @@ public:
         return fault();
     }
     const T& operator()(std::ptrdiff_t i, std::ptrdiff_t j) const { return const_cast<Table&>(*this)(i, j); }
+
+    void fill(const T& value) { std::fill_n(cells.get(), rows * columns, value); }
 
     /// Row i as one run, index 0 included; empty for a row that does not exist.
     std::span<T> row(std::ptrdiff_t i) {

@@ -63,6 +63,7 @@ void plotsetup() { session.plotTitle = session.fileName.empty() ? session.produc
 
 /// Reads the rows and counts those in use; sets beyond the capacity are told.
 bool readdata() {
+    if (session.maxPoints < 1) return false;
     const int sets = static_cast<int>(session.gridCells.size());
     const int room = static_cast<int>(session.maxSets);
     if (sets > room)

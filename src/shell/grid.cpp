@@ -31,11 +31,11 @@ bool strangecomma(std::string_view text) {
            && text.substr(0, text.find('_')).find(',') != std::string_view::npos;
 }
 
-/// The start of a cell's text, fit for a message whatever bytes it holds.
+/// The start of a cell's text, fit for a message whatever bytes it holds; braces would hide it.
 std::string printable(std::string_view text) {
     std::string shown(text.substr(0, shownText));
     for (char& c : shown)
-        if (c < ' ' || c > '~') c = '?';
+        if (c < ' ' || c > '~' || c == '{' || c == '}') c = '?';
     if (text.size() > shownText) shown += "...";
     return shown;
 }
@@ -89,8 +89,11 @@ bool gridget(float row) {
         if (dropped.unreadable++ == 0) dropped.firstRow = line, dropped.firstText = shown;
     }
     session.n(static_cast<int>(row)) = static_cast<float>(points);
-    if (column < session.gridTitles.size() && !session.gridTitles[column].empty())
-        session.rowTitle(static_cast<int>(row)) = session.gridTitles[column];
+    if (column < session.gridTitles.size()) {
+        const std::string& title = session.gridTitles[column];
+        session.rowTitle(static_cast<int>(row)) =
+            title.empty() ? std::to_string(static_cast<int>(row)) : title;
+    }
     telldropped(k, dropped);
     return true;
 }
