@@ -42,6 +42,33 @@ double ploty(double p) { return plotyofp(session.dist, session.gumbeltype, p); }
 
 bool issuspended(int16_t type) { return type == Susp || type == intvComplement; }
 
+constexpr double offAxis = 30; ///< what the probability scale answers for p <= 0 and p >= 1
+
+/// The sums with their origin chosen, ready to take points at plot X x.
+RegressionSums sumsat(double x) {
+    RegressionSums sums = session.sums;
+    if (sums.n == 0) sums.originX = x;
+    return sums;
+}
+
+/// Adds one point, its x counted from the origin.
+void addpoint(RegressionSums& sums, double weight, double x, double y) {
+    sums.n += weight;
+    sums.Sx += weight * x;
+    sums.Sxx += weight * x * x;
+    sums.Sy += weight * y;
+    sums.Syy += weight * y * y;
+    sums.Sxy += weight * x * y;
+    sums.prevX = x;
+    sums.prevY = y;
+    sums.prevWeight = weight;
+}
+
+/// Takes new sums into the session, unless a point was too big for them.
+void keepsums(const RegressionSums& sums) {
+    if (std::isfinite(sums.Sxx) && std::isfinite(sums.Syy) && std::isfinite(sums.Sxy)) session.sums = sums;
+}
+
 /// What the plot and the report show of a point: its position, kept on the axis, and its mean rank.
 void show(const Walk& walk, int j, double position, double rank) {
     float shown = sngguard(position);
@@ -64,9 +91,11 @@ void passsuspension(Walk& walk, int j, double q) {
     show(walk, j, position, rank);
 }
 
-/// Ranks the units of one failure row one by one.
+/// Ranks the units of one failure row one by one. Of an inspection row only the last unit counts.
 void rankunits(Walk& walk, int j, double q) {
     const double x = session.pointPlotX(walk.k, j);
+    const bool inspection = session.inputType == insp1;
+    RegressionSums sums = sumsat(x);
     double rankSum = 0;
     double pSum = 0;
     double p = 0;
@@ -77,12 +106,16 @@ void rankunits(Walk& walk, int j, double q) {
         rankSum += walk.r;
         regresscalcwmainplotpos(walk.N, walk.r, p);
         pSum += p;
-        regressaccum(1, x, ploty(p));
+        if (inspection) continue;
+        if (const double y = ploty(p); y != offAxis) addpoint(sums, 1, x - sums.originX, y);
     }
-    if (session.inputType == insp1)
+    if (inspection) {
+        regressaccum(1, x, ploty(p));
         show(walk, j, p, walk.r);
-    else
+    } else {
+        keepsums(sums);
         show(walk, j, pSum / q, rankSum / q);
+    }
 }
 
 /// Ranks one failure row as a group of q ties: new rank r0 + q d, sum of ranks q r0 + d q (q + 1) / 2.
@@ -142,27 +175,13 @@ double biggestvalue(int k) {
 } // namespace
 
 void regressaccum(double weight, double x, double y) {
-    constexpr double offAxis = 30; // what the probability scale answers for p <= 0 and p >= 1
     if (y == offAxis) return;
-    RegressionSums next = session.sums;
-    if (next.n == 0) next.originX = x;
-    const double dx = x - next.originX;
-    const auto add = [&next](double w, double px, double py) {
-        next.n += w;
-        next.Sx += w * px;
-        next.Sxx += w * px * px;
-        next.Sy += w * py;
-        next.Syy += w * py * py;
-        next.Sxy += w * px * py;
-    };
-    if (session.inputType == insp1 && next.n > 0 && dx == next.prevX)
-        add(-next.prevWeight, next.prevX, next.prevY);
-    add(weight, dx, y);
-    if (!std::isfinite(next.Sxx) || !std::isfinite(next.Syy) || !std::isfinite(next.Sxy)) return;
-    next.prevX = dx;
-    next.prevY = y;
-    next.prevWeight = weight;
-    session.sums = next;
+    RegressionSums sums = sumsat(x);
+    x -= sums.originX;
+    if (session.inputType == insp1 && sums.n > 0 && x == sums.prevX)
+        addpoint(sums, -sums.prevWeight, x, sums.prevY);
+    addpoint(sums, weight, x, y);
+    keepsums(sums);
 }
 
 void regresscalcw0() {
