@@ -1,7 +1,9 @@
 #include "analysis/order.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 
 #include "data/cell.h"
 #include "numeric/sngguard.h"
@@ -94,11 +96,15 @@ void meanset(int k, int points) {
     session.timeTotal(k) = total;
 }
 
-bool comesbefore(const OrderKey& a, const OrderKey& b) {
-    if (a.value != b.value) return a.value < b.value;
-    if (a.tie != b.tie) return a.tie < b.tie;
-    return a.index < b.index;
+/// Place of a point in the order as one number: its value, then failures before suspensions, then the order
+/// of entry. The bits of a positive float rise with its value; those of a negative one are turned round.
+uint64_t orderkey(float value, bool suspended, int j) {
+    const auto bits = std::bit_cast<uint32_t>(value + 0.0f); // one zero, not two
+    const uint32_t rising = bits & 0x80000000u ? ~bits : bits | 0x80000000u;
+    return uint64_t{rising} << 32 | (suspended ? 0x80000000u : 0u) | static_cast<uint32_t>(j);
 }
+
+int indexin(uint64_t key) { return static_cast<int>(key & 0x7FFFFFFFu); }
 
 } // namespace
 
@@ -119,11 +125,11 @@ void orderset(int k) {
     meanset(k, points);
     auto& keys = session.orderKeys;
     for (int j = 1; j <= points; ++j)
-        keys(j) = {orderingvalue(k, j), session.pointTypes(k, j) == Susp ? 1 : 0, j};
+        keys(j) = orderkey(orderingvalue(k, j), session.pointTypes(k, j) == Susp, j);
     const auto first = keys.begin() + 1;
     const auto last = first + points;
-    if (!std::is_sorted(first, last, comesbefore)) std::sort(first, last, comesbefore);
-    for (int m = 1; m <= points; ++m) session.pointOrder(k, m) = keys(m).index;
+    if (!std::is_sorted(first, last)) std::sort(first, last);
+    for (int m = 1; m <= points; ++m) session.pointOrder(k, m) = indexin(keys(m));
 }
 
 void placepoints(int k) {

@@ -7,13 +7,6 @@
 
 #include "session/table.h"
 
-/// Key by which the points of one set are put in order.
-struct OrderKey {
-    float value;   ///< data value by which the point is ordered
-    int32_t tie;   ///< 0 failure, 1 suspension: at a tie a failure ranks before a suspension
-    int32_t index; ///< place of the point in its set, from 1
-};
-
 /// The data points, and the working copies of a run. Row-indexed: X, Y, n, plotRank. Set-indexed: the rest.
 /// The point index runs from 1 in the order of entry; pointOrder gives the order of value.
 struct Points {
@@ -36,5 +29,5 @@ struct Points {
     Table<int32_t> pointOrder; ///< pointOrder(set, 1..): the points in order of value
     Table<int16_t> pointTypes; ///< decoded type of each point (PointType)
     Table<double> pointPlotX;  ///< plot X of each point, less the threshold; intervals at their middle
-    List<OrderKey> orderKeys;  ///< work space of the ordering, one set at a time
+    List<uint64_t> orderKeys;  ///< work space of the ordering, one set at a time
 };
