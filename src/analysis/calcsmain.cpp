@@ -9,6 +9,7 @@
 #include "analysis/regress.h"
 #include "data/cell.h"
 #include "data/methodlabels.h"
+#include "data/numbertext.h"
 #include "numeric/sngguard.h"
 #include "plot/transforms.h"
 #include "session/session.h"
@@ -67,7 +68,13 @@ void startrun() {
 
 void clearresults(const Set& set) {
     session.etaFit(set.row, 1) = session.betaFit(set.row, 1) = 0;
-    session.setCorrelation(set.k) = session.correlation(set.k) = 0;
+    session.etaFit(set.row, 2) = session.betaFit(set.row, 2) = 0;
+    for (const int method : {1, 2}) session.paramA(method, set.k) = session.paramB(method, set.k) = 0;
+    session.paramThree(set.k) = 0;
+    session.setCorrelation(set.k) = 0;
+    session.correlation(set.k) = 0;
+    session.correlationLabel(set.k).clear();
+    session.lineLabelA(set.k).clear();
     session.sampleSd(set.k) = 0;
     session.setFitted(set.k) = 0;
     session.setLabel(set.k).clear();
@@ -117,14 +124,27 @@ bool failuresnotpositive(const Set& set) {
     return false;
 }
 
+/// An interval must end after it begins.
+bool intervalsreversed(const Set& set) {
+    for (int j = 1; j <= set.points; ++j)
+        if (session.pointTypes(set.k, j) == Intv && !(pointupper(set.k, j) > pointvalue(set.k, j)))
+            return true;
+    return false;
+}
+
 /// Everything that refuses a set before any fit. Each refusal has told why.
 bool fitpossible(const Set& set) {
     if (suspensionstoosmall(set)) {
         tellset(set.k, Word::Suspension, " ", Word::Too, " ", Word::Small);
         return false;
     }
-    if ((session.inputType == insp1 || groupedinput()) && set.points <= 1) {
+    const bool inRows = session.inputType == insp1 || groupedinput();
+    if (inRows && set.points <= 1 && session.fixedSlope == 0) {
         telltoosmall(set.k, set.points);
+        return false;
+    }
+    if (intervalsreversed(set)) {
+        tellset(set.k, Word::Bad, " ", Word::Interval, " ... ", Word::Upper, " < ", Word::Lower);
         return false;
     }
     if (failuresnotpositive(set)) {
@@ -158,9 +178,13 @@ void fallbackline(const Set& set) {
 
 void correlationofset(const Set& set, const PlotLine& line) {
     const bool fewRows = session.inputType == insp1 && session.sums.rows - session.sums.suspLines < 3;
-    session.rFit = sngguard(fewRows && line.r != 0 ? 1 : line.r);
-    session.setCorrelation(set.k) = session.rFit;
-    session.correlation(set.k) = session.rFit * session.rFit;
+    const double r = fewRows && line.r != 0 ? 1 : line.r;
+    session.rFit = sngguard(r);
+    session.setCorrelation(set.k) = r;
+    session.correlation(set.k) = sngguard(r * r);
+    if (r * r >= 1) return;
+    session.correlationLabel(set.k) = "r^2 ";
+    appendsignificant(session.correlationLabel(set.k), r * r, 6);
 }
 
 bool parametersinrange() {
@@ -179,6 +203,7 @@ void storeline(const Set& set) {
     session.paramB(method, set.k) = session.beta;
     session.paramThree(set.k) = session.t0(set.k);
     session.setFitted(set.k) = 1;
+    appendletter(session.lineLabelA(set.k), set.k);
 }
 
 void tellnoline(const Set& set) {
@@ -252,7 +277,7 @@ void analyseset(const Set& set) {
         return;
     }
     placepoints(set.k);
-    regressselect();
+    regresspositions();
     tellnotenough(set.k, likelihoodpossible(set));
 }
 
@@ -303,7 +328,10 @@ void calcsmain() {
     for (int k = 1; k <= setcount(); ++k) {
         session.currentSet = k;
         session.calcError = 0;
+        const int16_t chosen = session.inputType;
         analyseset(setnumber(k));
+        session.setInputType(k) = session.inputType;
+        session.inputType = chosen;
         if (session.abortCode == escapePressed || session.calcError < 0) break;
     }
     endrun();

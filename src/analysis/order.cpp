@@ -78,8 +78,12 @@ void countset(int k, int points) {
         counts[Occr] + counts[Susp] + counts[Disc] + counts[Intv] + counts[intvComplement];
 }
 
-/// Mean value of the occurrences, an interval at its middle, and the sum of all values.
+/// Mean value of the occurrences, an interval at its middle, and the sum of all values. Grouped rows tell
+/// how many had failed by a value, not at which: they have neither.
 void meanset(int k, int points) {
+    session.occurrenceMean(k) = noAnswer;
+    session.timeTotal(k) = 0;
+    if (groupedinput()) return;
     double occurred = 0;
     double sum = 0;
     double total = 0;
@@ -92,7 +96,7 @@ void meanset(int k, int points) {
         sum += q * value;
         occurred += q;
     }
-    session.occurrenceMean(k) = occurred > 0 ? sum / occurred : noAnswer;
+    if (occurred > 0) session.occurrenceMean(k) = sum / occurred;
     session.timeTotal(k) = total;
 }
 
@@ -110,10 +114,6 @@ int indexin(uint64_t key) { return static_cast<int>(key & 0x7FFFFFFFu); }
 
 bool groupedinput() {
     return session.inputType < 0 || (session.inputType >= prbt2 && session.inputType <= km4);
-}
-
-double pointquantity(int k, int j) {
-    return std::max(1.0, std::floor(static_cast<double>(session.v1(k, j))));
 }
 
 double pointupper(int k, int j) { return session.v2(k, j); }

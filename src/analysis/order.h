@@ -12,9 +12,6 @@ void orderset(int k);
 /// To be called again after a change of t0.
 void placepoints(int k);
 
-/// Quantity of point j of set k: v1 as a whole number, anything below 1 taken as 1.
-double pointquantity(int k, int j);
-
 /// Upper end of an interval point, without the threshold.
 double pointupper(int k, int j);
 

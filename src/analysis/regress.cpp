@@ -201,6 +201,13 @@ void regresscalcwfreq() {
     walkranks(walk, rankgroup);
 }
 
+void regresspositions() {
+    if (groupedinput() || session.countQuantity(session.currentSet) < bigQuantity)
+        regresscalcw0();
+    else
+        regresscalcwfreq();
+}
+
 void regressselect() {
     const int k = session.currentSet;
     const bool small = biggestvalue(k) < bigValue && session.countQuantity(k) < bigQuantity;

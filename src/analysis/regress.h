@@ -5,9 +5,12 @@
 
 /// Clears the sums, chooses the walk and runs it. A set at rr whose largest value is at least 50000, or whose
 /// quantity is at least 1e6, goes by group, because the walk by unit is linear in the total quantity:
-/// standard input is told so and changed to inspection, inspection and interval input stay what they are.
-/// Grouped rows are points of their own and never change.
+/// standard input is told so and, for this set, changed to inspection; inspection and interval input stay
+/// what they are. Grouped rows are points of their own and never change.
 void regressselect();
+
+/// Positions of a set that gets no line: the same walks without a notice or a change.
+void regresspositions();
 
 /// Walk by unit: every unit of a quantity is a point of its own, with its own rank and weight 1.
 void regresscalcw0();

@@ -31,7 +31,9 @@ constexpr const char* helpText =
     "built-in leukemia sample is analysed on the life side.\n"
     "\n"
     "Cells   X, -X (suspension) or XxYxQxZ_label: 6x0x3 is three failures at 6, -9 one\n"
-    "        suspension at 9, 10x0x1x20 with -i 5 a failure between 10 and 20.\n"
+    "        suspension at 9, 10x0x1x20 with -i 5 a failure between 10 and 20. A label\n"
+    "        ends at a word that begins like a number; with tabs between the cells it\n"
+    "        may hold any word.\n"
     "\n"
     "Switches\n"
     "  -p W | V   side: W life data, V X-Y data (the default; vanexw means -p W)\n"
@@ -39,7 +41,8 @@ constexpr const char* helpText =
     "             5 interval\n"
     "  -m N       method: 1 rr, 2 rrs, 3 mle, 4 mleN-1, 5 RBAmd, 6 RBAmu, 7 RBApb, 8 RBAjjm\n"
     "  -e NAME    distribution: WEIBULL, LOGNORMAL, NORMAL, NORMAL+, GUMBEL-, GUMBEL+,\n"
-    "             EXPONENTIAL, RAYLEIGH; (n) behind the name fixes the slope: WEIBULL(2.5)\n"
+    "             EXPONENTIAL, RAYLEIGH; (n) behind the name fixes the slope: WEIBULL(2.5).\n"
+    "             A negative value is a suspension, with NORMAL+ a value\n"
     "\n"
     "Output\n"
     "  --report FILE|-   the text report; standard output when neither is given\n"
@@ -59,7 +62,12 @@ struct Outputs {
 };
 
 /// Tells a fault on standard error.
-void complain(const std::string& text) { std::fprintf(stderr, "vanexc: %s\n", text.c_str()); }
+void complain(std::string text) {
+    constexpr std::string_view indent = "\n        ";
+    for (auto at = text.find('\n'); at != std::string::npos; at = text.find('\n', at + indent.size()))
+        text.replace(at, 1, indent);
+    std::fprintf(stderr, "vanexc: %s\n", text.c_str());
+}
 
 /// Takes the long options off the arguments. False on one that is unknown or has no value.
 bool takeoutputs(std::vector<std::string>& arguments, Outputs& outputs) {

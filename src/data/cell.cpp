@@ -1,5 +1,6 @@
 #include "data/cell.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <new>
@@ -159,6 +160,10 @@ bool negativedata() {
 double pointvalue(int k, int j) {
     const double x = session.X(datarow(k), j);
     return negativedata() ? x : std::fabs(x);
+}
+
+double pointquantity(int k, int j) {
+    return std::max(1.0, std::floor(static_cast<double>(session.v1(k, j))));
 }
 
 void pointlabelget(int k, int j) {

@@ -39,6 +39,9 @@ bool negativedata();
 /// Data value of point j of set k, before any threshold: X where a negative X is a value, else its size.
 double pointvalue(int k, int j);
 
+/// Quantity of point j of set k: v1 as a whole number, anything below 1 taken as 1.
+double pointquantity(int k, int j);
+
 /// Looks at a new cell's text in msg before it is stored, and leaves msg as it was. May change inputType or
 /// intervalPlot after asking. True when the session must be rebuilt.
 bool cellformcheck();
@@ -50,5 +53,6 @@ void pointlabelget(int k, int j);
 /// Keeps a label. A set without labels, or a point outside 1 to maxPoints, keeps none.
 void pointlabelput(int k, int j, std::string_view label);
 
-/// Removes set k: everything that belongs to the sets above it moves down by one, lastRow falls by sg.
+/// Removes set k, its cells in the grid included: everything that belongs to the sets above it moves down by
+/// one, lastRow falls by sg.
 void setdelete(int k);

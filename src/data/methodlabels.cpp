@@ -56,13 +56,33 @@ void appendstatus(std::string& text, int k) {
     if (likelihood && session.variableSlopes != 0) text += "/VS";
 }
 
-void appendinput(std::string& text) {
-    switch (session.inputType) {
+void appendletter(std::string& text, int k) {
+    const float slope = session.fixedSlope;
+    switch (session.dist) {
+    case weibull:
+        if (slope > 0)
+            text += slope == 1 ? "E" : slope == 2 ? "R" : "WB";
+        else
+            text += static_cast<char>('A' + (k - 1) % 26);
+        break;
+    case lognormal:
+        if (slope > 0) text += 'B';
+        break;
+    case gumbel:
+        text += 'G';
+        if (session.gumbeltype != 0) text += session.gumbeltype > 0 ? '+' : '-';
+        break;
+    default: break;
+    }
+}
+
+void appendinput(std::string& text, int inputType) {
+    switch (inputType) {
     case insp1: append(text, Word::Inspect), text += " (insp1)"; break;
     case prbt2:
     case prbt3:
         append(text, Word::Probit), text += ' ';
-        append(text, Word::Grouped), text += session.inputType == prbt2 ? " (prbt2)" : " (prbt3)";
+        append(text, Word::Grouped), text += inputType == prbt2 ? " (prbt2)" : " (prbt3)";
         break;
     case km4: text += "Kaplan-Meier ", append(text, Word::Grouped), text += " (km4)"; break;
     case intv5: append(text, Word::Interval), text += " (intv5)"; break;

@@ -213,7 +213,7 @@ void appendsignificant(std::string& text, double given, int digits) {
     const auto end = std::to_chars(buffer, buffer + sizeof buffer, std::fabs(value),
                                    std::chars_format::scientific, std::clamp(digits, 1, 17) - 1)
                          .ptr;
-    appenddecimal(text, takeapart(buffer, end), doubleDigits);
+    appenddecimal(text, takeapart(buffer, end), std::max(digits, singleDigits));
 }
 
 NumberText readnumber(std::string_view text) { return readwith(text, {}); }

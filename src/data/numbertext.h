@@ -19,7 +19,7 @@ void appendtrimmed(std::string& text, float value);
 void appendtrimmed(std::string& text, double value);
 
 /// A number as the reports print it: rounded to `digits` significant digits (1 to 17), without leading blank
-/// and without trailing zeros, in the plain form of a double.
+/// and without trailing zeros; plain while that takes at most 7 places, or as many as there are digits.
 void appendsignificant(std::string& text, double value, int digits);
 
 /// The number at the start of a text, by the rules of numberread, '.' as decimal symbol. `readable` is false

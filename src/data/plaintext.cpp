@@ -38,20 +38,22 @@ std::string_view nextword(std::string_view& line) {
     return cell;
 }
 
-void put(CellColumns& columns, std::size_t column, std::string_view cell) {
+/// A cell takes the place of its line in the column, so that "row 5" of a notice is line 5 of the file.
+void put(CellColumns& columns, std::size_t column, std::size_t line, std::string_view cell) {
     cell = trimmed(cell);
     if (cell.ends_with(',')) cell.remove_suffix(1);
     if (cell.empty()) return;
     if (columns.size() <= column) columns.resize(column + 1);
+    columns[column].resize(line);
     columns[column].emplace_back(cell);
 }
 
-void readline(std::string_view line, CellColumns& columns, std::size_t maxColumns) {
+void readline(std::string_view line, std::size_t number, CellColumns& columns, std::size_t maxColumns) {
     const bool tabbed = line.find('\t') != std::string_view::npos;
     for (std::size_t column = 0; column < maxColumns; ++column) {
         if (!tabbed) line = trimmed(line);
         if (line.empty()) return;
-        put(columns, column, tabbed ? nextcell(line, "\t") : nextword(line));
+        put(columns, column, number, tabbed ? nextcell(line, "\t") : nextword(line));
     }
 }
 
@@ -60,10 +62,10 @@ void readline(std::string_view line, CellColumns& columns, std::size_t maxColumn
 CellColumns readplaintext(std::string_view text, std::size_t maxColumns) {
     CellColumns columns;
     if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
-    while (!text.empty()) {
+    for (std::size_t number = 0; !text.empty(); ++number) {
         const std::string_view line = nextcell(text, "\n");
         if (const auto content = trimmed(line); content.empty() || content.front() == '#') continue;
-        readline(line, columns, maxColumns);
+        readline(line, number, columns, maxColumns);
     }
     return columns;
 }

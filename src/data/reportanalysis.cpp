@@ -35,13 +35,22 @@ void reportheading(int line, int lines) {
     report();
 }
 
+/// A notice, its further lines under its first.
+void reportnotice(std::string_view notice) {
+    for (const char* mark = "!! "; !notice.empty(); mark = "   ") {
+        const auto end = notice.find('\n');
+        report(mark, notice.substr(0, end));
+        notice.remove_prefix(end == std::string_view::npos ? notice.size() : end + 1);
+    }
+}
+
 void reportset(int k) {
     const auto& messages = session.setMessages[static_cast<std::size_t>(k)];
     reportcell(0, Word::By, " - ", Word::Set, " ", k, messages.empty() ? "" : " !!");
     reportcell(50, Word::Date);
     reportend(57, ": ", platform ? platform->clock().date() : std::string());
     if (const auto title = titleofset(k); !title.empty()) report(Word::Title, ": ", title);
-    for (const std::string& message : messages) report("!! ", message);
+    for (const std::string& message : messages) reportnotice(message);
 }
 
 /// Family and parameters of the line.
@@ -141,19 +150,23 @@ void reportsetofmany(int k, int sets) {
 void reportsetup() {
     report(Word::Setup, ": ", Word::Dimension, " = ", session.maxSets, "x", session.maxPoints, ", ",
            Word::Equations, " = ", session.maxLines);
+    if (session.setMessages.empty()) return;
+    for (const std::string& message : session.setMessages[0]) reportnotice(message);
 }
 
 void reportfit(int k) {
     reportcell(0, Word::Correlation, "(r)=", Reported{session.setCorrelation(k)});
-    reportend(secondColumn, "r^2=", Reported{session.correlation(k)});
+    reportend(secondColumn, "r^2=", Reported{session.setCorrelation(k) * session.setCorrelation(k)});
     compose(session.msg, ";", Word::Method, "=", session.setLabel(k));
     reportline();
-    if (session.fitMethod == rankRegression && !(session.inputType >= prbt2 && session.inputType <= km4))
+    if (session.fitMethod == rankRegression
+        && !(session.setInputType(k) >= prbt2 && session.setInputType(k) <= km4))
         reportcell(secondColumn, Word::Plot, " ", Word::Point, "=",
-                   rankname(static_cast<int>(session.rankMethod)));
+                   rankname(static_cast<int>(session.rankMethod)), " (",
+                   rankcode(static_cast<int>(session.rankMethod)), ")");
     reportcell(thirdColumn, Word::Input, "=");
     session.msg.clear();
-    appendinput(session.msg);
+    appendinput(session.msg, session.setInputType(k));
     reportline();
 }
 

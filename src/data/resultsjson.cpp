@@ -55,13 +55,14 @@ void writepoint(JsonWriter& json, int k, int j) {
     const int16_t type = session.pointTypes(k, j);
     const bool interval = type == Intv || type == intvComplement;
     const bool placed = session.progSide == lifeSide && type != Susp;
-    const bool ranked = placed && !(session.inputType >= prbt2 && session.inputType <= km4);
+    const bool grouped = session.setInputType(k) >= prbt2 && session.setInputType(k) <= km4;
+    const bool ranked = placed && !grouped;
     json.open('{');
     json.field("x", session.progSide == lifeSide ? static_cast<float>(pointvalue(k, j)) : session.X(row, j));
     json.field("upper", interval ? session.v2(k, j) : none);
     json.name("type");
     writetype(json, type);
-    json.field("quantity", session.v1(k, j));
+    json.field("quantity", grouped ? static_cast<double>(session.v1(k, j)) : pointquantity(k, j));
     json.field("position", placed ? session.Y(row, j) : none);
     json.field("rank", ranked ? session.plotRank(row, j) : none);
     session.msg.clear();
@@ -95,14 +96,15 @@ constexpr SetField setFields[] = {
     {"method", [](JsonWriter& json, int) { writetext(json, appendmethod); }},
     {"label", [](JsonWriter& json, int k) { json.value(std::string_view(session.setLabel(k))); }},
     {"rankMethod", [](JsonWriter& json, int) { json.value(rankname(static_cast<int>(session.rankMethod))); }},
-    {"inputType", [](JsonWriter& json, int) { json.value(static_cast<int>(session.inputType)); }},
+    {"inputType", [](JsonWriter& json, int k) { json.value(static_cast<int>(session.setInputType(k))); }},
     {"counts", writecounts},
     {"eta", [](JsonWriter& json, int k) { fitted(json, k, session.etaFit(dataRow(k), 1)); }},
     {"beta", [](JsonWriter& json, int k) { fitted(json, k, session.betaFit(dataRow(k), 1)); }},
     {"t0", [](JsonWriter& json, int k) { json.value(session.t0(k)); }},
     {"fixedSlope", [](JsonWriter& json, int) { json.value(session.fixedSlope); }},
     {"r", [](JsonWriter& json, int k) { fitted(json, k, session.setCorrelation(k)); }},
-    {"r2", [](JsonWriter& json, int k) { fitted(json, k, session.correlation(k)); }},
+    {"r2",
+     [](JsonWriter& json, int k) { fitted(json, k, session.setCorrelation(k) * session.setCorrelation(k)); }},
     {"messages", writemessages},
     {"points", writepoints},
 };
@@ -126,6 +128,8 @@ void writeresults(std::string& text) {
     json.field("version", std::string_view(VANEX_VERSION));
     json.field("side", std::string_view(sidename()));
     json.field("file", std::string_view(session.fileName));
+    json.name("messages");
+    writemessages(json, 0);
     json.name("sets");
     json.open('[');
     for (int k = 1; k <= setcount(); ++k) {

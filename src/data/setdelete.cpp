@@ -1,6 +1,7 @@
 // Taking one set out of the session: what belongs to the sets above it moves down.
 
 #include <algorithm>
+#include <iterator>
 #include <string>
 
 #include "data/cell.h"
@@ -122,5 +123,9 @@ void setdelete(int k) {
     movepoints(bySet);
     moveresults(bySet);
     movelines(bySet);
+    const auto column = static_cast<std::ptrdiff_t>(k - 1);
+    if (column < std::ssize(session.gridCells)) session.gridCells.erase(session.gridCells.begin() + column);
+    if (column < std::ssize(session.gridTitles))
+        session.gridTitles.erase(session.gridTitles.begin() + column);
     session.lastRow -= session.sg;
 }

@@ -39,13 +39,14 @@ struct Fits {
 
     Table<double> etaFit, betaFit; ///< (row of the set, j): j = 1 the fit, 2 the alternate fit
     List<float> t0;                ///< threshold
-    List<float> setCorrelation;    ///< r of the set's line
+    List<double> setCorrelation;   ///< r of the set's line
     List<double> countOccr, countSusp, countDisc, countIntv; ///< quantities by point type
     List<double> countQuantity;                              ///< sum of quantities
     List<double> occurrenceMean;                             ///< mean value of the occurrences
     List<double> timeTotal;                                  ///< sum of all values, by quantity
     List<double> sampleSd; ///< sample standard deviation on the plot scale of a complete set, else 0
     List<float> rSquaredMinusCcc;
+    List<int16_t> setInputType;                        ///< input type that the set was analysed as
     List<int16_t> setFitted;                           ///< 1 when the set has a line
     List<std::string> setLabel;                        ///< status word: "rr", "rrs/insp1", "mle/t0~r", …
     std::vector<std::vector<std::string>> setMessages; ///< what the user was told about the set in this run

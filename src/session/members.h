@@ -6,18 +6,19 @@
 /// lists, so that an array added here is never forgotten by one of them.
 namespace members {
 
-inline constexpr List<float> Session::*setFloats[] = {
-    &Session::t0,        &Session::setCorrelation, &Session::rSquaredMinusCcc,
-    &Session::CI,        &Session::PVALUE,         &Session::PVALUEFF,
-    &Session::ETABARR1,  &Session::BETABARR1,      &Session::ETABARR2,
-    &Session::BETABARR2, &Session::BARRN};
+inline constexpr List<float> Session::*setFloats[] = {&Session::t0,        &Session::rSquaredMinusCcc,
+                                                      &Session::CI,        &Session::PVALUE,
+                                                      &Session::PVALUEFF,  &Session::ETABARR1,
+                                                      &Session::BETABARR1, &Session::ETABARR2,
+                                                      &Session::BETABARR2, &Session::BARRN};
 
 inline constexpr List<double> Session::*setDoubles[] = {
-    &Session::countOccr, &Session::countSusp,     &Session::countDisc,
-    &Session::countIntv, &Session::countQuantity, &Session::occurrenceMean,
-    &Session::timeTotal, &Session::sampleSd,      &Session::LOGLYKMLE};
+    &Session::countOccr, &Session::setCorrelation, &Session::countSusp,      &Session::countDisc,
+    &Session::countIntv, &Session::countQuantity,  &Session::occurrenceMean, &Session::timeTotal,
+    &Session::sampleSd,  &Session::LOGLYKMLE};
 
-inline constexpr List<int16_t> Session::*setFlags[] = {&Session::setFitted, &Session::FITKIND};
+inline constexpr List<int16_t> Session::*setFlags[] = {&Session::setFitted, &Session::setInputType,
+                                                       &Session::FITKIND};
 
 inline constexpr List<std::string> Session::*setTexts[] = {&Session::setLabel, &Session::DUANEGROWTHS,
                                                            &Session::CRAMERVONMISESTEXTS};

@@ -129,6 +129,8 @@ void sessionclear() {
     for (auto& ends : s.lineEnd) ends.fill(0);
     s.lineHide.fill(0);
     for (auto& messages : s.setMessages) messages.clear();
+    s.mixFlag = s.mixKind = 0;
+    s.runTitle.clear();
     s.calcError = 0;
     s.abortCode = 0;
     fillrows();

@@ -26,7 +26,7 @@ void status(Word step) {
 }
 
 bool discoveryingrid() {
-    if (session.inputType != intv5) return false;
+    if (session.progSide != lifeSide || session.inputType != intv5) return false;
     constexpr float discovered = -3e33f;
     for (const auto& column : session.gridCells)
         for (const std::string& text : column)
@@ -73,7 +73,8 @@ bool readdata() {
     for (int k = 1; k <= std::min(sets, room); ++k) {
         const float row = rowofset(static_cast<float>(k));
         if (!gridget(row)) return false;
-        if (session.n(static_cast<int>(row)) > 0) last = row;
+        const bool told = !session.setMessages[static_cast<std::size_t>(k)].empty();
+        if (session.n(static_cast<int>(row)) > 0 || told) last = row;
     }
     session.lastRow = last;
     return true;

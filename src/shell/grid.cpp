@@ -70,6 +70,9 @@ bool gridget(float row) {
     const int k = static_cast<int>(setofrow(row));
     const auto column = static_cast<std::size_t>(k - 1);
     session.n(static_cast<int>(row)) = 0;
+    const bool titled = column < session.gridTitles.size() && !session.gridTitles[column].empty();
+    session.rowTitle(static_cast<int>(row)) =
+        titled ? session.gridTitles[column] : std::to_string(static_cast<int>(row));
     if (column >= session.gridCells.size()) return true;
     Dropped dropped;
     int points = 0;
@@ -89,11 +92,6 @@ bool gridget(float row) {
         if (dropped.unreadable++ == 0) dropped.firstRow = line, dropped.firstText = shown;
     }
     session.n(static_cast<int>(row)) = static_cast<float>(points);
-    if (column < session.gridTitles.size()) {
-        const std::string& title = session.gridTitles[column];
-        session.rowTitle(static_cast<int>(row)) =
-            title.empty() ? std::to_string(static_cast<int>(row)) : title;
-    }
     telldropped(k, dropped);
     return true;
 }

@@ -347,7 +347,57 @@ TEST_F(CalcsmainTest, TheParametersAreKeptByMethodToo) {
     life(good);
     EXPECT_EQ(session.paramA(1, 1), fit().eta);
     EXPECT_EQ(session.paramB(1, 1), fit().beta);
-    EXPECT_EQ(session.correlation(1), session.setCorrelation(1) * session.setCorrelation(1));
+    const double square = session.setCorrelation(1) * session.setCorrelation(1);
+    EXPECT_EQ(session.correlation(1), static_cast<float>(square));
+    EXPECT_TRUE(session.correlationLabel(1).starts_with("r^2 .")) << session.correlationLabel(1);
+}
+
+TEST_F(CalcsmainTest, ASetThatFailsKeepsNothingOfItsFormerLine) {
+    life(good);
+    ASSERT_GT(session.paramA(1, 1), 0);
+    life({"150"});
+    EXPECT_EQ(session.paramA(1, 1), 0);
+    EXPECT_EQ(session.paramB(1, 1), 0);
+    EXPECT_EQ(session.correlationLabel(1), "");
+    EXPECT_EQ(session.lineLabelA(1), "");
+}
+
+TEST_F(CalcsmainTest, ABigSetChangesNoOtherSet) {
+    const Cells tied = {"10", "10", "20", "30"};
+    life(tied);
+    const Fit alone = fit();
+    sets({{"60000", "70000", "90000"}, tied});
+    EXPECT_EQ(fit(2), alone);
+    EXPECT_EQ(session.setInputType(1), insp1);
+    EXPECT_EQ(session.setLabel(1), "rr/insp1");
+    EXPECT_EQ(session.setInputType(2), standard0);
+    EXPECT_EQ(session.setLabel(2), "rr");
+    sets({tied, {"60000", "70000", "90000"}});
+    EXPECT_EQ(fit(1), alone);
+}
+
+TEST_F(CalcsmainTest, ABigSetWithoutALineIsNotCalledInspection) {
+    life({"60000", "-70000", "-80000"});
+    EXPECT_EQ(session.setInputType(1), standard0);
+    EXPECT_EQ(desktop.messages.size(), 1u);
+}
+
+TEST_F(CalcsmainTest, AnIntervalThatEndsBeforeItBeginsRefusesTheSet) {
+    session.inputType = intv5;
+    for (const char* cell : {"20x0x1x10", "10x0x1x-5"}) {
+        life({cell, "30x0x1x40", "50"});
+        EXPECT_FALSE(fit().fitted) << cell;
+        ASSERT_EQ(desktop.messages.size(), 1u) << cell;
+        EXPECT_EQ(desktop.messages[0], "Set 1: Bad Interval ... Upper < Lower");
+    }
+}
+
+TEST_F(CalcsmainTest, OneInspectionRowHasALineWhereTheSlopeIsKnown) {
+    session.inputType = insp1;
+    session.fixedSlope = 1;
+    life({"50", "-60x0x9"});
+    EXPECT_TRUE(fit().fitted);
+    EXPECT_EQ(fit().beta, 1);
 }
 
 // ---- methods ----

@@ -22,10 +22,14 @@ protected:
         appendfamily(text);
         return text;
     }
-    static std::string input(int16_t type) {
-        session.inputType = type;
+    static std::string letter(int k) {
         std::string text;
-        appendinput(text);
+        appendletter(text, k);
+        return text;
+    }
+    static std::string input(int16_t type) {
+        std::string text;
+        appendinput(text, type);
         return text;
     }
 };
@@ -145,3 +149,23 @@ TEST_F(LabelsTest, AreKeptWithTheSetByARun) {
 }
 
 } // namespace
+
+TEST_F(LabelsTest, OneLetterOfASetNamesItsKindOfLine) {
+    session.dist = weibull;
+    session.fixedSlope = 0;
+    EXPECT_EQ(letter(1), "A");
+    EXPECT_EQ(letter(3), "C");
+    for (const auto& [slope, name] : {std::pair{1.0f, "E"}, {2.0f, "R"}, {2.5f, "WB"}}) {
+        session.fixedSlope = slope;
+        EXPECT_EQ(letter(1), name);
+    }
+    session.dist = lognormal;
+    EXPECT_EQ(letter(1), "B");
+    session.dist = normal;
+    EXPECT_EQ(letter(1), "");
+    session.dist = gumbel;
+    for (const auto& [extreme, name] : {std::pair{0, "G"}, {-1, "G-"}, {1, "G+"}}) {
+        session.gumbeltype = static_cast<int16_t>(extreme);
+        EXPECT_EQ(letter(1), name);
+    }
+}

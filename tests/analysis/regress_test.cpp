@@ -245,7 +245,8 @@ const std::string changeNotice = "Set 1: Big Data ... Change Automatic Method To
 
 TEST_F(RegressTest, ChangesToInspectionFromFiftyThousandOnAndTellsSo) {
     life({"40000", "45000", "50000"});
-    EXPECT_EQ(session.inputType, insp1);
+    EXPECT_EQ(session.setInputType(1), insp1);
+    EXPECT_EQ(session.inputType, standard0);
     ASSERT_EQ(told().size(), 1u);
     EXPECT_EQ(told().front(), changeNotice);
     EXPECT_EQ(desktop.messages, told());
@@ -259,7 +260,8 @@ TEST_F(RegressTest, StaysByUnitBelowFiftyThousand) {
 
 TEST_F(RegressTest, ReadsTheSizeOfASuspensionToo) {
     life({"40000", "45000", "-60000"});
-    EXPECT_EQ(session.inputType, insp1);
+    EXPECT_EQ(session.setInputType(1), insp1);
+    EXPECT_EQ(session.inputType, standard0);
 }
 
 TEST_F(RegressTest, ReadsTheUpperEndOfAnIntervalToo) {
@@ -274,7 +276,8 @@ TEST_F(RegressTest, ReadsTheUpperEndOfAnIntervalToo) {
 
 TEST_F(RegressTest, ChangesToInspectionFromAMillionUnitsOn) {
     life({"10x0x500000", "20x0x500000"});
-    EXPECT_EQ(session.inputType, insp1);
+    EXPECT_EQ(session.setInputType(1), insp1);
+    EXPECT_EQ(session.inputType, standard0);
     ASSERT_EQ(told().size(), 1u);
     EXPECT_EQ(told().front(), changeNotice);
 }

@@ -209,6 +209,17 @@ TEST_F(Vanexc, ABadCellIsDroppedAndTold) {
     EXPECT_EQ(Json::parse(outcome.out)["sets"][0]["counts"]["quantity"], 3);
 }
 
+TEST_F(Vanexc, NamesABadCellByItsLineOfTheFile) {
+    EXPECT_NE(run("- -p W", "# hours\n\n150\n\nabc\n230\n310\n").err.find("Row 5 = abc"), std::string::npos);
+}
+
+TEST_F(Vanexc, AColumnWithoutASingleNumberIsASetWithItsMessage) {
+    const Json result = Json::parse(run("- -p W --json -", "150, F\n230, F\n400, S\n").out);
+    ASSERT_EQ(result["sets"].size(), 2u);
+    EXPECT_TRUE(result["sets"][1]["eta"].is_null());
+    EXPECT_NE(result["sets"][1]["messages"][0].get<std::string>().find("Bad Data (3)"), std::string::npos);
+}
+
 TEST_F(Vanexc, AHugeNumberIsHeldInRange) {
     const Outcome outcome =
         run("- -p W --json -", "1E+30\n1E+199\n1E+400\n" + std::string(5000, '9') + "\n10\n20\n");
@@ -235,7 +246,9 @@ TEST_F(Vanexc, MoreSetsThanThereIsRoomForAreTold) {
     const Outcome outcome = run("- -p W --json -", wide);
     EXPECT_EQ(outcome.status, 0);
     EXPECT_NE(outcome.err.find("Set Quantity Too Big (> 8)"), std::string::npos) << outcome.err;
-    EXPECT_EQ(Json::parse(outcome.out)["sets"].size(), 8u);
+    const Json result = Json::parse(outcome.out);
+    EXPECT_EQ(result["sets"].size(), 8u);
+    EXPECT_NE(result["messages"][0].get<std::string>().find("Set Quantity Too Big"), std::string::npos);
 }
 
 TEST_F(Vanexc, ALongFileGetsLargerArrays) {

@@ -151,9 +151,11 @@ TEST(Significant, HasNoZerosAtItsEnd) {
     EXPECT_EQ(significant(1000, 6), "1000");
 }
 
-TEST(Significant, IsPlainWhereADoubleIs) {
-    EXPECT_EQ(significant(1.23456789e14, 4), "123500000000000");
-    EXPECT_EQ(significant(1.23456789e15, 4), "1.235E+15");
+TEST(Significant, IsPlainInSevenPlacesOrInAsManyAsItHasDigits) {
+    EXPECT_EQ(significant(1234567.89, 4), "1235000");
+    EXPECT_EQ(significant(12345678.9, 4), "1.235E+07");
+    EXPECT_EQ(significant(123456789.25, 12), "123456789.25");
+    EXPECT_EQ(significant(1.23456789e-7, 4), ".0000001235");
     EXPECT_EQ(significant(1.23456789e-17, 4), "1.235E-17");
 }
 

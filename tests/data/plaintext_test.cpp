@@ -27,8 +27,9 @@ TEST(PlainText, ReadsEveryLineEndAndTheLastLineWithoutOne) {
     EXPECT_EQ(read("1\r\n2\n3"), CellColumns({Column{"1", "2", "3"}}));
 }
 
-TEST(PlainText, PassesOverNotesEmptyLinesAndTheByteOrderMark) {
-    EXPECT_EQ(read("\xEF\xBB\xBF# hours\n\n  \n150\n#200\n"), CellColumns({Column{"150"}}));
+TEST(PlainText, NotesAndEmptyLinesAreEmptyCellsSoThatACellKeepsItsLine) {
+    EXPECT_EQ(read("\xEF\xBB\xBF# hours\n\n  \n150\n#200\n300\n"),
+              CellColumns({Column{"", "", "", "150", "", "300"}}));
 }
 
 TEST(PlainText, KeepsTheBlanksOfALabel) {

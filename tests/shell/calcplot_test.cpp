@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "data/cell.h"
+
 #include <algorithm>
 
 #include "support/freshsession.h"
@@ -266,3 +268,15 @@ TEST_F(Cycle, FitsTheFamilyThatIsChosenNow) {
 }
 
 } // namespace
+
+TEST_F(Cycle, DoesNotBringADeletedSetBack) {
+    lifecells(1, {"100", "200"});
+    lifecells(2, {"10", "20", "30"});
+    session.gridTitles = {"Pumps", "Fans"};
+    calcplot();
+    setdelete(1);
+    calcplot();
+    EXPECT_EQ(setcount(), 1);
+    EXPECT_EQ(pointcount(1), 3);
+    EXPECT_EQ(session.rowTitle(3), "Fans");
+}
