@@ -4,6 +4,7 @@
 
 #include "session/capacities.h"
 #include "session/commandfields.h"
+#include "session/drawing.h"
 #include "session/fits.h"
 #include "session/gridstate.h"
 #include "session/lines.h"
@@ -34,6 +35,7 @@ struct Session : Capacities,
                  Fits,
                  Options,
                  PlotState,
+                 Drawing,
                  ReportState,
                  Run,
                  GridState,
