@@ -77,6 +77,7 @@ void clearresults(const Set& set) {
     session.lineLabelA(set.k).clear();
     session.sampleSd(set.k) = 0;
     session.setFitted(set.k) = 0;
+    session.setPlaced(set.k) = 0;
     session.setLabel(set.k).clear();
     session.sums = {};
     if (session.sg < 3) return;

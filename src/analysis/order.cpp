@@ -135,6 +135,7 @@ void orderset(int k) {
 void placepoints(int k) {
     const int points = pointcount(k);
     const double t0 = session.t0(k);
+    session.setPlaced(k) = 1;
     for (int j = 1; j <= points; ++j) {
         const double value = pointvalue(k, j) - t0;
         session.pointPlotX(k, j) = isinterval(session.pointTypes(k, j)) ? middle(value, pointupper(k, j) - t0)

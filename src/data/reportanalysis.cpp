@@ -2,6 +2,7 @@
 
 #include "data/methodlabels.h"
 #include "data/report.h"
+#include "data/settitle.h"
 #include "platform/platform.h"
 #include "plot/transforms.h"
 #include "shell/prompts.h"
@@ -18,13 +19,6 @@ constexpr int thirdColumn = 50;
 std::string_view filename() { return session.fileName.empty() ? word(Word::None) : session.fileName; }
 
 Word sidename() { return session.progSide == lifeSide ? Word::Life : Word::Plotting; }
-
-/// The set's name; empty while its title is only the number of its row.
-std::string_view titleofset(int k) {
-    const int row = static_cast<int>(rowofset(static_cast<float>(k)));
-    const std::string& title = session.rowTitle(row);
-    return title == std::to_string(row) ? std::string_view() : title;
-}
 
 /// Heading of every block: side, file, and which of how many lines this is.
 void reportheading(int line, int lines) {

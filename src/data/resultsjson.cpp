@@ -5,6 +5,7 @@
 #include "data/cell.h"
 #include "data/json.h"
 #include "data/methodlabels.h"
+#include "data/settitle.h"
 #include "session/session.h"
 
 namespace {
@@ -86,11 +87,7 @@ void writetext(JsonWriter& json, void (*appendtext)(std::string&)) {
 
 constexpr SetField setFields[] = {
     {"set", [](JsonWriter& json, int k) { json.value(k); }},
-    {"title",
-     [](JsonWriter& json, int k) {
-         const std::string& title = session.rowTitle(dataRow(k));
-         json.value(std::string_view(title == std::to_string(dataRow(k)) ? std::string() : title));
-     }},
+    {"title", [](JsonWriter& json, int k) { json.value(titleofset(k)); }},
     {"family", [](JsonWriter& json, int) { json.value(familyname(session.dist)); }},
     {"gumbeltype", [](JsonWriter& json, int) { json.value(static_cast<int>(session.gumbeltype)); }},
     {"method", [](JsonWriter& json, int) { writetext(json, appendmethod); }},

@@ -46,9 +46,10 @@ struct Fits {
     List<double> timeTotal;                                  ///< sum of all values, by quantity
     List<double> sampleSd; ///< sample standard deviation on the plot scale of a complete set, else 0
     List<float> rSquaredMinusCcc;
-    List<int16_t> setInputType;                        ///< input type that the set was analysed as
-    List<int16_t> setFitted;                           ///< 1 when the set has a line
-    List<std::string> setLabel;                        ///< status word: "rr", "rrs/insp1", "mle/t0~r", …
+    List<int16_t> setInputType; ///< input type that the set was analysed as
+    List<int16_t> setPlaced;    ///< 1 when the points of the set have plotting positions
+    List<int16_t> setFitted;    ///< 1 when the set has a line
+    List<std::string> setLabel; ///< status word: "rr", "rrs/insp1", "mle/t0~r", …
     std::vector<std::vector<std::string>> setMessages; ///< what the user was told about the set in this run
 
     List<int16_t> FITKIND;               ///< kind of fit of each set on the visual side

@@ -25,6 +25,7 @@ struct Options {
     int16_t groupingOption = 0;        ///< grouped rows: 1 "n", no difference from sample to sample; 2 "d"
     float rankMethod = benardRank;     ///< plotting position (RankMethod)
     float popPortion = 0;              ///< fraction of the population at risk; 0 the whole population
+    int16_t batchActive = 0;           ///< 1: the partial-affected option is in force
     int16_t findThreshold = 0;         ///< 1: a threshold t0 is searched
     int16_t scaleAsRecorded = 0;       ///< 1: the plot keeps the recorded scale when a t0 is in force
     int16_t thresholdByRegression = 0; ///< 1: the threshold of a likelihood fit is the one rr finds

@@ -51,8 +51,10 @@ struct PlotState {
     int16_t parameterReminder = 0; ///< 1: say once that bounds on parameters need the parameter display
     float barCount = 0;            ///< histogram: the count its bars follow from
 
-    double xlowd = 0, xhighd = 0;         ///< X window on the data scale, after the automatic rules
-    double ylowd = 0, yhighd = 0;         ///< Y window; on a probability plot, probabilities
+    double xlowd = 0, xhighd = 0;       ///< X window on the data scale, after the automatic rules
+    double ylowd = 0, yhighd = 0;       ///< Y window; on a probability plot, probabilities
+    double xAxisLow = 0, xAxisHigh = 0; ///< edges of the drawn axes: the window rounded outwards to ticks
+    double yAxisLow = 0, yAxisHigh = 0;
     double xLimitLow = 0, xLimitHigh = 0; ///< manual X limits; 0 automatic
     double yLimitLow = 0, yLimitHigh = 0; ///< manual Y limits; 0 automatic
     int16_t manualScale = 0;              ///< 1: a manual limit has been taken

@@ -1,0 +1,165 @@
+#include "plot/block.h"
+
+#include <algorithm>
+#include <array>
+
+#include "data/settitle.h"
+#include "plot/drawing.h"
+#include "plot/numbermask.h"
+#include "plot/shown.h"
+#include "plot/strokes.h"
+#include "session/session.h"
+#include "shell/words.h"
+
+namespace {
+
+/// What stands in a text that was cut short.
+constexpr std::string_view cutMark = "(...";
+
+std::string numbertext(double value, UseClass use) {
+    const Keep keep{session.ud};
+    session.ud = value;
+    return numbermask(use);
+}
+
+int rownumber(int k) { return static_cast<int>(rowofset(static_cast<float>(k))); }
+
+// ---- legend ----
+
+void legendofset(std::vector<BlockLine>& lines, int k) {
+    BlockLine line;
+    const auto title = titleofset(k);
+    if (title.empty())
+        compose(line.text, Word::Set, " ", k);
+    else
+        line.text = title;
+    line.colour = frameColour;
+    line.mark = setmark(k);
+    line.setRow = rowofset(static_cast<float>(k));
+    lines.push_back(std::move(line));
+}
+
+bool anysuspension() {
+    if (session.plotMode != 1) return false;
+    for (int k = 1; k <= setcount(); ++k)
+        if (setshown(k) && session.setPlaced(k) == 1 && session.countSusp(k) > 0) return true;
+    return false;
+}
+
+void legendlines(std::vector<BlockLine>& lines) {
+    if (session.legendPlace == 0) return;
+    lines.push_back({"LEGEND", frameColour});
+    for (int k = 1; k <= setcount(); ++k)
+        if (setshown(k)) legendofset(lines, k);
+    if (anysuspension()) {
+        BlockLine line{word(Word::Suspension), frameColour};
+        line.mark = suspensionmark();
+        lines.push_back(line);
+    }
+    if (lines.size() == 1) lines.clear();
+}
+
+// ---- parameters ----
+
+/// Three lines a set: which and how it was fitted, its parameters, its fit and counts.
+void paramsofset(std::vector<BlockLine>& lines, int k) {
+    const int row = rownumber(k);
+    BlockLine line;
+    line.colour = k;
+    compose(line.text, Word::Set, " ", k, "  ", session.setLabel(k));
+    lines.push_back(line);
+    line.colour = frameColour;
+    if (session.setFitted(k) == 1) {
+        compose(line.text, parametername(session.dist, 1), "=",
+                numbertext(session.etaFit(row, 1), parameterUse), "[[TAB15", parametername(session.dist, 2),
+                "=", numbertext(session.betaFit(row, 1), slopeUse));
+        lines.push_back(line);
+    }
+    line.text.clear();
+    if (session.setFitted(k) == 1)
+        extend(line.text, "r^2=", numbertext(session.setCorrelation(k) * session.setCorrelation(k), axisUse),
+               "[[TAB15");
+    extend(line.text, "n/s=", session.countQuantity(k), "/", session.countSusp(k));
+    lines.push_back(line);
+}
+
+void paramlines(std::vector<BlockLine>& lines) {
+    if (session.plotMode != 1) return;
+    for (int k = 1; k <= setcount(); ++k) {
+        if (!setshown(k)) continue;
+        if (!lines.empty()) lines.push_back({});
+        paramsofset(lines, k);
+    }
+}
+
+// ---- drawing ----
+
+/// Draws the cells of a line, each at its column.
+void drawcells(std::string_view rest, double left, double right, double y, double size) {
+    double start = 0;
+    while (true) {
+        const auto mark = rest.find("[[TAB");
+        const bool last = mark == std::string_view::npos || rest.size() < mark + 7;
+        const double end = last ? right : left + tabplace(rest.substr(mark + 5, 2), size);
+        session.plotx2 = left + start;
+        session.ploty2 = y;
+        plottext(fittedtext(rest.substr(0, mark), size, std::max(end, session.plotx2) - session.plotx2));
+        if (last) return;
+        start = tabplace(rest.substr(mark + 5, 2), size);
+        rest.remove_prefix(mark + 7);
+    }
+}
+
+void drawline(const BlockLine& line, const Layout& layout, double y) {
+    const double size = layout.blockSize;
+    double left = layout.blockLeft;
+    if (line.mark > 0) {
+        session.setCounter = line.setRow > 0 ? line.setRow : session.sg * static_cast<float>(drawingColour);
+        session.plotx2 = left + 0.7 * size;
+        session.ploty2 = y - 0.35 * size;
+        strokemark(line.mark);
+        left += 2 * size;
+    }
+    session.plotpen = static_cast<float>(line.colour);
+    drawcells(line.text, left, layout.blockRight, y, size);
+}
+
+void drawlines(const PlotBlock& block, const Layout& layout, std::size_t from, std::size_t to) {
+    const Keep keep{session.plotx2, session.ploty2, session.plotpen, session.textSize, session.setCounter};
+    session.textSize = static_cast<float>(layout.blockSize);
+    const double first = session.window.top + 0.85 * layout.blockSize;
+    for (std::size_t i = from; i < std::min(to, layout.blockRows) && plotting(); ++i) {
+        const double y = first + static_cast<double>(i) * lineheight(layout.blockSize);
+        const bool cut = i + 1 == layout.blockRows && layout.blockRows < block.lines.size();
+        if (cut)
+            drawline({std::string(cutMark), frameColour}, layout, y);
+        else
+            drawline(block.lines[i], layout, y);
+    }
+}
+
+} // namespace
+
+float setmark(int k) {
+    static constexpr std::array<int16_t, 24> marks = {24, 23, 21, 22, 31, 32, 29, 30, 25, 26, 27, 28,
+                                                      18, 19, 33, 34, 35, 36, 37, 38, 39, 40, 41, 42};
+    return marks[static_cast<std::size_t>(k - 1) % marks.size()];
+}
+
+float suspensionmark() { return 43; }
+
+PlotBlock composeblock() {
+    PlotBlock block;
+    legendlines(block.lines);
+    block.legendLines = block.lines.size();
+    paramlines(block.lines);
+    return block;
+}
+
+void plotlegend(const PlotBlock& block, const Layout& layout) {
+    drawlines(block, layout, 0, block.legendLines);
+}
+
+void plotparams(const PlotBlock& block, const Layout& layout) {
+    drawlines(block, layout, block.legendLines, block.lines.size());
+}

@@ -1,0 +1,192 @@
+#include "plot/datapoints.h"
+
+#include <cmath>
+#include <vector>
+
+#include "data/cell.h"
+#include "plot/block.h"
+#include "plot/drawing.h"
+#include "plot/labelplace.h"
+#include "plot/segment.h"
+#include "plot/shown.h"
+#include "plot/strokes.h"
+#include "plot/transforms.h"
+#include "session/session.h"
+#include "shell/prompts.h"
+
+namespace {
+
+/// From here on the marks of a screen take longer than the eye likes to wait.
+constexpr int slowPoints = 20000;
+
+double canvasx(double plotx) {
+    return session.window.left + (plotx - session.window.xlow) * session.window.xfactor;
+}
+double canvasy(double ploty) {
+    return session.window.bottom - (ploty - session.window.ylow) * session.window.yfactor;
+}
+
+struct Place {
+    double x = 0;
+    double y = 0;
+    bool onPlot = false;
+};
+
+Place placeof(const ShownPoint& point) {
+    const PlotWindow& w = session.window;
+    if (!point.placed || !hasplotx(point.x) || (!point.suspended && !hasploty(point.y))) return {};
+    Place place;
+    place.x = canvasx(plotxof(point.x));
+    place.y = point.suspended ? w.bottom : canvasy(plotyof(point.y));
+    const double slack = 15; // one pixel: a point on the edge of the window belongs to it
+    place.onPlot = place.x >= w.left - slack && place.x <= w.right + slack && place.y >= w.top - slack
+                   && place.y <= w.bottom + slack;
+    return place;
+}
+
+void mark(float code, const Place& place) {
+    session.plotx2 = place.x;
+    session.ploty2 = place.y;
+    strokemark(code);
+}
+
+void setstatus(int k) {
+    compose(session.msg, Word::Set, " ", k, " ", Word::Plot);
+    statusline();
+}
+
+void linestatus(int k) {
+    compose(session.msg, Word::Line, " ", k, " ", Word::Plot);
+    statusline();
+}
+
+void marksofset(int k, double size) {
+    for (int j = 1; j <= pointcount(k) && plotting(); ++j) {
+        const ShownPoint point = shownpoint(k, j);
+        Place place = placeof(point);
+        if (!place.onPlot) continue;
+        if (point.suspended) place.y -= 0.55 * size;
+        mark(point.suspended ? suspensionmark() : setmark(k), place);
+    }
+}
+
+/// The points of a row of lines, joined in the order of entry.
+void polylineofset(int k) {
+    bool started = false;
+    for (int j = 1; j <= pointcount(k) && plotting(); ++j) {
+        const ShownPoint point = shownpoint(k, j);
+        if (!hasplotx(point.x) || !hasploty(point.y)) continue;
+        const double x = canvasx(plotxof(point.x));
+        const double y = canvasy(plotyof(point.y));
+        if (started)
+            traceto(x, y);
+        else
+            tracestart(x, y);
+        started = true;
+    }
+    traceend();
+}
+
+/// The fitted line, traced along the probability axis: straight on the paper of its family, and a curve where
+/// the scale is kept as recorded although a threshold is in force.
+void fittedline(int k) {
+    const int row = static_cast<int>(rowofset(static_cast<float>(k)));
+    const Keep keep{session.eta, session.beta, session.ud};
+    session.eta = session.etaFit(row, 1);
+    session.beta = session.betaFit(row, 1);
+    const PlotWindow& w = session.window;
+    const double shift = scaleshift(k);
+    const int steps = shift == 0 ? 1 : 120;
+    bool started = false;
+    for (int i = 0; i <= steps; ++i) {
+        const double ploty = w.ylow + (w.yhigh - w.ylow) * i / steps;
+        session.ud = pofploty(session.dist, session.gumbeltype, ploty);
+        txp2xd();
+        const double x = session.ud + shift;
+        if (!hasplotx(x)) continue;
+        if (started)
+            traceto(canvasx(plotxof(x)), canvasy(ploty));
+        else
+            tracestart(canvasx(plotxof(x)), canvasy(ploty));
+        started = true;
+    }
+    traceend();
+}
+
+bool drawnaspoints(int k) {
+    return session.plotMode == 1 || session.rowKind(static_cast<int>(rowofset(static_cast<float>(k)))) == "P";
+}
+
+void lineofset(int k) {
+    const Keep keep{session.plotpen, session.linewidth};
+    session.plotpen = static_cast<float>(k);
+    session.linewidth = 2;
+    if (session.plotMode == 1 && session.setFitted(k) == 1)
+        fittedline(k);
+    else if (!drawnaspoints(k))
+        polylineofset(k);
+}
+
+// ---- labels of the points ----
+
+std::string_view labelof(int k, int j) {
+    const auto& labels = session.pointLabels[static_cast<std::size_t>(k)];
+    return static_cast<std::size_t>(j) < labels.size() ? std::string_view(labels[static_cast<std::size_t>(j)])
+                                                       : std::string_view();
+}
+
+void pointlabels(double size) {
+    const PlotWindow& w = session.window;
+    LabelPlaces places({w.left, w.top, w.right, w.bottom}, size);
+    const int sets = setcount();
+    for (int k = 1; k <= sets; ++k)
+        for (int j = 1; setshown(k) && j <= pointcount(k); ++j)
+            if (const Place place = placeof(shownpoint(k, j)); place.onPlot)
+                places.keepfree(place.x, place.y);
+    session.textSize = static_cast<float>(size);
+    for (int k = 1; k <= sets; ++k) {
+        session.plotpen = static_cast<float>(k);
+        for (int j = 1; setshown(k) && j <= pointcount(k) && plotting(); ++j) {
+            const std::string_view text = labelof(k, j);
+            const Place place = placeof(shownpoint(k, j));
+            if (text.empty() || !place.onPlot) continue;
+            const auto spot = places.place(place.x, place.y, plottextwidth(text, size));
+            if (!spot) continue;
+            session.plotx2 = spot->x;
+            session.ploty2 = spot->y;
+            plottext(text);
+        }
+    }
+}
+
+void tellslow() {
+    int points = 0;
+    for (int k = 1; k <= setcount(); ++k) points += setshown(k) ? pointcount(k) : 0;
+    if (points < slowPoints || static_cast<int>(session.outdev) != screenDevice) return;
+    compose(session.msg, Word::Slow, " ", Word::Point, " ", Word::Display, " ... ", Word::Select, " '",
+            Word::Zoom, " / ", Word::Point, " ", Word::Symbol, " ", Word::Display, "' ", Word::For, " ",
+            Word::Change);
+    statusline();
+}
+
+} // namespace
+
+void plotpoints(const Layout& layout) {
+    const Keep keep{session.plotx1,  session.ploty1,   session.plotx2,    session.ploty2,
+                    session.plotpen, session.textSize, session.setCounter};
+    const int sets = setcount();
+    for (int k = 1; k <= sets && plotting(); ++k) {
+        if (!setshown(k)) continue;
+        linestatus(k);
+        session.setCounter = rowofset(static_cast<float>(k));
+        lineofset(k);
+    }
+    for (int k = 1; k <= sets && plotting() && session.pointHide == 0; ++k) {
+        if (!setshown(k) || !drawnaspoints(k)) continue;
+        setstatus(k);
+        session.setCounter = rowofset(static_cast<float>(k));
+        marksofset(k, layout.size);
+    }
+    if (session.pointHide == 0) tellslow();
+    if (session.pointLabelsShown == 1) pointlabels(0.8 * layout.size);
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "plot/segment.h"
+
+/// Finds room for the labels of points, so that no label covers a point or another label. A label that has
+/// no room is left out. The area is a grid of cells half a character wide; a cell is free or taken.
+class LabelPlaces {
+public:
+    LabelPlaces(const ClipWindow& area, double size);
+
+    /// Keeps a mark's room free of labels.
+    void keepfree(double x, double y);
+
+    struct Spot {
+        double x; ///< left end of the baseline
+        double y;
+    };
+    /// A place for a label of that width beside the point: right, left, above, below; and takes it.
+    std::optional<Spot> place(double x, double y, double width);
+
+private:
+    struct Cells {
+        int left, top, right, bottom;
+    };
+    std::optional<Cells> cells(double left, double top, double right, double bottom) const;
+    bool free(const Cells& box) const;
+    void take(const Cells& box);
+
+    ClipWindow area;
+    double size;
+    double cell;
+    int columns;
+    int rows;
+    std::vector<uint8_t> taken;
+};

@@ -1,0 +1,101 @@
+#include "plot/layout.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "data/numbertext.h"
+#include "plot/drawing.h"
+#include "session/session.h"
+
+namespace {
+
+constexpr double unitsPerPixel = 15;
+constexpr double smallestPixels = 8;
+constexpr double blockShare = 0.34;  ///< of the canvas width, at most
+constexpr double blockShrink = 0.62; ///< how far the block's characters may shrink before lines are cut
+
+double largestwidth(const std::vector<BlockLine>& block, double size) {
+    double width = 0;
+    for (const BlockLine& line : block) width = std::max(width, blockwidth(line, size));
+    return width;
+}
+
+/// Character size at which the block fits the room; not below what can be read.
+double blocksize(const std::vector<BlockLine>& block, double size, double roomX, double roomY) {
+    const double width = largestwidth(block, size);
+    const double height = lineheight(size) * static_cast<double>(block.size());
+    const double factor =
+        std::min({1.0, width > roomX ? roomX / width : 1.0, height > roomY ? roomY / height : 1.0});
+    const double least = std::min(size, std::max(size * blockShrink, 0.75 * smallestPixels * unitsPerPixel));
+    return std::max(least, size * factor);
+}
+
+} // namespace
+
+double charactersize() {
+    const double natural = std::min(session.ploth / 42.0, session.plotw / 56.0);
+    return std::max(natural, std::min(smallestPixels * unitsPerPixel, session.ploth / 20.0));
+}
+
+double tabplace(std::string_view digits, double size) {
+    constexpr double columnWidth = 0.56; // of the character size: a digit's
+    return readnumber(digits).value * columnWidth * size;
+}
+
+double blockwidth(const BlockLine& line, double size) {
+    const double indent = line.mark > 0 ? 2 * size : 0;
+    double width = 0;
+    double start = 0;
+    std::string_view rest = line.text;
+    while (!rest.empty()) {
+        const auto mark = rest.find("[[TAB");
+        width = std::max(width, start + plottextwidth(rest.substr(0, mark), size));
+        if (mark == std::string_view::npos || rest.size() < mark + 7) break;
+        start = tabplace(rest.substr(mark + 5, 2), size);
+        rest.remove_prefix(mark + 7);
+    }
+    return indent + width;
+}
+
+Layout plotlayout(const std::vector<BlockLine>& block, double yLabels, int titleLines) {
+    Layout layout;
+    const double w = session.plotw;
+    const double h = session.ploth;
+    layout.size = charactersize();
+    layout.titleSize = 1.3 * layout.size;
+    const double size = layout.size;
+    const double margin = 0.9 * size;
+
+    PlotWindow& area = session.window;
+    area.top = margin + lineheight(layout.titleSize) + (titleLines - 1) * lineheight(size) + 0.5 * size;
+    layout.footY = h - 0.8 * size;
+    layout.xTitleY = layout.footY - 1.5 * size;
+    layout.xLabelY = layout.xTitleY - 1.6 * size;
+    area.bottom = layout.xLabelY - 1.25 * size;
+    layout.yTitleX = margin + 0.9 * size;
+    area.left = layout.yTitleX + 0.8 * size + yLabels + 0.5 * size;
+
+    const double roomX = blockShare * w;
+    const double roomY = area.bottom - area.top;
+    layout.blockSize = blocksize(block, size, roomX, roomY);
+    const double blockWide = std::min(roomX, largestwidth(block, layout.blockSize));
+    layout.blockRight = w - margin;
+    layout.blockLeft = block.empty() ? layout.blockRight : layout.blockRight - blockWide;
+    area.right = block.empty() ? w - 2.5 * size : layout.blockLeft - 1.8 * size;
+    layout.blockRows = std::min(block.size(), static_cast<std::size_t>(roomY / lineheight(layout.blockSize)));
+
+    area.xfactor = (area.right - area.left) / (area.xhigh - area.xlow);
+    area.yfactor = (area.bottom - area.top) / (area.yhigh - area.ylow);
+    return layout;
+}
+
+std::string fittedtext(std::string_view text, double size, double room) {
+    if (plottextwidth(text, size) <= room) return std::string(text);
+    constexpr std::string_view cut = "(...";
+    std::size_t length = text.size();
+    while (length > 0 && plottextwidth(text.substr(0, length), size) + plottextwidth(cut, size) > room) {
+        --length;
+        while (length > 0 && (text[length] & 0xC0) == 0x80) --length;
+    }
+    return std::string(text.substr(0, length)).append(cut);
+}

@@ -1,0 +1,49 @@
+#include "plot/shown.h"
+
+#include <cmath>
+
+#include "data/cell.h"
+#include "plot/axes.h"
+#include "plot/transforms.h"
+#include "session/session.h"
+
+namespace {
+
+/// A register routine as a function.
+double through(void (*transform)(), double value) {
+    const Keep keep{session.ud};
+    session.ud = value;
+    transform();
+    return session.ud;
+}
+
+bool standson(AxisScale scale, double v) { return std::isfinite(v) && (scale == AxisScale::linear || v > 0); }
+
+} // namespace
+
+bool setshown(int k) { return session.lineHide(k) == 0 && pointcount(k) > 0; }
+
+double scaleshift(int k) { return session.scaleAsRecorded == 1 ? static_cast<double>(session.t0(k)) : 0.0; }
+
+ShownPoint shownpoint(int k, int j) {
+    const int row = static_cast<int>(rowofset(static_cast<float>(k)));
+    if (session.plotMode != 1)
+        return {static_cast<double>(session.X(row, j)), static_cast<double>(session.Y(row, j))};
+    const int type = session.pointTypes(k, j);
+    const double shift = scaleshift(k);
+    ShownPoint point;
+    point.x = type == Intv || type == intvComplement
+                  ? xofplotx(session.dist, session.pointPlotX(k, j)) + shift
+                  : pointvalue(k, j) - static_cast<double>(session.t0(k)) + shift;
+    point.suspended = type == Susp || type == intvComplement;
+    point.y = static_cast<double>(session.Y(row, j));
+    point.placed = session.setPlaced(k) == 1 && (point.suspended || (point.y > 0 && point.y < 1));
+    return point;
+}
+
+double plotxof(double x) { return through(txx2txxd, x); }
+double plotyof(double y) { return through(txy2txyd, y); }
+
+bool hasplotx(double x) { return standson(xaxisscale(), x); }
+
+bool hasploty(double y) { return session.plotMode == 1 ? y > 0 && y < 1 : standson(yaxisscale(), y); }

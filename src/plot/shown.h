@@ -1,0 +1,28 @@
+#pragma once
+
+/// The points of the session as a plot shows them.
+
+/// True when set k has points and is not hidden.
+bool setshown(int k);
+
+/// Point j of set k: x on the data scale (an interval at the middle of its plot values), y the ordinate, or
+/// the plotted probability. `placed` false: the point has no plotting position.
+struct ShownPoint {
+    double x = 0;
+    double y = 0;
+    bool suspended = false;
+    bool placed = true;
+};
+ShownPoint shownpoint(int k, int j);
+
+/// What the plot's X scale is ahead of the values of set k less its threshold: the threshold itself while the
+/// scale is kept as recorded.
+double scaleshift(int k);
+
+/// Values to plot coordinates and back, by the axes in force; the registers stay.
+double plotxof(double x);
+double plotyof(double y);
+
+/// True when a value has a place on the axis: a logarithmic or reciprocal axis takes positive values alone.
+bool hasplotx(double x);
+bool hasploty(double y);

@@ -1,0 +1,74 @@
+#include "plot/segment.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace {
+
+constexpr ClipWindow window{100, 200, 500, 400};
+
+struct Segment {
+    double x1, y1, x2, y2;
+};
+
+bool clip(Segment& s) { return plotclip(window, s.x1, s.y1, s.x2, s.y2); }
+
+TEST(PlotClip, ASegmentInsideStaysAsItIs) {
+    Segment s{120, 210, 480, 390};
+    EXPECT_TRUE(clip(s));
+    EXPECT_EQ(s.x1, 120);
+    EXPECT_EQ(s.y2, 390);
+}
+
+TEST(PlotClip, ASegmentThroughTheWindowIsCutAtBothEdges) {
+    Segment s{0, 300, 600, 300};
+    EXPECT_TRUE(clip(s));
+    EXPECT_DOUBLE_EQ(s.x1, 100);
+    EXPECT_DOUBLE_EQ(s.x2, 500);
+    EXPECT_EQ(s.y1, 300);
+}
+
+TEST(PlotClip, ADiagonalIsCutWhereItCrossesTheEdges) {
+    Segment s{0, 0, 600, 600}; // y = x meets the window at (200, 200) and (400, 400)
+    EXPECT_TRUE(clip(s));
+    EXPECT_DOUBLE_EQ(s.x1, 200);
+    EXPECT_DOUBLE_EQ(s.y1, 200);
+    EXPECT_DOUBLE_EQ(s.x2, 400);
+    EXPECT_DOUBLE_EQ(s.y2, 400);
+}
+
+TEST(PlotClip, ASegmentOutsideIsDroppedEvenWhenItsBoxMeetsTheWindow) {
+    Segment beside{0, 0, 600, 0};
+    EXPECT_FALSE(clip(beside));
+    Segment corner{90, 380, 130, 420}; // passes the lower left corner outside
+    EXPECT_FALSE(clip(corner));
+    EXPECT_EQ(corner.x1, 90);
+}
+
+TEST(PlotClip, AnInfiniteEndIsDropped) {
+    Segment s{120, 210, 1e308 * 10, 300};
+    EXPECT_FALSE(clip(s));
+}
+
+TEST(PlotClip, WhatRemainsLiesInTheWindowAndOnTheLine) {
+    std::mt19937 random(7);
+    std::uniform_real_distribution<double> anywhere(-300, 900);
+    for (int i = 0; i < 10000; ++i) {
+        const Segment whole{anywhere(random), anywhere(random), anywhere(random), anywhere(random)};
+        Segment s = whole;
+        if (!clip(s)) continue;
+        constexpr double slack = 1e-9;
+        for (const auto& [x, y] : {std::pair{s.x1, s.y1}, std::pair{s.x2, s.y2}}) {
+            ASSERT_GE(x, window.left - slack);
+            ASSERT_LE(x, window.right + slack);
+            ASSERT_GE(y, window.top - slack);
+            ASSERT_LE(y, window.bottom + slack);
+            const double cross =
+                (x - whole.x1) * (whole.y2 - whole.y1) - (y - whole.y1) * (whole.x2 - whole.x1);
+            ASSERT_NEAR(cross, 0, 1e-6);
+        }
+    }
+}
+
+} // namespace
