@@ -1,6 +1,7 @@
 // vanexc: the console program over the core.
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <new>
@@ -13,6 +14,7 @@
 #include "data/samples.h"
 #include "platform/files.h"
 #include "platform/headless/headless.h"
+#include "plot/plotfile.h"
 #include "session/commandline.h"
 #include "session/session.h"
 #include "shell/calcplot.h"
@@ -25,6 +27,7 @@ enum ExitStatus { done = 0, noResult = 1, wrongUse = 2 };
 
 constexpr const char* helpText =
     "Usage: vanexc [FILE|-] [switches] [--report FILE|-] [--json FILE|-]\n"
+    "              [--plot FILE]\n"
     "\n"
     "Fits a line to life data and writes a report. FILE is plain text, one cell a line or\n"
     "several cells a line, each column a set; - reads standard input. Without FILE the\n"
@@ -47,6 +50,9 @@ constexpr const char* helpText =
     "Output\n"
     "  --report FILE|-   the text report; standard output when neither is given\n"
     "  --json FILE|-     the results as one JSON object\n"
+    "  --plot FILE       the plot: .svg picture, .hgl plotter text (HPGL), .trace every drawing\n"
+    "                    operation in words\n"
+    "  --plot-size WxH   pixels of the picture, 400x300 to 4000x3000; 1200x900 when not given\n"
     "  --help, --version\n"
     "\n"
     "Exit status 0, 1 when no set could be analysed, 2 for a usage error.\n"
@@ -59,6 +65,10 @@ constexpr const char* helpText =
 struct Outputs {
     std::optional<std::string> report;
     std::optional<std::string> json;
+    std::optional<std::string> plot;
+    std::optional<std::string> plotSize;
+    int pixelsAcross = 1200;
+    int pixelsDown = 900;
 };
 
 /// Tells a fault on standard error.
@@ -77,9 +87,11 @@ bool takeoutputs(std::vector<std::string>& arguments, Outputs& outputs) {
             rest.push_back(arguments[i]);
             continue;
         }
-        auto* target = arguments[i] == "--report" ? &outputs.report
-                       : arguments[i] == "--json" ? &outputs.json
-                                                  : nullptr;
+        auto* target = arguments[i] == "--report"      ? &outputs.report
+                       : arguments[i] == "--json"      ? &outputs.json
+                       : arguments[i] == "--plot"      ? &outputs.plot
+                       : arguments[i] == "--plot-size" ? &outputs.plotSize
+                                                       : nullptr;
         if (!target || i + 1 == arguments.size()) {
             complain(compose(session.msg, Word::Unknown, ": ", arguments[i]));
             return false;
@@ -88,6 +100,32 @@ bool takeoutputs(std::vector<std::string>& arguments, Outputs& outputs) {
     }
     arguments = rest;
     return true;
+}
+
+/// Takes "WxH" as the size of the picture. False when it is not two numbers within the limits.
+bool takesize(Outputs& outputs) {
+    if (!outputs.plotSize) return true;
+    const std::string& text = *outputs.plotSize;
+    const char* end = text.data() + text.size();
+    const auto across = std::from_chars(text.data(), end, outputs.pixelsAcross);
+    if (across.ec != std::errc() || across.ptr == end || *across.ptr != 'x') return false;
+    const auto down = std::from_chars(across.ptr + 1, end, outputs.pixelsDown);
+    const auto within = [](int pixels, int least, int most) { return pixels >= least && pixels <= most; };
+    return down.ec == std::errc() && down.ptr == end && within(outputs.pixelsAcross, 400, 4000)
+           && within(outputs.pixelsDown, 300, 3000);
+}
+
+/// Looks at what was asked of the plot before any work is done.
+bool plotpossible(Outputs& outputs) {
+    if (outputs.plot && !plotfileknown(*outputs.plot)) {
+        complain(compose(session.msg, Word::Unknown, " ", Word::Plot, " ", Word::File, " ", Word::Type, ": ",
+                         *outputs.plot, "\n.svg .hgl .trace"));
+        return false;
+    }
+    if (takesize(outputs)) return true;
+    complain(
+        compose(session.msg, Word::Plot, " ", Word::Size, ": ", *outputs.plotSize, "\n400x300 - 4000x3000"));
+    return false;
 }
 
 bool startedaslifeside(const char* name) {
@@ -169,14 +207,15 @@ int run(const Outputs& outputs, HeadlessPlatform& console) {
         return noResult;
     }
     calcplot();
+    const bool plotted = !outputs.plot || plotfile(*outputs.plot, outputs.pixelsAcross, outputs.pixelsDown);
     for (const std::string& message : console.messages) complain(message);
-    const bool analysed = anyresult();
+    const bool analysed = anyresult() || (session.progSide != lifeSide && outputs.plot && setcount() > 0);
     if (!analysed) complainempty(console);
     std::string json;
     if (outputs.json) writeresults(json);
     const bool written =
         writeoutput(outputs.report, nativelines(session.reportBuffer)) && writeoutput(outputs.json, json);
-    return analysed && written ? done : noResult;
+    return analysed && plotted && written ? done : noResult;
 }
 
 } // namespace
@@ -196,12 +235,12 @@ int main(int argc, char** argv) {
     installreporters();
     session.noPrompt = 1;
     Outputs outputs;
-    if (!takeoutputs(arguments, outputs)) return wrongUse;
+    if (!takeoutputs(arguments, outputs) || !plotpossible(outputs)) return wrongUse;
     if (!cmdparse(arguments)) {
         complain(session.msg);
         return wrongUse;
     }
-    if (!outputs.report && !outputs.json) outputs.report = "-";
+    if (!outputs.report && !outputs.json && !outputs.plot) outputs.report = "-";
     const bool life = session.cmdFile.empty() || startedaslifeside(argv[0]);
     const int16_t side = session.cmdFile.empty() ? int16_t{lifeSide} : session.cmdSide;
     chooseside(side == lifeSide || (side == 0 && life) ? lifeSide : visualSide);

@@ -61,34 +61,60 @@ void legendlines(std::vector<BlockLine>& lines) {
 
 // ---- parameters ----
 
-/// Three lines a set: which and how it was fitted, its parameters, its fit and counts.
-void paramsofset(std::vector<BlockLine>& lines, int k) {
-    const int row = rownumber(k);
-    BlockLine line;
-    line.colour = k;
-    compose(line.text, Word::Set, " ", k, "  ", session.setLabel(k));
-    lines.push_back(line);
-    line.colour = frameColour;
+/// What the parameter lines of one set say, left and right of the column.
+struct SetLines {
+    std::string parameters[2];
+    std::string fit[2];
+};
+
+SetLines wordsofset(int k) {
+    SetLines words;
+    std::string counts;
+    compose(counts, "n/s=", session.countQuantity(k), "/", session.countSusp(k));
     if (session.setFitted(k) == 1) {
-        compose(line.text, parametername(session.dist, 1), "=",
-                numbertext(session.etaFit(row, 1), parameterUse), "[[TAB15", parametername(session.dist, 2),
-                "=", numbertext(session.betaFit(row, 1), slopeUse));
-        lines.push_back(line);
+        const int row = rownumber(k);
+        compose(words.parameters[0], parametername(session.dist, 1), "=",
+                numbertext(session.etaFit(row, 1), parameterUse));
+        compose(words.parameters[1], parametername(session.dist, 2), "=",
+                numbertext(session.betaFit(row, 1), slopeUse));
     }
-    line.text.clear();
-    if (session.setFitted(k) == 1)
-        extend(line.text, "r^2=", numbertext(session.setCorrelation(k) * session.setCorrelation(k), axisUse),
-               "[[TAB15");
-    extend(line.text, "n/s=", session.countQuantity(k), "/", session.countSusp(k));
-    lines.push_back(line);
+    const double r = session.setCorrelation(k);
+    if (session.setFitted(k) == 1 && r != 0) compose(words.fit[0], "r^2=", numbertext(r * r, axisUse));
+    words.fit[words.fit[0].empty() ? 0 : 1] = counts;
+    return words;
 }
 
+void pushcells(std::vector<BlockLine>& lines, const std::string (&cells)[2], int column) {
+    if (cells[0].empty()) return;
+    BlockLine line;
+    line.colour = frameColour;
+    line.text = cells[0];
+    if (!cells[1].empty()) extend(line.text, "[[TAB", column, cells[1]);
+    lines.push_back(std::move(line));
+}
+
+/// Three lines a set: which and how it was fitted, its parameters, its fit and counts.
 void paramlines(std::vector<BlockLine>& lines) {
     if (session.plotMode != 1) return;
+    constexpr std::size_t leastColumn = 15;
+    constexpr std::size_t mostColumn = 40;
+    constexpr std::size_t setsWithSpace = 4; ///< more sets stand without blank lines between them
+    std::vector<std::pair<int, SetLines>> sets;
+    std::size_t column = leastColumn;
     for (int k = 1; k <= setcount(); ++k) {
         if (!setshown(k)) continue;
-        if (!lines.empty()) lines.push_back({});
-        paramsofset(lines, k);
+        sets.emplace_back(k, wordsofset(k));
+        for (const auto* cells : {&sets.back().second.parameters, &sets.back().second.fit})
+            column = std::clamp((*cells)[0].size() + 3, column, mostColumn);
+    }
+    for (const auto& [k, words] : sets) {
+        if (!lines.empty() && (sets.size() <= setsWithSpace || k == sets.front().first)) lines.push_back({});
+        BlockLine heading;
+        heading.colour = k;
+        compose(heading.text, Word::Set, " ", k, "  ", session.setLabel(k));
+        lines.push_back(std::move(heading));
+        pushcells(lines, words.parameters, static_cast<int>(column));
+        pushcells(lines, words.fit, static_cast<int>(column));
     }
 }
 
@@ -141,12 +167,12 @@ void drawlines(const PlotBlock& block, const Layout& layout, std::size_t from, s
 } // namespace
 
 float setmark(int k) {
-    static constexpr std::array<int16_t, 24> marks = {24, 23, 21, 22, 31, 32, 29, 30, 25, 26, 27, 28,
-                                                      18, 19, 33, 34, 35, 36, 37, 38, 39, 40, 41, 42};
+    static constexpr std::array<int16_t, 24> marks = {24, 23, 21, 22, 31, 32, 29, 30, 33, 34, 25, 26,
+                                                      27, 28, 35, 36, 37, 38, 39, 40, 41, 42, 43, 44};
     return marks[static_cast<std::size_t>(k - 1) % marks.size()];
 }
 
-float suspensionmark() { return 43; }
+float suspensionmark() { return 18; } // points to the right: the unit ran on
 
 PlotBlock composeblock() {
     PlotBlock block;

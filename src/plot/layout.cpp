@@ -11,7 +11,7 @@ namespace {
 
 constexpr double unitsPerPixel = 15;
 constexpr double smallestPixels = 8;
-constexpr double blockShare = 0.34;  ///< of the canvas width, at most
+constexpr double blockShare = 0.28;  ///< of the canvas width, at most
 constexpr double blockShrink = 0.62; ///< how far the block's characters may shrink before lines are cut
 
 double largestwidth(const std::vector<BlockLine>& block, double size) {
@@ -90,7 +90,8 @@ Layout plotlayout(const std::vector<BlockLine>& block, double yLabels, int title
 }
 
 std::string fittedtext(std::string_view text, double size, double room) {
-    if (plottextwidth(text, size) <= room) return std::string(text);
+    constexpr double slack = 1; // the room was measured by the same texts
+    if (plottextwidth(text, size) <= room + slack) return std::string(text);
     constexpr std::string_view cut = "(...";
     std::size_t length = text.size();
     while (length > 0 && plottextwidth(text.substr(0, length), size) + plottextwidth(cut, size) > room) {

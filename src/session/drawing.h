@@ -50,7 +50,7 @@ struct Drawing {
     float textSize = 0;       ///< character size (em) of the next text, canvas units
     int16_t textRotation = 0; ///< 0 level, 90 upwards
 
-    int16_t marksize = 3;  ///< size of the marks: 0 and 1 standard, 2 dot, 3 medium, 4 large, 20 a fixed form
+    int16_t marksize = 0;  ///< size of the marks: 0 and 1 standard, 2 dot, 3 medium, 4 large, 20 a fixed form
     int16_t marksteps = 1; ///< above 1: every step of a mark is multiplied by it
     int16_t markFixed = 0; ///< 1: marks keep their size in pixels whatever the canvas
     float setCounter = 0;  ///< row of the set being drawn: its number times sg

@@ -45,7 +45,7 @@ struct PlotState {
     std::string axisTitleY;                 ///< further text behind the standard title
     int16_t yScaleKind = occurrencePercent; ///< YScaleKind
     int16_t pointHide = 0;                  ///< 1: the points are not drawn
-    int16_t pointLabelsShown = 0;           ///< 1: the label of each point stands beside it
+    int16_t pointLabelsShown = 1;           ///< 1: the label of each point stands beside it
     int16_t legendPlace = 1;                ///< 1: the legend stands under the parameters, 0: no legend
     int16_t groupDisplay = 0;               ///< 1: sets are shown in groups
     int16_t parameterReminder = 0; ///< 1: say once that bounds on parameters need the parameter display
