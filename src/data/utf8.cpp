@@ -60,3 +60,12 @@ std::string asutf8(std::string_view text) {
     }
     return out;
 }
+
+char32_t takecharacter(std::string_view& text) {
+    const std::size_t length = sequencelength(text);
+    const auto lead = static_cast<uint8_t>(text[0]);
+    char32_t point = length == 0 ? 0xFFFD : length == 1 ? lead : lead & (0x7F >> length);
+    for (std::size_t i = 1; i < length; ++i) point = (point << 6) | (static_cast<uint8_t>(text[i]) & 0x3F);
+    text.remove_prefix(length == 0 ? 1 : length);
+    return point;
+}

@@ -8,3 +8,6 @@ bool isutf8(std::string_view text);
 
 /// The text as UTF-8: as it stands when it is valid, else read as windows-1252.
 std::string asutf8(std::string_view text);
+
+/// Takes the character off the front of a text that is not empty; U+FFFD for a byte that begins none.
+char32_t takecharacter(std::string_view& text);

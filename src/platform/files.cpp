@@ -1,10 +1,12 @@
 #include "platform/files.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
 #include <random>
 #include <system_error>
+#include <utility>
 
 namespace {
 
@@ -24,17 +26,6 @@ std::optional<std::string> readstream(std::FILE* file) {
     return text;
 }
 
-bool writestream(std::FILE* file, std::string_view text) {
-    return std::fwrite(text.data(), 1, text.size(), file) == text.size() && std::fflush(file) == 0;
-}
-
-bool writeinplace(const std::string& path, std::string_view text) {
-    std::FILE* file = std::fopen(path.c_str(), "wb");
-    if (!file) return false;
-    const bool written = writestream(file, text);
-    return std::fclose(file) == 0 && written;
-}
-
 } // namespace
 
 std::optional<std::string> readfile(const std::string& path) {
@@ -45,20 +36,59 @@ std::optional<std::string> readfile(const std::string& path) {
     return file ? readstream(file.get()) : std::nullopt;
 }
 
-bool writefile(const std::string& path, std::string_view text) {
-    if (path == "-") return writestream(stdout, text);
+bool OutputFile::open(const std::string& path) {
+    drop();
+    whole = true;
+    if (path == "-") {
+        stream = stdout;
+        return true;
+    }
     std::error_code error;
-    const fs::path target = fs::exists(path, error) ? fs::canonical(path, error) : fs::path(path);
-    if (error) return false;
-    // A device or a pipe has no old content to keep, and must not be replaced by a file.
-    if (fs::exists(target, error) && !fs::is_regular_file(target, error)) return writeinplace(path, text);
-    const std::string beside = target.string() + "." + std::to_string(std::random_device{}()) + ".tmp";
-    const bool written = writeinplace(beside, text);
-    if (written) fs::rename(beside, target, error);
-    if (!written || error) {
-        std::error_code ignored;
-        fs::remove(beside, ignored);
+    const bool exists = fs::exists(path, error);
+    target = exists ? fs::canonical(path, error).string() : path;
+    if (error) {
+        errno = error.value();
         return false;
     }
-    return true;
+    // A device or a pipe has no old content to keep, and must not be replaced by a file.
+    const bool direct = exists && !fs::is_regular_file(target, error);
+    if (!direct) beside = target + "." + std::to_string(std::random_device{}()) + ".tmp";
+    stream = std::fopen((direct ? target : beside).c_str(), "wb");
+    if (!stream) beside.clear();
+    if (stream && direct) std::setvbuf(stream, nullptr, _IONBF, 0);
+    return stream != nullptr;
+}
+
+bool OutputFile::write(std::string_view text) {
+    whole = stream && std::fwrite(text.data(), 1, text.size(), stream) == text.size() && whole;
+    return whole;
+}
+
+bool OutputFile::close() {
+    std::FILE* const closing = std::exchange(stream, nullptr);
+    if (!closing) return false;
+    return (closing == stdout ? std::fflush(closing) : std::fclose(closing)) == 0;
+}
+
+bool OutputFile::commit() {
+    bool written = close() && whole;
+    if (beside.empty()) return written;
+    std::error_code error;
+    if (written) fs::rename(beside, target, error);
+    written = written && !error;
+    if (!written) fs::remove(beside, error);
+    beside.clear();
+    return written;
+}
+
+void OutputFile::drop() {
+    close();
+    std::error_code ignored;
+    if (!beside.empty()) fs::remove(beside, ignored);
+    beside.clear();
+}
+
+bool writefile(const std::string& path, std::string_view text) {
+    OutputFile file;
+    return file.open(path) && file.write(text) && file.commit();
 }

@@ -10,7 +10,7 @@
 /// nothing above this layer knows what the output is.
 
 /// Takes a pen number apart. At least 0: a solid line in that colour. Below 0 the hundreds select the style
-/// and are added back: (-100, 0) dashed; (-200, -100] outline; (-300, -200] filled; then dash-dot,
+/// and are added back: [-100, 0) dashed; [-200, -100) outline; [-300, -200) filled; then dash-dot,
 /// dash-dot-dot, dotted. -172 is an outline in colour 28. The colour is held inside the palette.
 Pen penparts(float plotpen);
 
