@@ -14,7 +14,6 @@ namespace {
 constexpr double unitsPerPixel = 15;
 constexpr double unitsPerWidth = 18000; ///< canvas width for which a line of class 1 is one pixel wide
 constexpr double finePart = 0.6;
-constexpr double smallBox = 2; ///< canvas units; a box no larger is a line
 constexpr std::size_t bufferSize = 32768;
 
 /// Lengths of dashes and gaps in line widths, by line style; none for a solid line.
@@ -130,7 +129,7 @@ void appendescaped(std::string& out, std::string_view text) {
 
 } // namespace
 
-SvgDevice::SvgDevice(int pixelWidth, int pixelHeight, Write writeText, Close finishText, Close dropText)
+SvgDevice::SvgDevice(int pixelWidth, int pixelHeight, Write writeText, Close finishText, Drop dropText)
     : pixelsAcross(pixelWidth),
       pixelsDown(pixelHeight),
       write(std::move(writeText)),
@@ -161,9 +160,7 @@ bool SvgDevice::end() {
     closepath();
     out += "</svg>\n";
     flush();
-    if (!broken) return !finish || finish();
-    if (drop) drop();
-    return false;
+    return !broken && (!finish || finish());
 }
 
 void SvgDevice::abandon() {
@@ -177,20 +174,16 @@ void SvgDevice::line(const LineOperation& operation) {
     const Point to = {operation.x2, operation.y2};
     pen = to;
     const int widthClass = std::abs(operation.width);
-    Stroke wanted{paletteat(operation.pen.colour), fine && widthClass <= 1 ? 0 : widthClass,
-                  operation.pen.style};
+    const Stroke wanted{paletteat(operation.pen.colour), fine && widthClass <= 1 ? 0 : widthClass,
+                        operation.pen.style};
     const bool boxed = wanted.style == LineStyle::outline || wanted.style == LineStyle::filled;
-    if (!boxed) return segment(wanted, from, to);
-    const LineStyle style = std::exchange(wanted.style, LineStyle::solid);
-    if (std::abs(to.x - from.x) <= smallBox && std::abs(to.y - from.y) <= smallBox)
-        return segment(wanted, from, to);
-    box(wanted, style, from, to);
+    boxed ? box(wanted, from, to) : segment(wanted, from, to);
 }
 
 /// A box covers the pixels of both corners, so that a filled one and its outline cover the same.
-void SvgDevice::box(const Stroke& wanted, LineStyle style, Point from, Point to) {
+void SvgDevice::box(const Stroke& wanted, Point from, Point to) {
     closepath();
-    const bool filled = style == LineStyle::filled;
+    const bool filled = wanted.style == LineStyle::filled;
     const double size = strokewidth(wanted.width);
     const double inset = filled ? 0 : shiftof(size);
     const double more = filled ? 1 : 0;

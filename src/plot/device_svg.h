@@ -12,10 +12,11 @@ class SvgDevice final : public Device {
 public:
     using Write = std::function<bool(std::string_view)>;
     using Close = std::function<bool()>;
+    using Drop = std::function<void()>;
 
     /// `writeText` takes the text piece by piece and says whether it could; `finishText` makes the whole
     /// picture stand, `dropText` makes nothing of it stand. Without them there is nothing to do.
-    SvgDevice(int pixelWidth, int pixelHeight, Write writeText, Close finishText = {}, Close dropText = {});
+    SvgDevice(int pixelWidth, int pixelHeight, Write writeText, Close finishText = {}, Drop dropText = {});
 
     bool begin() override;
     bool end() override;
@@ -46,7 +47,7 @@ private:
     };
 
     void segment(const Stroke& wanted, Point from, Point to);
-    void box(const Stroke& wanted, LineStyle style, Point from, Point to);
+    void box(const Stroke& wanted, Point from, Point to);
     void openpath(const Stroke& wanted);
     void closepath();
     double strokewidth(int widthClass) const;
@@ -54,7 +55,8 @@ private:
 
     int pixelsAcross, pixelsDown;
     Write write;
-    Close finish, drop;
+    Close finish;
+    Drop drop;
     std::string out;     ///< what has not been written yet
     std::string cleaned; ///< the text in hand
     bool broken = false; ///< a write has failed

@@ -145,7 +145,7 @@ protected:
                          written += text;
                          return written.size() <= capacity;
                      },
-                     [this] { return ++finished > 0; }, [this] { return ++dropped > 0; }};
+                     [this] { return ++finished > 0; }, [this] { ++dropped; }};
 };
 
 TEST_F(SvgPicture, CanvasIsFifteenUnitsToThePixel) {
@@ -283,15 +283,6 @@ TEST_F(SvgPicture, BoxIsARectangleWhicheverCornersAreGiven) {
     EXPECT_EQ(boxes[1].attributes["height"], "21");
     EXPECT_EQ(boxes[1].attributes["fill"], "#1e7d3c");
     EXPECT_FALSE(boxes[1].attributes.count("stroke"));
-}
-
-TEST_F(SvgPicture, BoxNoLargerThanTwoUnitsIsALine) {
-    draw(150, 150, 152, 152, 3, LineStyle::filled);
-    draw(150, 150, 153, 152, 3, LineStyle::filled);
-    auto elements = picture();
-    ASSERT_EQ(elements.size(), 2u);
-    EXPECT_EQ(elements[0].attributes["d"], "M10.5 10.5L10.63 10.63");
-    EXPECT_EQ(elements[1].name, "rect");
 }
 
 TEST_F(SvgPicture, NothingIsFilledUnlessItSaysSo) {
@@ -432,8 +423,8 @@ TEST_F(SvgPicture, FailedWriteEndsThePicture) {
     EXPECT_EQ(written.size(), then) << "nothing is written behind a gap";
     EXPECT_FALSE(device.end());
     EXPECT_EQ(finished, 0);
-    EXPECT_EQ(dropped, 1);
     plotabandon();
+    EXPECT_EQ(dropped, 1);
 }
 
 } // namespace
