@@ -308,7 +308,8 @@ Marks decademarks(const AxisSpan& span, const DecadeChoice& choice, int first, i
         for (int mantissa = 1; mantissa <= 9; ++mantissa) {
             if (!choice.holds(mantissa, exponent)) continue;
             const double value = sign * decimal(mantissa, exponent);
-            if (value > span.low && value < span.high) marks.push_back({value, mantissa, exponent});
+            const bool known = !marks.empty() && marks.back().value == value; // the smallest doubles
+            if (!known && value > span.low && value < span.high) marks.push_back({value, mantissa, exponent});
         }
     }
     if (sign < 0) std::reverse(marks.begin(), marks.end());
