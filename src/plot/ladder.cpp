@@ -1,7 +1,6 @@
 #include "plot/ladder.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>

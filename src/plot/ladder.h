@@ -21,6 +21,7 @@ std::span<const LadderTick> ladder();
 
 /// Label of ud percent into msg. tickindex: a ladder index chooses its label at once (22 is " 63.212"); 0
 /// searches by the value; reliabilityLabels mirrors the value to 100 - ud first when the axis shows
-/// reliability (yScaleKind 1, 3, 5), and ud comes back as it was. The empty text for a value that the ladder
-/// cannot place.
+/// reliability (yScaleKind 1, 3, 5), and ud comes back as it was; above 99.99925 the mirrored value is
+/// written out with its nines, " 100" where a double holds no more of them. An index the ladder does not have
+/// counts as 0. The empty text for a value that the ladder cannot place.
 void probticklabel();

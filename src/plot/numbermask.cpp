@@ -12,6 +12,7 @@
 namespace {
 
 constexpr int mostDigits = 17;
+constexpr int trueDigits = 15;   ///< that a double gives back as they were read
 constexpr int alwaysPlain = 3;   ///< exponents to here never show
 constexpr int longestPlain = 7;  ///< exponents past here always show
 constexpr int compactPlaces = 5; ///< that mantissa and exponent of a compact field share behind the point
@@ -57,7 +58,8 @@ int leadingnines(double size) {
 Layout layoutof(double size, int digits) {
     const int wanted = wanteddigits(digits);
     if (size == 0) return {};
-    if (const int nines = leadingnines(size)) return {std::min(wanted + nines, mostDigits), 0};
+    if (const int nines = leadingnines(size))
+        return {std::min(wanted + nines, std::max({wanted, trueDigits, nines + 1})), 0};
     const int distance = std::abs(figuresof(size, wanted).exponent);
     const bool plain = distance <= alwaysPlain || (distance <= longestPlain && distance < wanted);
     return {wanted, plain ? 0 : 3};
@@ -106,10 +108,10 @@ std::string spelled(const Figures& figures, int exponentRoom) {
     return exponentRoom ? exponenttext(figures, exponentRoom) : plaintext(figures);
 }
 
-std::string spell(double value, int use) {
-    const auto general = session.maskDigits[generalUse];
+std::string spell(double value, int asked) {
+    const int use = std::min(asked, useClasses - 1);
     const int digits =
-        use < 0 ? -general : session.maskDigits[static_cast<std::size_t>(std::min(use, useClasses - 1))];
+        use < 0 ? -session.maskDigits[generalUse] : session.maskDigits[static_cast<std::size_t>(use)];
     const double size = presentable(value);
     if (size == 0) return "0";
     const Layout layout = use == axisUse ? compactlayout(size, digits) : layoutof(size, digits);

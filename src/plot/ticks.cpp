@@ -1,7 +1,6 @@
 #include "plot/ticks.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -18,6 +17,7 @@ constexpr int mostIntervals = 10;   ///< labelled steps along an even axis
 constexpr int naturalIntervals = 8; ///< steps that an axis is rounded to
 constexpr double evenRatio = 5;     ///< a curved scale with high/low below this is stepped evenly
 constexpr int mostDigits = 17;
+constexpr double mostCounted = 9e15; ///< whole numbers to here are doubles
 
 // ---- decimal numbers
 
@@ -125,12 +125,11 @@ std::string labelat(double value, int power) {
 
 /// Multiples of a step inside the span; none when doubles cannot count them.
 std::vector<double> multiples(const AxisSpan& span, Step step) {
-    constexpr double countable = 9e15;
     const double size = step.size();
     std::vector<double> values;
-    if (!(size > 0) || !std::isfinite(size)) return values;
+    if (!std::isnormal(size)) return values;
     const double first = std::ceil(span.low / size), last = std::floor(span.high / size);
-    if (!(std::max(std::fabs(first), std::fabs(last)) * step.mantissa < countable)) return values;
+    if (!(std::max(std::fabs(first), std::fabs(last)) * step.mantissa < mostCounted)) return values;
     for (double k = first; k <= last && values.size() < mostTicks - 2; ++k) {
         const double value = decimal(k * step.mantissa, step.power) + 0.0; // no -0
         if (value > span.low && value < span.high && (values.empty() || value > values.back()))
@@ -195,18 +194,22 @@ bool joins(LabelSet& set, const LabelRow& row, const std::vector<Tick>& ticks, s
     return fits;
 }
 
+bool decade(double value) { return value > 0 && value == decimal(1, exponentof(value)); }
+
 /// The ends and the marks between them that stand clear of the ends.
 std::vector<Tick> ticksat(const AxisSpan& span, Marks& marks) {
     std::vector<Tick> ticks;
     ticks.reserve(marks.size() + 2);
-    ticks.push_back({span.low, 0, false, {}});
+    ticks.push_back({span.low, 0, decade(span.low), {}});
     std::erase_if(marks, [&](const Mark& mark) {
         const double fraction = fractionof(span, mark.value);
         const bool clear = fraction > sameplace && fraction < 1 - sameplace;
-        if (clear) ticks.push_back({mark.value, fraction, false, {}});
+        if (clear)
+            ticks.push_back(
+                {mark.value, fraction, mark.mantissa ? mark.mantissa == 1 : decade(mark.value), {}});
         return !clear;
     });
-    ticks.push_back({span.high, 1, false, {}});
+    ticks.push_back({span.high, 1, decade(span.high), {}});
     return ticks;
 }
 
@@ -305,7 +308,8 @@ Marks decademarks(const AxisSpan& span, const DecadeChoice& choice, int first, i
         for (int mantissa = 1; mantissa <= 9; ++mantissa) {
             if (!choice.holds(mantissa, exponent)) continue;
             const double value = sign * decimal(mantissa, exponent);
-            if (value > span.low && value < span.high) marks.push_back({value, mantissa, exponent});
+            const bool known = !marks.empty() && marks.back().value == value; // the smallest doubles
+            if (!known && value > span.low && value < span.high) marks.push_back({value, mantissa, exponent});
         }
     }
     if (sign < 0) std::reverse(marks.begin(), marks.end());
@@ -356,12 +360,6 @@ std::vector<Tick> decadeaxis(const AxisSpan& span, LabelRow& row) {
     return ticks;
 }
 
-void markheavy(AxisScale scale, std::vector<Tick>& ticks) {
-    for (Tick& tick : ticks)
-        tick.heavy = scale == AxisScale::logarithmic ? tick.value == decimal(1, exponentof(tick.value))
-                                                     : !tick.label.empty();
-}
-
 // ---- rounding
 
 /// First digits that an axis in decades may end at.
@@ -393,8 +391,10 @@ double digitedge(double size, std::span<const double> digits, bool up) {
 
 /// The value rounded to a multiple of the step, up or down; as given when it stands there.
 double stepedge(double value, Step step, bool up) {
-    const double count = value / step.size();
-    if (!(std::fabs(count) * step.mantissa < 9e15)) return value;
+    const double size = step.size();
+    if (!std::isnormal(size)) return value;
+    const double count = value / size;
+    if (!(std::fabs(count) * step.mantissa < mostCounted)) return value;
     if (std::fabs(count - std::round(count)) < sameplace) return value;
     return decimal((up ? std::ceil(count) : std::floor(count)) * step.mantissa, step.power) + 0.0;
 }
@@ -427,7 +427,8 @@ std::vector<Tick> chooseticks(const AxisSpan& span, double length, double gap, c
     if (span.low == span.high) return {{span.low, 0, true, axislabel(span.low, mostDigits)}};
     LabelRow row(length, gap, extent);
     std::vector<Tick> ticks = evenlystepped(span) ? evenaxis(span, row) : decadeaxis(span, row);
-    markheavy(span.scale, ticks);
+    if (span.scale != AxisScale::logarithmic)
+        for (Tick& tick : ticks) tick.heavy = !tick.label.empty();
     return ticks;
 }
 

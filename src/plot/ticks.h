@@ -29,9 +29,10 @@ using LabelExtent = std::function<double(std::string_view)>;
 /// Ticks of the axis in rising order. Post: the first stands at low and the last at high; at most 150; each
 /// value inside the edges; no two labels with the same text; no two labels nearer than `gap` to each other
 /// when each is centred at its tick on an axis of `length`; both ends labelled when both fit, else the low
-/// one. Labels tell neighbouring ticks apart however narrow the range.
-/// Heckbert, Nice numbers for graph labels, Graphics Gems (1990) 61.
+/// one. Labels tell neighbouring ticks apart however narrow the range. A span of one point gives one tick;
+/// what is no span at all, none. Heckbert, Nice numbers for graph labels, Graphics Gems (1990) 61.
 std::vector<Tick> chooseticks(const AxisSpan& span, double length, double gap, const LabelExtent& extent);
 
-/// The span rounded outwards so that its edges stand on ticks; an edge that is pinned stays.
+/// The span rounded outwards to an even step, the digits of a decade or whole decades, so that the given one
+/// fills at least .6 of it along the plot scale; an edge that is pinned, or round already, stays.
 AxisSpan roundedspan(const AxisSpan& span, bool pinLow, bool pinHigh);
