@@ -167,8 +167,8 @@ void drawlines(const PlotBlock& block, const Layout& layout, std::size_t from, s
 } // namespace
 
 float setmark(int k) {
-    static constexpr std::array<int16_t, 24> marks = {24, 23, 21, 22, 31, 32, 29, 30, 33, 34, 25, 26,
-                                                      27, 28, 35, 36, 37, 38, 39, 40, 41, 42, 43, 44};
+    static constexpr std::array<int16_t, 24> marks = {24, 23, 31, 21, 33, 32, 22, 34, 29, 30, 43, 44,
+                                                      40, 41, 42, 38, 35, 36, 37, 39, 25, 27, 26, 28};
     return marks[static_cast<std::size_t>(k - 1) % marks.size()];
 }
 

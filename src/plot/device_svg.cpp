@@ -129,14 +129,13 @@ void appendescaped(std::string& out, std::string_view text) {
 
 } // namespace
 
-SvgDevice::SvgDevice(int pixelWidth, int pixelHeight, Write writeText, Close finishText, Drop dropText)
+SvgDevice::SvgDevice(int pixelWidth, int pixelHeight, TextSink& textSink)
     : pixelsAcross(pixelWidth),
       pixelsDown(pixelHeight),
-      write(std::move(writeText)),
-      finish(std::move(finishText)),
-      drop(std::move(dropText)) {}
+      sink(textSink) {}
 
 bool SvgDevice::begin() {
+    if (!sink.open(session.outputName.empty() ? "-" : session.outputName)) return false;
     out.clear();
     out.reserve(bufferSize + 1024);
     broken = fine = inPath = false;
@@ -160,13 +159,13 @@ bool SvgDevice::end() {
     closepath();
     out += "</svg>\n";
     flush();
-    return !broken && (!finish || finish());
+    return sink.commit() && !broken;
 }
 
 void SvgDevice::abandon() {
     inPath = false;
     out.clear();
-    if (drop) drop();
+    sink.drop();
 }
 
 void SvgDevice::line(const LineOperation& operation) {
@@ -248,7 +247,7 @@ double SvgDevice::strokewidth(int widthClass) const {
 
 /// Once a write has failed nothing more is written: the rest would not be a picture.
 void SvgDevice::flush() {
-    broken = broken || !write(out);
+    broken = broken || !sink.write(out);
     out.clear();
 }
 

@@ -1,22 +1,17 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
 
+#include "platform/files.h"
 #include "plot/device.h"
 
 /// Vector picture, SVG 1.1, written as it is drawn: no more than a buffer and the state of the path in hand
-/// is held. One unit of the picture is a pixel, 15 canvas units.
+/// is held. Goes to the file that the user named, else standard output. One unit of the picture is a pixel,
+/// 15 canvas units.
 class SvgDevice final : public Device {
 public:
-    using Write = std::function<bool(std::string_view)>;
-    using Close = std::function<bool()>;
-    using Drop = std::function<void()>;
-
-    /// `writeText` takes the text piece by piece and says whether it could; `finishText` makes the whole
-    /// picture stand, `dropText` makes nothing of it stand. Without them there is nothing to do.
-    SvgDevice(int pixelWidth, int pixelHeight, Write writeText, Close finishText = {}, Drop dropText = {});
+    SvgDevice(int pixelWidth, int pixelHeight, TextSink& textSink);
 
     bool begin() override;
     bool end() override;
@@ -54,9 +49,7 @@ private:
     void flush();
 
     int pixelsAcross, pixelsDown;
-    Write write;
-    Close finish;
-    Drop drop;
+    TextSink& sink;
     std::string out;     ///< what has not been written yet
     std::string cleaned; ///< the text in hand
     bool broken = false; ///< a write has failed

@@ -137,15 +137,21 @@ protected:
     }
 
     FreshSession fresh{visualSide};
-    std::string written;
-    int finished = 0, dropped = 0;
-    std::size_t capacity = 10'000'000; ///< bytes that can be written
-    SvgDevice device{800, 600,
-                     [this](std::string_view text) {
-                         written += text;
-                         return written.size() <= capacity;
-                     },
-                     [this] { return ++finished > 0; }, [this] { ++dropped; }};
+    struct PictureSink : TextSink {
+        std::string text;
+        int commits = 0, drops = 0;
+        std::size_t capacity = 10'000'000; ///< bytes that can be written
+        bool open(const std::string&) override { return true; }
+        bool write(std::string_view part) override { return text.append(part).size() <= capacity; }
+        bool commit() override { return ++commits > 0; }
+        void drop() override { ++drops; }
+    };
+    PictureSink sink;
+    std::string& written = sink.text;
+    int& finished = sink.commits;
+    int& dropped = sink.drops;
+    std::size_t& capacity = sink.capacity;
+    SvgDevice device{800, 600, sink};
 };
 
 TEST_F(SvgPicture, CanvasIsFifteenUnitsToThePixel) {
