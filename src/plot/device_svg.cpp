@@ -159,7 +159,7 @@ bool SvgDevice::end() {
     closepath();
     out += "</svg>\n";
     flush();
-    return sink.commit() && !broken;
+    return !broken && sink.commit();
 }
 
 void SvgDevice::abandon() {

@@ -160,8 +160,8 @@ TEST_F(SvgPicture, CanvasIsFifteenUnitsToThePixel) {
 }
 
 TEST_F(SvgPicture, EmptyPictureIsTheBackgroundAlone) {
-    session.palette[backgroundColour] = 0xFFFEF0;
     ASSERT_TRUE(plotend());
+    session.palette[backgroundColour] = 0xFFFEF0;
     written.clear();
     ASSERT_TRUE(device.begin());
     ASSERT_TRUE(device.end());
