@@ -115,7 +115,7 @@ Pen penparts(float plotpen) {
     return {static_cast<int>(colour), static_cast<LineStyle>(hundreds)};
 }
 
-double snapped(double v) { return std::trunc(v / 15 + 0.5) * 15; }
+double snapped(double v) { return std::floor(v / 15 + 0.5) * 15; }
 
 void plotsnap(double x1, double y1, double x2, double y2) {
     session.plotx1 = snapped(x1);
