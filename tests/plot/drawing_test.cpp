@@ -330,6 +330,7 @@ TEST_F(DrawingTest, AMarkOnASurfaceIsAsManyLinesAsItHasStrokes) {
     EXPECT_EQ(line.width, 2);
     EXPECT_FALSE(line.continues);
     EXPECT_TRUE(line.x1 == 30 && line.y1 == 40 && line.x2 == 50 && line.y2 == 60);
+    plotabandon();
 }
 
 TEST_F(DrawingTest, OnlyASerialPortGetsItsParameters) {

@@ -23,10 +23,8 @@ protected:
     MemorySink sink;
 
     PlotTest() : former(std::exchange(platform, &desktop)) { plotabandon(); }
-    ~PlotTest() override {
-        plotabandon();
-        platform = former;
-    }
+    ~PlotTest() override { platform = former; }
+    void TearDown() override { plotabandon(); } // while the device of the test still lives
 
     static void lineto(double x1, double y1, double x2, double y2, float pen) {
         session.plotx1 = x1;
