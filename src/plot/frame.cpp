@@ -94,17 +94,14 @@ void plotxaxis(const Layout& layout) {
 
 void plotbuttons(const Layout& layout) {
     if (static_cast<int>(session.outdev) != screenDevice) return;
-    const PlotWindow& w = session.window;
-    const double size = 0.85 * layout.size;
+    const double size = 0.75 * layout.size;
     session.textSize = static_cast<float>(size);
-    std::string text;
-    const auto button = [&](const char* axis, const char* arrows) -> std::string_view {
-        return compose(text, axis, Word::PlotScale, arrows);
-    };
-    const double left = 0.4 * layout.size;
-    label(left, w.top - 0.5 * size, button("Y-", " ^^^"));
-    label(left, layout.xLabelY, button("Y-", " vvv"));
-    label(w.left, layout.footY, button("X-", " vvv"));
-    const std::string_view raise = button("X-", " ^^^");
-    label(w.right - plottextwidth(raise, size), layout.footY, raise);
+    double x = 0.9 * layout.size;
+    for (const char* axis : {"Y-", "X-"})
+        for (const char* arrows : {" vvv", " ^^^"}) {
+            std::string text;
+            compose(text, axis, Word::PlotScale, arrows);
+            label(x, layout.footY, text);
+            x += plottextwidth(text, size) + size;
+        }
 }

@@ -20,9 +20,17 @@ double largestwidth(const std::vector<BlockLine>& block, double size) {
     return width;
 }
 
+/// Width that must not be cut: that of the numbers, which stand in columns. A name may be cut short.
+double numberswidth(const std::vector<BlockLine>& block, double size) {
+    double width = 0;
+    for (const BlockLine& line : block)
+        if (line.text.find("[[TAB") != std::string::npos) width = std::max(width, blockwidth(line, size));
+    return width;
+}
+
 /// Character size at which the block fits the room; not below what can be read.
 double blocksize(const std::vector<BlockLine>& block, double size, double roomX, double roomY) {
-    const double width = largestwidth(block, size);
+    const double width = numberswidth(block, size);
     const double height = lineheight(size) * static_cast<double>(block.size());
     const double factor =
         std::min({1.0, width > roomX ? roomX / width : 1.0, height > roomY ? roomY / height : 1.0});
@@ -71,7 +79,7 @@ Layout plotlayout(const std::vector<BlockLine>& block, double yLabels, int title
     layout.footY = h - 0.8 * size;
     layout.xTitleY = layout.footY - 1.5 * size;
     layout.xLabelY = layout.xTitleY - 1.6 * size;
-    area.bottom = layout.xLabelY - 1.25 * size;
+    area.bottom = layout.xLabelY - 1.4 * size;
     layout.yTitleX = margin + 0.9 * size;
     area.left = layout.yTitleX + 0.8 * size + yLabels + 0.5 * size;
 

@@ -1,0 +1,483 @@
+#include "plot/plotprob.h"
+
+#include <algorithm>
+#include <random>
+
+#include "plot/device_hpgl.h"
+#include "plot/device_trace.h"
+#include "plot/shown.h"
+#include "support/hpglreader.h"
+#include "support/lifefixture.h"
+#include "support/recordingdevice.h"
+#include "support/scriptedplatform.h"
+#include "support/textsink.h"
+
+namespace {
+
+struct Box {
+    double left, top, right, bottom;
+};
+
+/// Room of a text: from its capitals down to its descenders.
+Box boxof(const RecordingDevice::Text& t) {
+    const double up = 0.73 * t.size;
+    const double down = 0.2 * t.size;
+    if (t.rotation == 90) return {t.x - up, t.y - t.width, t.x + down, t.y};
+    return {t.x, t.y - up, t.x + t.width, t.y + down};
+}
+
+bool overlap(const Box& a, const Box& b) {
+    return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
+}
+
+/// Every text stands on the canvas, and none covers another.
+void expectreadable(const RecordingDevice& device) {
+    for (std::size_t i = 0; i < device.texts.size(); ++i) {
+        const Box box = boxof(device.texts[i]);
+        EXPECT_GE(box.left, 0) << device.texts[i].text;
+        EXPECT_GE(box.top, 0) << device.texts[i].text;
+        EXPECT_LE(box.right, device.width()) << device.texts[i].text;
+        EXPECT_LE(box.bottom, device.height()) << device.texts[i].text;
+        for (std::size_t j = 0; j < i; ++j)
+            EXPECT_FALSE(overlap(box, boxof(device.texts[j])))
+                << device.texts[i].text << " covers " << device.texts[j].text;
+    }
+}
+
+class ProbabilityPlot : public LifeTest {
+protected:
+    /// A sample by inversion of the Weibull distribution, the same on every machine.
+    static Cells sample(int n, double eta, double beta, unsigned seed, int everySuspended = 0) {
+        std::mt19937 random(seed);
+        Cells cells;
+        for (int i = 1; i <= n; ++i) {
+            const double p = (static_cast<double>(random()) + 0.5) / 4294967296.0;
+            const double x = eta * std::pow(-std::log1p(-p), 1 / beta);
+            const bool suspended = everySuspended > 0 && i % everySuspended == 0;
+            cells.push_back((suspended ? "-" : "") + std::to_string(x));
+        }
+        return cells;
+    }
+
+    static RecordingDevice drawn(int across = 1200, int down = 900) {
+        RecordingDevice device(15.0 * across, 15.0 * down);
+        EXPECT_TRUE(plotentry(device));
+        return device;
+    }
+
+    static const RecordingDevice::Text* textof(const RecordingDevice& device, std::string_view text) {
+        const auto found = std::find_if(device.texts.begin(), device.texts.end(),
+                                        [&](const auto& t) { return t.text == text; });
+        return found == device.texts.end() ? nullptr : &*found;
+    }
+    static std::size_t indexof(const RecordingDevice& device, std::string_view text) {
+        const auto* found = textof(device, text);
+        EXPECT_TRUE(found) << text;
+        return found ? static_cast<std::size_t>(found - device.texts.data()) : 0;
+    }
+};
+
+TEST_F(ProbabilityPlot, ShowsTitleAxesParametersAndDate) {
+    session.fileName = "pumps.txt";
+    life({"150", "230", "-400", "310"});
+    const RecordingDevice device = drawn();
+    for (const char* text : {"pumps.txt", "Weibull (rr Fit)", "Age", "F(Age) [Occurrence %]", "LEGEND",
+                             "Set 1", "Suspension", "Set 1  rr", "n/s=4/1", "50", "90"})
+        EXPECT_TRUE(textof(device, text)) << text;
+    const auto starts = [&](const char* start) {
+        return std::any_of(device.texts.begin(), device.texts.end(),
+                           [&](const auto& t) { return t.text.starts_with(start); });
+    };
+    EXPECT_TRUE(starts("Eta="));
+    EXPECT_TRUE(starts("Beta="));
+    EXPECT_TRUE(starts("r^2="));
+    EXPECT_TRUE(starts("OmniVANEX  20"));
+}
+
+TEST_F(ProbabilityPlot, ParametersCarryTheNamesOfTheFamily) {
+    const auto shows = [&](Dist family, const char* first, const char* second) {
+        choose(family);
+        life({"150", "230", "310", "420"});
+        const RecordingDevice device = drawn();
+        bool one = false, two = false;
+        for (const auto& t : device.texts) {
+            one = one || t.text.starts_with(first);
+            two = two || t.text.starts_with(second);
+        }
+        return one && two;
+    };
+    EXPECT_TRUE(shows(weibull, "Eta=", "Beta="));
+    EXPECT_TRUE(shows(lognormal, "Med=", "SigF="));
+    EXPECT_TRUE(shows(normal, "Mu=", "Sig="));
+    EXPECT_TRUE(shows(gumbel, "Xi=", "Del="));
+}
+
+TEST_F(ProbabilityPlot, TheScaleLineStandsOnWeibullPaperAlone) {
+    life({"150", "230", "310", "420"});
+    EXPECT_TRUE(textof(drawn(), "63.212"));
+    choose(lognormal);
+    life({"150", "230", "310", "420"});
+    EXPECT_FALSE(textof(drawn(), "63.212"));
+}
+
+TEST_F(ProbabilityPlot, ReliabilityAxisMirrorsTheLabels) {
+    session.yScaleKind = reliabilityPercent;
+    life({"150", "230", "310", "420", "500", "600", "700"});
+    const RecordingDevice device = drawn();
+    EXPECT_TRUE(textof(device, "1-F(Age) [Reliability %]"));
+    const auto* ninety = textof(device, "90");
+    const auto* ten = textof(device, "10");
+    ASSERT_TRUE(ninety && ten);
+    EXPECT_GT(ninety->y, ten->y) << "reliability falls upwards";
+}
+
+TEST_F(ProbabilityPlot, DrawsGridThenFrameThenLinesThenMarks) {
+    life({"150", "230", "310", "420"});
+    const RecordingDevice device = drawn();
+    const auto at = [&](auto want) {
+        return std::find_if(device.lines.begin(), device.lines.end(), want) - device.lines.begin();
+    };
+    const auto count = static_cast<std::ptrdiff_t>(device.lines.size());
+    const auto grid = at([](const LineOperation& l) { return l.pen.colour == gridColour; });
+    const auto box =
+        at([&](const LineOperation& l) { return l.pen.style == LineStyle::outline && l.x1 > 0; });
+    const auto fit = at([](const LineOperation& l) { return l.pen.colour == 1 && l.width == 2; });
+    ASSERT_LT(fit, count);
+    EXPECT_LT(grid, box);
+    EXPECT_LT(box, fit);
+    EXPECT_EQ(device.marksBegun, 4 + 1) << "four points and one in the legend";
+    EXPECT_EQ(device.marksEnded, device.marksBegun);
+}
+
+TEST_F(ProbabilityPlot, PointsStandWhereTheirScalesPutThem) {
+    life({"100", "200", "400"});
+    const RecordingDevice device = drawn();
+    const PlotWindow& w = session.windowSaved;
+    // Logarithmic age: equal ratios are equal lengths. The first step of a mark starts at its point.
+    std::vector<double> x;
+    std::vector<double> y;
+    for (std::size_t i = 0; i < device.steps.size(); ++i)
+        if (i == 0 || device.steps[i].colour == 0) {
+            x.push_back(device.steps[i].fromX);
+            y.push_back(device.steps[i].fromY);
+        }
+    ASSERT_GE(x.size(), 3u);
+    EXPECT_NEAR(x[1] - x[0], x[2] - x[1], 30) << "within the pixel grid";
+    for (int j = 1; j <= 3; ++j) {
+        const double p = (j - 0.3) / 3.4;
+        const double expected = w.bottom - (std::log(-std::log1p(-p)) - w.ylow) * w.yfactor;
+        EXPECT_NEAR(y[static_cast<std::size_t>(j - 1)], expected, 15);
+    }
+}
+
+TEST_F(ProbabilityPlot, TheFittedLinePassesThroughItsScaleAtTheScaleLine) {
+    life(sample(20, 1000, 2, 3));
+    const RecordingDevice device = drawn();
+    const auto fitted = std::find_if(device.lines.begin(), device.lines.end(), [](const LineOperation& l) {
+        return l.pen.colour == 1 && l.width == 2;
+    });
+    ASSERT_NE(fitted, device.lines.end());
+    const PlotWindow& w = session.windowSaved;
+    const double x = w.left + (std::log(fit().eta) - w.xlow) * w.xfactor;
+    const double y = w.bottom - (0 - w.ylow) * w.yfactor; // ln(-ln(1 - 0.63212)) = 0
+    const double along = (x - fitted->x1) / (fitted->x2 - fitted->x1);
+    EXPECT_NEAR(fitted->y1 + along * (fitted->y2 - fitted->y1), y, 2);
+}
+
+TEST_F(ProbabilityPlot, SuspensionsStandAtTheFootAndNotAmongTheFailures) {
+    life({"100", "200", "-300"});
+    const RecordingDevice device = drawn();
+    const PlotWindow& w = session.windowSaved;
+    const double x = w.left + (std::log(300.0) - w.xlow) * w.xfactor;
+    bool found = false;
+    for (const MarkStep& step : device.steps)
+        if (std::fabs(step.x - x) < 200) {
+            found = true;
+            EXPECT_GT(step.y, w.bottom - 0.08 * (w.bottom - w.top));
+        }
+    EXPECT_TRUE(found);
+    EXPECT_FALSE(shownpoint(1, 1).suspended);
+    EXPECT_TRUE(shownpoint(1, 3).suspended);
+}
+
+TEST_F(ProbabilityPlot, MarksCarryTheColourOfTheirSet) {
+    sets({{"100", "200", "300"}, {"110", "220", "350"}});
+    const RecordingDevice device = drawn();
+    std::array<int, 29> steps{};
+    for (const MarkStep& step : device.steps) ++steps[static_cast<std::size_t>(step.colour)];
+    EXPECT_GT(steps[1], 0);
+    EXPECT_GT(steps[2], 0);
+    EXPECT_EQ(steps[3], 0);
+}
+
+TEST_F(ProbabilityPlot, AHiddenSetIsNotDrawn) {
+    sets({{"100", "200", "300"}, {"110", "220", "350"}});
+    session.lineHide(2) = 1;
+    const RecordingDevice device = drawn();
+    EXPECT_FALSE(textof(device, "Set 2"));
+    for (const MarkStep& step : device.steps) EXPECT_NE(step.colour, 2);
+}
+
+TEST_F(ProbabilityPlot, SetsOfOneNameShareTheirColourInAGroupDisplay) {
+    sets({{"100", "200", "300"}, {"110", "220", "350"}});
+    session.rowTitle(3) = session.rowTitle(6) = "pump";
+    session.groupDisplay = 1;
+    const RecordingDevice device = drawn();
+    for (const MarkStep& step : device.steps) EXPECT_NE(step.colour, 2);
+}
+
+TEST_F(ProbabilityPlot, ASetThatWasRefusedShowsNoPoints) {
+    session.inputType = intv5;
+    life({"20x0x1x10", "30x0x1x40", "50x0x1x60"}); // the first interval ends before it begins
+    ASSERT_EQ(session.setFitted(1), 0);
+    EXPECT_EQ(drawn().marksBegun, 1) << "the legend's";
+}
+
+TEST_F(ProbabilityPlot, ASuspensionAtZeroIsToldAndLeftOut) {
+    life({"-0", "150", "230"});
+    desktop.messages.clear();
+    const RecordingDevice device = drawn();
+    ASSERT_EQ(desktop.messages.size(), 1u);
+    EXPECT_EQ(desktop.messages[0], "Set 1: X-Value <= 0 ... Point 1 Not On Plot");
+    EXPECT_EQ(device.marksBegun, 2 + 2);
+}
+
+TEST_F(ProbabilityPlot, AnEmptySessionGivesAnEmptyPlot) {
+    sets({});
+    const RecordingDevice device = drawn();
+    EXPECT_FALSE(device.lines.empty());
+    EXPECT_TRUE(device.steps.empty());
+    EXPECT_FALSE(textof(device, "LEGEND"));
+    expectreadable(device);
+}
+
+// ---- readable at every size and for every kind of data ----
+
+struct Canvas {
+    int across, down;
+};
+
+class ReadablePlot : public ProbabilityPlot, public testing::WithParamInterface<Canvas> {};
+
+TEST_P(ReadablePlot, NoTextLeavesTheCanvasOrCoversAnother) {
+    const auto [across, down] = GetParam();
+    const std::vector<std::vector<Cells>> data = {
+        {sample(5, 100, 2, 1)},
+        {sample(60, 1000, 1.3, 2, 3)},
+        {sample(30, 3e-9, 4, 3)},
+        {sample(30, 2e12, 0.6, 4)},
+        {{"0.012", "0.0131", "0.0152", "0.0167", "0.019"}},
+        {{"77", "77", "77"}},
+        {sample(15, 100, 1, 5, 4), sample(15, 400, 1.5, 6, 5), sample(15, 900, 2, 7), sample(15, 1600, 3, 8),
+         sample(15, 2500, 3, 9), sample(15, 3600, 2, 10), sample(15, 4900, 1, 11), sample(15, 6400, 1, 12)}};
+    for (const Dist family : {weibull, lognormal, normal, gumbel})
+        for (std::size_t i = 0; i < data.size(); ++i) {
+            SCOPED_TRACE(testing::Message() << "family " << family << ", data " << i);
+            choose(family);
+            session.fileName = i == 0 ? std::string(60, 'W') : "data.txt";
+            sets(data[i]);
+            expectreadable(drawn(across, down));
+        }
+}
+
+INSTANTIATE_TEST_SUITE_P(Sizes, ReadablePlot,
+                         testing::Values(Canvas{400, 300}, Canvas{800, 600}, Canvas{1200, 900},
+                                         Canvas{300 * 4, 400}, Canvas{600, 900}, Canvas{4000, 3000}));
+
+TEST_F(ProbabilityPlot, FiveHundredPointLabelsStayApart) {
+    Cells cells = sample(500, 800, 1.6, 13);
+    for (std::size_t i = 0; i < cells.size(); ++i) cells[i] += "_unit" + std::to_string(i);
+    life(cells);
+    const RecordingDevice device = drawn();
+    const auto labels = std::count_if(device.texts.begin(), device.texts.end(),
+                                      [](const auto& t) { return t.text.starts_with("unit"); });
+    EXPECT_GT(labels, 10);
+    expectreadable(device);
+}
+
+TEST_F(ProbabilityPlot, ASetNameTooLongForTheBlockIsCutShort) {
+    life({"100", "200", "300"});
+    session.rowTitle(3) = std::string(60, 'W');
+    const RecordingDevice device = drawn();
+    EXPECT_TRUE(std::any_of(device.texts.begin(), device.texts.end(), [](const auto& t) {
+        return t.text.starts_with("W") && t.text.ends_with("(...");
+    }));
+    expectreadable(device);
+}
+
+// ---- the plotter ----
+
+TEST_F(ProbabilityPlot, PlotterTextReadsBackWholeAndOnTheCanvas) {
+    MemorySink sink;
+    session.outdev = plotterDevice;
+    for (const Dist family : {weibull, lognormal, normal, gumbel}) {
+        choose(family);
+        sets({sample(40, 1000, 1.5, 21, 4), sample(30, 3000, 2.5, 22)});
+        HpglDevice device(sink);
+        ASSERT_TRUE(plotentry(device));
+        const HpglPicture picture = readhpgl(sink.text);
+        EXPECT_TRUE(picture.problems.empty()) << picture.problems[0];
+        EXPECT_FALSE(picture.down);
+        EXPECT_EQ(picture.pen, 0);
+        EXPECT_GT(picture.strokes.size(), 70u);
+        const auto labelled = [&](const char* text) {
+            return std::any_of(picture.labels.begin(), picture.labels.end(),
+                               [&](const HpglPicture::Label& l) { return l.text == text; });
+        };
+        EXPECT_TRUE(labelled(" LEGEND"));
+        EXPECT_TRUE(labelled(" Age"));
+    }
+}
+
+TEST_F(ProbabilityPlot, ALineAcrossATransferredThresholdGoesOnFromThePen) {
+    life(sample(20, 1000, 2, 3));
+    session.t0(1) = -200;
+    session.scaleAsRecorded = 1;
+    MemorySink sink;
+    TraceDevice device(1200, 900, sink);
+    ASSERT_TRUE(plotentry(device));
+    std::size_t continued = 0;
+    for (std::size_t at = sink.text.find("\non "); at != std::string::npos;
+         at = sink.text.find("\non ", at + 1))
+        ++continued;
+    EXPECT_GT(continued, 50u);
+    EXPECT_NE(sink.text.find("- AR"), std::string::npos);
+}
+
+// ---- what the user is told ----
+
+TEST_F(ProbabilityPlot, TheReminderComesOnce) {
+    life({"100", "200", "300"});
+    desktop.messages.clear();
+    session.parameterReminder = 1;
+    drawn();
+    drawn();
+    ASSERT_EQ(desktop.messages.size(), 1u);
+    EXPECT_EQ(desktop.messages[0],
+              "No Parameter Confidence On Plot\r\nRequirement: Parameter Display Standard");
+    EXPECT_EQ(session.parameterReminder, 0);
+}
+
+TEST_F(ProbabilityPlot, TheCaptionTellsWhichSetAndLineGoOut) {
+    sets({{"100", "200", "300"}, {"110", "220", "350"}});
+    ScriptedPlatform screen;
+    drawn();
+    const auto told = [&](const char* text) {
+        return std::find(screen.windowCalls.begin(), screen.windowCalls.end(),
+                         std::string("caption: ") + text)
+               != screen.windowCalls.end();
+    };
+    EXPECT_TRUE(told("Set 1 Plot"));
+    EXPECT_TRUE(told("Line 2 Plot"));
+}
+
+TEST_F(ProbabilityPlot, ScaleButtonsStandOnTheScreenAlone) {
+    life({"100", "200", "300"});
+    session.outdev = screenDevice;
+    const RecordingDevice screen = drawn();
+    for (const char* text : {"Y-Scale vvv", "Y-Scale ^^^", "X-Scale vvv", "X-Scale ^^^"})
+        EXPECT_TRUE(textof(screen, text)) << text;
+    expectreadable(screen);
+    session.outdev = pictureDevice;
+    EXPECT_FALSE(textof(drawn(), "Y-Scale vvv"));
+}
+
+// ---- the session stays as it was ----
+
+struct Registers3 {
+    double plotx1, ploty1, plotx2, ploty2;
+    float plotpen;
+    double ud, eta, beta;
+    std::string msg;
+    Palette palette;
+    bool operator==(const Registers3&) const = default;
+};
+Registers3 registers() {
+    return {session.plotx1, session.ploty1, session.plotx2, session.ploty2, session.plotpen,
+            session.ud,     session.eta,    session.beta,   session.msg,    session.palette};
+}
+
+TEST_F(ProbabilityPlot, APlotLeavesRegistersPaletteAndDataAsTheyWere) {
+    life({"100", "200", "-300"});
+    session.ud = 12.5;
+    session.plotx1 = 77;
+    session.msg = "kept";
+    const Registers3 before = registers();
+    const Fit fitted = fit();
+    session.colormode = 1;
+    drawn();
+    EXPECT_EQ(registers(), before);
+    EXPECT_EQ(fit(), fitted);
+}
+
+TEST_F(ProbabilityPlot, AFailingOutputTellsAndLeavesTheSession) {
+    life({"100", "200", "300"});
+    desktop.messages.clear();
+    session.outdev = plotterDevice;
+    const Registers3 before = registers();
+    MemorySink sink;
+    sink.writesLeft = 40;
+    HpglDevice device(sink);
+    EXPECT_FALSE(plotentry(device));
+    ASSERT_EQ(desktop.messages.size(), 1u);
+    EXPECT_EQ(desktop.messages[0], "Device Error!!!...");
+    EXPECT_EQ(registers(), before);
+    EXPECT_FALSE(plotting());
+}
+
+// ---- X-Y plots ----
+
+class XyPlot : public ProbabilityPlot {
+protected:
+    XyPlot() {
+        chooseside(visualSide);
+        EXPECT_TRUE(sizearrays());
+    }
+};
+
+TEST_F(XyPlot, TwentyFourSetsStayReadable) {
+    std::vector<Cells> all;
+    for (int k = 1; k <= 24; ++k) {
+        Cells cells;
+        for (int j = 1; j <= 20; ++j)
+            cells.push_back(std::to_string(j) + "x" + std::to_string(10 * k + j % 5));
+        all.push_back(cells);
+    }
+    sets(all);
+    const RecordingDevice device = drawn();
+    EXPECT_TRUE(textof(device, "Set 24"));
+    EXPECT_EQ(device.marksBegun, 24 * 20 + 24);
+    expectreadable(device);
+}
+
+TEST_F(XyPlot, ARowOfLinesIsDrawnAsAPolyline) {
+    sets({{"1x1", "2x4", "3x9", "4x16"}});
+    session.rowKind(1) = "L";
+    const RecordingDevice device = drawn();
+    const auto segments = std::count_if(device.lines.begin(), device.lines.end(), [](const LineOperation& l) {
+        return l.pen.colour == 1 && l.width == 2;
+    });
+    EXPECT_EQ(segments, 3);
+    EXPECT_TRUE(std::any_of(device.lines.begin(), device.lines.end(),
+                            [](const LineOperation& l) { return l.continues; }));
+}
+
+TEST_F(XyPlot, APointWithoutAPlaceOnALogarithmicAxisIsLeftOutAndTheRestIsDrawn) {
+    session.xyscale = 3;
+    sets({{"-1x5", "10x20", "100x200"}});
+    desktop.messages.clear();
+    const RecordingDevice device = drawn();
+    EXPECT_EQ(desktop.messages.size(), 1u);
+    EXPECT_EQ(device.marksBegun, 2 + 1);
+}
+
+TEST_F(XyPlot, EveryAxisPairDraws) {
+    for (const float pair : {0.0f, 1.0f, 2.0f, 3.0f, 4.0f, 5.0f}) {
+        session.xyscale = pair;
+        sets({{"1x2", "5x20", "30x7", "250x90"}});
+        SCOPED_TRACE(pair);
+        expectreadable(drawn());
+    }
+}
+
+} // namespace
