@@ -27,9 +27,9 @@ enum ExitStatus { done = 0, noResult = 1, wrongUse = 2 };
 
 constexpr const char* helpText =
     "Usage: vanexc [FILE|-] [switches] [--report FILE|-] [--json FILE|-]\n"
-    "              [--plot FILE]\n"
+    "              [--plot FILE [--plot-size WxH]]\n"
     "\n"
-    "Fits a line to life data and writes a report. FILE is plain text, one cell a line or\n"
+    "Fits a line to life data, writes a report and draws the plot. FILE is plain text, one cell a line or\n"
     "several cells a line, each column a set; - reads standard input. Without FILE the\n"
     "built-in leukemia sample is analysed on the life side.\n"
     "\n"
@@ -60,6 +60,7 @@ constexpr const char* helpText =
     "Examples\n"
     "  vanexc\n"
     "  vanexc bearings.txt -p W -e LOGNORMAL\n"
+    "  vanexc bearings.txt -p W --plot bearings.svg\n"
     "  printf '150\\n230\\n-400\\n310\\n' | vanexc - -p W --json -\n";
 
 struct Outputs {
@@ -209,6 +210,7 @@ int run(const Outputs& outputs, HeadlessPlatform& console) {
     calcplot();
     const bool plotted = !outputs.plot || plotfile(*outputs.plot, outputs.pixelsAcross, outputs.pixelsDown);
     for (const std::string& message : console.messages) complain(message);
+    if (!plotted) complain(compose(session.msg, Word::Cannot, " ", Word::Plot, ": ", *outputs.plot));
     const bool analysed = anyresult() || (session.progSide != lifeSide && outputs.plot && setcount() > 0);
     if (!analysed) complainempty(console);
     std::string json;

@@ -30,7 +30,7 @@ bool chosen(OutputDevice device) { return session.outdev == static_cast<float>(d
 
 bool plotterchosen() { return chosen(plotterDevice) || chosen(laserDevice); }
 
-bool screenchosen() { return chosen(screenDevice) || chosen(pictureDevice) || chosen(bitmapDevice); }
+bool screenchosen() { return chosen(screenDevice); }
 
 /// A port that another process holds, or a device that is not switched on, may come back.
 bool unavailable(int error) { return error == ENXIO || error == EBUSY || error == ENODEV; }

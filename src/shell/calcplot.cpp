@@ -58,8 +58,11 @@ void resetmarks() {
     session.inputNote.clear();
 }
 
-/// Title of the plot: the file, or the product where the data were typed.
-void plotsetup() { session.plotTitle = session.fileName.empty() ? session.productName : session.fileName; }
+/// Title of the plot: the file without its folder, or the product where the data were typed.
+void plotsetup() {
+    const std::string& name = session.fileName;
+    session.plotTitle = name.empty() ? session.productName : name.substr(name.find_last_of("/\\") + 1);
+}
 
 /// Reads the rows and counts those in use; sets beyond the capacity are told.
 bool readdata() {

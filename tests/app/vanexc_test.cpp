@@ -289,3 +289,59 @@ TEST_F(Vanexc, TextThatIsNotUtf8StaysReadableInJson) {
     const Json result = Json::parse(outcome.out);
     EXPECT_EQ(result["sets"][0]["points"][0]["label"], "K\u00FChler");
 }
+
+// ---- plots ----
+
+TEST_F(Vanexc, DrawsThePlotOnTheOutputThatTheExtensionNames) {
+    EXPECT_EQ(run("--plot a.svg --plot b.hgl").status, 0) << "the last one counts";
+    EXPECT_EQ(run("--plot a.svg").status, 0);
+    EXPECT_EQ(run("--plot b.HGL").status, 0);
+    EXPECT_EQ(run("--plot c.trace").status, 0);
+    const std::string svg = contents(folder / "a.svg");
+    EXPECT_TRUE(svg.starts_with("<?xml"));
+    EXPECT_NE(svg.find("viewBox=\"0 0 1200 900\""), std::string::npos);
+    EXPECT_TRUE(svg.ends_with("</svg>\n"));
+    const std::string hgl = contents(folder / "b.HGL");
+    EXPECT_TRUE(hgl.starts_with("IN;SP1;IP0,0,10000,7500;SR0.75,2.0;VS"));
+    EXPECT_TRUE(hgl.ends_with("SP1;SP0;IN;"));
+    const std::string trace = contents(folder / "c.trace");
+    EXPECT_TRUE(trace.starts_with("begin 18000 13500\n"));
+    EXPECT_TRUE(trace.ends_with("end\n"));
+}
+
+TEST_F(Vanexc, APlotAloneLeavesStandardOutputToTheUser) {
+    const Outcome outcome = run("--plot a.svg");
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.err, "");
+}
+
+TEST_F(Vanexc, ThePictureTakesTheSizeAskedFor) {
+    EXPECT_EQ(run("--plot a.svg --plot-size 400x300").status, 0);
+    EXPECT_NE(contents(folder / "a.svg").find("viewBox=\"0 0 400 300\""), std::string::npos);
+    for (const char* size :
+         {"399x300", "4001x300", "400x3001", "400", "x", "400x", "400x300x2", "-400x300", "axb"})
+        EXPECT_EQ(run(std::string("--plot b.svg --plot-size ") + size).status, 2) << size;
+    EXPECT_FALSE(fs::exists(folder / "b.svg"));
+}
+
+TEST_F(Vanexc, AnUnknownKindOfPlotIsRefusedBeforeAnyWork) {
+    const Outcome outcome = run("--plot a.png --report r.txt");
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_NE(outcome.err.find("Unknown Plot File Type: a.png"), std::string::npos) << outcome.err;
+    EXPECT_FALSE(fs::exists(folder / "r.txt"));
+}
+
+TEST_F(Vanexc, APlotThatCannotBeWrittenIsToldAndTheReportStillComes) {
+    const Outcome outcome = run("--plot nowhere/a.svg --report -");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_NE(outcome.err.find("Device Error!!!..."), std::string::npos) << outcome.err;
+    EXPECT_NE(outcome.err.find("nowhere/a.svg"), std::string::npos) << outcome.err;
+    EXPECT_NE(outcome.out.find("Eta=22.7971"), std::string::npos);
+}
+
+TEST_F(Vanexc, TheVisualSideDrawsItsPoints) {
+    const Outcome outcome = run("- --plot a.trace", "1x2\n2x5\n3x4\n");
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    const std::string trace = contents(folder / "a.trace");
+    EXPECT_NE(trace.find("\nmark\n"), std::string::npos);
+}

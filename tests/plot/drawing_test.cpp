@@ -260,7 +260,7 @@ TEST_F(DrawingTest, AScreenThatFailsIsAVideoError) {
         sink.openFailures = 1;
         desktop.messages.clear();
         EXPECT_FALSE(plotbegin(trace));
-        EXPECT_EQ(desktop.messages, Told{code == printerDevice ? "Device Error!!!..." : "Video Error!!!..."});
+        EXPECT_EQ(desktop.messages, Told{code == screenDevice ? "Video Error!!!..." : "Device Error!!!..."});
     }
 }
 
