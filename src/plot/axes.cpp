@@ -146,6 +146,6 @@ void xticks(double size) {
     clearticks(session.xTicks);
     const PlotWindow& w = session.window;
     const AxisSpan span{xaxisscale(), session.xAxisLow, session.xAxisHigh};
-    plainticks(session.xTicks, span, {w.left, 1, w.right - w.left}, size,
+    plainticks(session.xTicks, span, {w.left, 1, w.right - w.left}, 0.6 * size,
                [size](std::string_view label) { return plottextwidth(label, size); });
 }

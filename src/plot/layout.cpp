@@ -46,7 +46,7 @@ double charactersize() {
 }
 
 double tabplace(std::string_view digits, double size) {
-    constexpr double columnWidth = 0.56; // of the character size: a digit's
+    constexpr double columnWidth = 0.6; // of the character size: a digit's
     return readnumber(digits).value * columnWidth * size;
 }
 
