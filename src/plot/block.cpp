@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "data/settitle.h"
 #include "plot/drawing.h"
@@ -71,7 +72,7 @@ SetLines wordsofset(int k) {
     SetLines words;
     std::string counts;
     compose(counts, "n/s=", session.countQuantity(k), "/", session.countSusp(k));
-    if (session.setFitted(k) == 1) {
+    if (hasline(k)) {
         const int row = rownumber(k);
         compose(words.parameters[0], parametername(session.dist, 1), "=",
                 numbertext(session.etaFit(row, 1), parameterUse));
@@ -79,7 +80,7 @@ SetLines wordsofset(int k) {
                 numbertext(session.betaFit(row, 1), slopeUse));
     }
     const double r = session.setCorrelation(k);
-    if (session.setFitted(k) == 1 && r != 0) compose(words.fit[0], "r^2=", numbertext(r * r, axisUse));
+    if (hasline(k) && std::isfinite(r) && r != 0) compose(words.fit[0], "r^2=", numbertext(r * r, axisUse));
     words.fit[words.fit[0].empty() ? 0 : 1] = counts;
     return words;
 }

@@ -121,7 +121,7 @@ void lineofset(int k) {
     const Keep keep{session.plotpen, session.linewidth};
     session.plotpen = static_cast<float>(k);
     session.linewidth = 2;
-    if (session.plotMode == 1 && session.setFitted(k) == 1)
+    if (session.plotMode == 1 && hasline(k))
         fittedline(k);
     else if (!drawnaspoints(k))
         polylineofset(k);

@@ -23,6 +23,12 @@ bool standson(AxisScale scale, double v) { return std::isfinite(v) && (scale == 
 
 bool setshown(int k) { return session.lineHide(k) == 0 && pointcount(k) > 0; }
 
+bool hasline(int k) {
+    const int row = static_cast<int>(rowofset(static_cast<float>(k)));
+    return session.setFitted(k) == 1 && std::isfinite(session.etaFit(row, 1))
+           && std::isfinite(session.betaFit(row, 1)) && session.betaFit(row, 1) > 0;
+}
+
 double scaleshift(int k) { return session.scaleAsRecorded == 1 ? static_cast<double>(session.t0(k)) : 0.0; }
 
 ShownPoint shownpoint(int k, int j) {

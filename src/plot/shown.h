@@ -15,6 +15,9 @@ struct ShownPoint {
 };
 ShownPoint shownpoint(int k, int j);
 
+/// True when set k has a fitted line whose parameters can be drawn.
+bool hasline(int k);
+
 /// What the plot's X scale is ahead of the values of set k less its threshold: the threshold itself while the
 /// scale is kept as recorded.
 double scaleshift(int k);

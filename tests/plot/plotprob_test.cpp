@@ -425,6 +425,34 @@ TEST_F(ProbabilityPlot, AFailingOutputTellsAndLeavesTheSession) {
     EXPECT_FALSE(plotting());
 }
 
+TEST_F(ProbabilityPlot, ParametersThatAreNoNumbersDrawNoLineAndNoWords) {
+    constexpr double inf = std::numeric_limits<double>::infinity();
+    for (const auto& [eta, beta] : {std::pair{inf, 2.0}, {100.0, std::nan("")}, {100.0, 0.0}, {-inf, -1.0}}) {
+        life({"100", "200", "300"});
+        session.etaFit(3, 1) = eta;
+        session.betaFit(3, 1) = beta;
+        const RecordingDevice device = drawn();
+        for (const LineOperation& line : device.lines) {
+            EXPECT_FALSE(line.width == 2 && line.pen.colour == 1) << "a fitted line";
+            EXPECT_TRUE(std::isfinite(line.x1 + line.y1 + line.x2 + line.y2));
+        }
+        for (const auto& text : device.texts) EXPECT_FALSE(text.text.starts_with("Eta=")) << text.text;
+        expectreadable(device);
+    }
+}
+
+TEST_F(ProbabilityPlot, ManualLimitsThatLeaveNoWindowAreWidened) {
+    life({"100", "200", "300"});
+    for (const auto& [low, high] : {std::pair{500.0, 0.0}, {0.0, 50.0}, {400.0, 200.0}, {-5.0, 0.0}}) {
+        session.xLimitLow = low;
+        session.xLimitHigh = high;
+        const RecordingDevice device = drawn();
+        EXPECT_LT(session.xlowd, session.xhighd) << low << " to " << high;
+        EXPECT_GT(session.xlowd, 0);
+        expectreadable(device);
+    }
+}
+
 // ---- X-Y plots ----
 
 class XyPlot : public ProbabilityPlot {
