@@ -161,7 +161,7 @@ bool loadfile() {
     if (!text) return false;
     constexpr std::size_t oneSetTooMany = 25; // so that what is too much is told
     session.gridCells = readplaintext(*text, oneSetTooMany);
-    session.fileName = session.cmdFile;
+    session.fileName = session.cmdFile == "-" ? std::string() : session.cmdFile;
     return true;
 }
 
@@ -174,6 +174,12 @@ std::size_t longestcolumn() {
 bool anyresult() {
     for (int k = 1; k <= setcount(); ++k)
         if (session.setFitted(k) == 1) return true;
+    return false;
+}
+
+bool anypoint() {
+    for (int k = 1; k <= setcount(); ++k)
+        if (pointcount(k) > 0) return true;
     return false;
 }
 
@@ -211,7 +217,7 @@ int run(const Outputs& outputs, HeadlessPlatform& console) {
     const bool plotted = !outputs.plot || plotfile(*outputs.plot, outputs.pixelsAcross, outputs.pixelsDown);
     for (const std::string& message : console.messages) complain(message);
     if (!plotted) complain(compose(session.msg, Word::Cannot, " ", Word::Plot, ": ", *outputs.plot));
-    const bool analysed = anyresult() || (session.progSide != lifeSide && outputs.plot && setcount() > 0);
+    const bool analysed = anyresult() || (session.progSide != lifeSide && outputs.plot && anypoint());
     if (!analysed) complainempty(console);
     std::string json;
     if (outputs.json) writeresults(json);

@@ -3,17 +3,15 @@
 #include <algorithm>
 #include <cmath>
 
-#include "data/numbertext.h"
 #include "plot/drawing.h"
 #include "plot/ladder.h"
+#include "plot/numbermask.h"
 #include "plot/shown.h"
 #include "session/session.h"
 
 namespace {
 
 constexpr double weibullScalePercent = 63.212; ///< 100 (1 - 1/e): the line reaches its scale parameter there
-constexpr float scaleTickIndex = 22;
-enum TickKind : int { lightTick = 0, heavyTick = 1, scaleTick = 2 };
 
 struct AxisPlace {
     double low = 0;  ///< canvas position of the low edge
@@ -23,7 +21,7 @@ struct AxisPlace {
 
 void clearticks(AxisTicks& ticks) { ticks.tickcount = 0; }
 
-void addtick(AxisTicks& ticks, double position, double value, TickKind kind, std::string_view label) {
+void addtick(AxisTicks& ticks, double position, double value, AxisTickKind kind, std::string_view label) {
     if (ticks.tickcount >= AxisTicks::most) return;
     const auto i = static_cast<std::size_t>(++ticks.tickcount);
     ticks.position[i] = static_cast<float>(position);
@@ -41,19 +39,35 @@ void plainticks(AxisTicks& ticks, const AxisSpan& span, const AxisPlace& place, 
 
 // ---- the probability axis ----
 
-bool mirrored() { return session.yScaleKind % 2 == 1; }
+constexpr double slack = 1e-9; ///< by which a limit may miss the tick it means
 
-/// Label of a ladder tick in the units of the axis: percent, parts of one or parts of a thousand.
-std::string ladderlabel(double percent, float index) {
+bool isladdertick(double percent) {
+    return std::any_of(ladder().begin(), ladder().end(), [percent](const LadderTick& tick) {
+        return std::fabs(percent - tick.percent) <= slack * tick.percent;
+    });
+}
+
+/// The ladder's own label of a tick, in percent.
+std::string ladderlabel(double percent) {
     const Keep keep{session.msg, session.ud, session.tickindex};
     session.ud = percent;
-    session.tickindex = mirrored() ? reliabilityLabels : index;
+    session.tickindex = showsreliability() ? reliabilityLabels : noTickIndex;
     probticklabel();
-    if (session.yScaleKind < occurrenceProbability) return session.msg;
-    const NumberText shown = readnumber(session.msg);
-    std::string label;
-    appendtrimmed(label, session.yScaleKind <= reliabilityProbability ? shown.value / 100 : shown.value * 10);
-    return label;
+    return session.msg;
+}
+
+/// Label at a probability in the units of the axis: percent, parts of one or parts of a thousand. A place off
+/// the ladder, a manual limit or the scale line, is spelled as the number it is.
+std::string probabilitylabel(double percent) {
+    constexpr int digits = 5;
+    const int kind = session.yScaleKind;
+    const double shown = showsreliability() ? 100 - percent : percent;
+    if (isladdertick(percent)) {
+        const std::string label = ladderlabel(percent);
+        if (kind < occurrenceProbability) return label;
+    }
+    const double unit = kind < occurrenceProbability ? 1 : kind <= reliabilityProbability ? 0.01 : 10;
+    return axislabel(shown * unit, digits);
 }
 
 double canvasyofpercent(double percent) {
@@ -64,7 +78,7 @@ double canvasyofpercent(double percent) {
 struct LadderLabel {
     double y;
     double percent;
-    TickKind kind;
+    AxisTickKind kind;
     int rank; ///< the lower, the sooner a label gives way: edges 3, the scale line 2, heavy ticks 1
     std::string text;
 };
@@ -73,19 +87,17 @@ std::vector<LadderLabel> laddermarks() {
     std::vector<LadderLabel> marks;
     const double low = session.ylowd * 100;
     const double high = session.yhighd * 100;
-    const double slack = 1e-9;
-    const auto add = [&](double percent, TickKind kind, int rank, float index) {
-        marks.push_back({canvasyofpercent(percent), percent, kind, rank, ladderlabel(percent, index)});
+    const auto add = [&](double percent, AxisTickKind kind, int rank) {
+        marks.push_back({canvasyofpercent(percent), percent, kind, rank, probabilitylabel(percent)});
     };
     for (const LadderTick& tick : ladder()) {
         if (tick.percent <= low * (1 + slack) || tick.percent >= high * (1 - slack)) continue;
-        if (session.dist == weibull && marks.size() && marks.back().percent < weibullScalePercent
-            && tick.percent > weibullScalePercent && low < weibullScalePercent)
-            add(weibullScalePercent, scaleTick, 2, scaleTickIndex);
-        add(tick.percent, tick.heavy ? heavyTick : lightTick, tick.heavy ? 1 : 0, noTickIndex);
+        add(tick.percent, tick.heavy ? heavyTick : lightTick, tick.heavy ? 1 : 0);
     }
-    add(low, heavyTick, 3, noTickIndex);
-    add(high, heavyTick, 3, noTickIndex);
+    if (session.dist == weibull && low < weibullScalePercent && weibullScalePercent < high)
+        add(weibullScalePercent, scaleTick, 2);
+    add(low, heavyTick, 3);
+    add(high, heavyTick, 3);
     std::stable_sort(marks.begin(), marks.end(),
                      [](const LadderLabel& a, const LadderLabel& b) { return a.percent < b.percent; });
     return marks;

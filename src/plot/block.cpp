@@ -14,9 +14,6 @@
 
 namespace {
 
-/// What stands in a text that was cut short.
-constexpr std::string_view cutMark = "(...";
-
 std::string numbertext(double value, UseClass use) {
     const Keep keep{session.ud};
     session.ud = value;
@@ -27,13 +24,20 @@ int rownumber(int k) { return static_cast<int>(rowofset(static_cast<float>(k)));
 
 // ---- legend ----
 
+/// A name from the user, without what would pass for a column.
+std::string withoutcolumns(std::string_view name) {
+    std::string text(name);
+    for (auto at = text.find("[[TAB"); at != std::string::npos; at = text.find("[[TAB")) text.erase(at, 2);
+    return text;
+}
+
 void legendofset(std::vector<BlockLine>& lines, int k) {
     BlockLine line;
     const auto title = titleofset(k);
     if (title.empty())
         compose(line.text, Word::Set, " ", k);
     else
-        line.text = title;
+        line.text = withoutcolumns(title);
     line.colour = frameColour;
     line.mark = setmark(k);
     line.setRow = rowofset(static_cast<float>(k));
@@ -47,10 +51,10 @@ bool anysuspension() {
     return false;
 }
 
-void legendlines(std::vector<BlockLine>& lines) {
+void legendlines(std::vector<BlockLine>& lines, BlockKind kind) {
     if (session.legendPlace == 0) return;
     lines.push_back({"LEGEND", frameColour});
-    for (int k = 1; k <= setcount(); ++k)
+    for (int k = 1; kind == fullBlock && k <= setcount(); ++k)
         if (setshown(k)) legendofset(lines, k);
     if (anysuspension()) {
         BlockLine line{word(Word::Suspension), frameColour};
@@ -80,7 +84,7 @@ SetLines wordsofset(int k) {
                 numbertext(session.betaFit(row, 1), slopeUse));
     }
     const double r = session.setCorrelation(k);
-    if (hasline(k) && std::isfinite(r) && r != 0) compose(words.fit[0], "r^2=", numbertext(r * r, axisUse));
+    if (hasline(k) && std::isfinite(r) && r != 0) compose(words.fit[0], "r^2=", numbertext(r * r, slopeUse));
     words.fit[words.fit[0].empty() ? 0 : 1] = counts;
     return words;
 }
@@ -94,8 +98,25 @@ void pushcells(std::vector<BlockLine>& lines, const std::string (&cells)[2], int
     lines.push_back(std::move(line));
 }
 
-/// Three lines a set: which and how it was fitted, its parameters, its fit and counts.
-void paramlines(std::vector<BlockLine>& lines) {
+/// Full: which set and how it was fitted, its parameters, its fit and counts. Short, for many sets on a small
+/// canvas: mark, set and fit on one line, so that the legend need not name it.
+void linesofset(std::vector<BlockLine>& lines, int k, const SetLines& words, BlockKind kind, int column) {
+    BlockLine heading;
+    heading.colour = colourofset(k);
+    compose(heading.text, Word::Set, " ", k, "  ", session.setLabel(k));
+    if (kind == shortBlock) {
+        heading.mark = setmark(k);
+        heading.setRow = rowofset(static_cast<float>(k));
+        const std::string& counts = words.fit[words.fit[1].empty() ? 0 : 1];
+        extend(heading.text, "[[TAB", column, counts);
+        if (!words.fit[1].empty()) extend(heading.text, " ", words.fit[0]);
+    }
+    lines.push_back(std::move(heading));
+    pushcells(lines, words.parameters, column);
+    if (kind == fullBlock) pushcells(lines, words.fit, column);
+}
+
+void paramlines(std::vector<BlockLine>& lines, BlockKind kind) {
     if (session.plotMode != 1) return;
     constexpr std::size_t leastColumn = 15;
     constexpr std::size_t mostColumn = 40;
@@ -110,12 +131,7 @@ void paramlines(std::vector<BlockLine>& lines) {
     }
     for (const auto& [k, words] : sets) {
         if (!lines.empty() && (sets.size() <= setsWithSpace || k == sets.front().first)) lines.push_back({});
-        BlockLine heading;
-        heading.colour = k;
-        compose(heading.text, Word::Set, " ", k, "  ", session.setLabel(k));
-        lines.push_back(std::move(heading));
-        pushcells(lines, words.parameters, static_cast<int>(column));
-        pushcells(lines, words.fit, static_cast<int>(column));
+        linesofset(lines, k, words, kind, static_cast<int>(column));
     }
 }
 
@@ -148,6 +164,7 @@ void drawline(const BlockLine& line, const Layout& layout, double y) {
         left += 2 * size;
     }
     session.plotpen = static_cast<float>(line.colour);
+    if (line.text.empty()) return;
     drawcells(line.text, left, layout.blockRight, y, size);
 }
 
@@ -175,11 +192,11 @@ float setmark(int k) {
 
 float suspensionmark() { return 18; } // points to the right: the unit ran on
 
-PlotBlock composeblock() {
+PlotBlock composeblock(BlockKind kind) {
     PlotBlock block;
-    legendlines(block.lines);
+    legendlines(block.lines, session.plotMode == 1 ? kind : fullBlock);
     block.legendLines = block.lines.size();
-    paramlines(block.lines);
+    paramlines(block.lines, kind);
     return block;
 }
 

@@ -17,7 +17,8 @@ struct PlotBlock {
     std::vector<BlockLine> lines; ///< legend first, then the parameters
     std::size_t legendLines = 0;
 };
-PlotBlock composeblock();
+enum BlockKind { fullBlock, shortBlock }; ///< short: fewer lines a set, where a full one has no room
+PlotBlock composeblock(BlockKind kind);
 
 /// Draws the legend's lines, or the parameters', where the layout puts them. A line too long for the block is
 /// cut short; a block too long ends in "(...".

@@ -1,5 +1,6 @@
 #include "plot/datapoints.h"
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -32,12 +33,22 @@ struct Place {
     bool onPlot = false;
 };
 
+/// Half the height of a mark on this canvas.
+double markreach() {
+    constexpr double steps[] = {3, 3, 1, 2, 4};
+    const double half = session.marksize >= 0 && session.marksize <= 4 ? steps[session.marksize] : 5;
+    return half * std::max<int>(session.marksteps, 1) * static_cast<double>(session.ploth) / 450;
+}
+
+/// How far above the foot of the plot a suspension's mark stands: clear of the frame.
+double foot() { return 1.5 * markreach(); }
+
 Place placeof(const ShownPoint& point) {
     const PlotWindow& w = session.window;
     if (!point.placed || !hasplotx(point.x) || (!point.suspended && !hasploty(point.y))) return {};
     Place place;
     place.x = canvasx(plotxof(point.x));
-    place.y = point.suspended ? w.bottom : canvasy(plotyof(point.y));
+    place.y = point.suspended ? w.bottom - foot() : canvasy(plotyof(point.y));
     const double slack = 15; // one pixel: a point on the edge of the window belongs to it
     place.onPlot = place.x >= w.left - slack && place.x <= w.right + slack && place.y >= w.top - slack
                    && place.y <= w.bottom + slack;
@@ -60,12 +71,11 @@ void linestatus(int k) {
     statusline();
 }
 
-void marksofset(int k, double size) {
+void marksofset(int k) {
     for (int j = 1; j <= pointcount(k) && plotting(); ++j) {
         const ShownPoint point = shownpoint(k, j);
-        Place place = placeof(point);
+        const Place place = placeof(point);
         if (!place.onPlot) continue;
-        if (point.suspended) place.y -= 0.55 * size;
         mark(point.suspended ? suspensionmark() : setmark(k), place);
     }
 }
@@ -119,7 +129,7 @@ bool drawnaspoints(int k) {
 
 void lineofset(int k) {
     const Keep keep{session.plotpen, session.linewidth};
-    session.plotpen = static_cast<float>(k);
+    session.plotpen = static_cast<float>(colourofset(k));
     session.linewidth = 2;
     if (session.plotMode == 1 && hasline(k))
         fittedline(k);
@@ -142,10 +152,10 @@ void pointlabels(double size) {
     for (int k = 1; k <= sets; ++k)
         for (int j = 1; setshown(k) && j <= pointcount(k); ++j)
             if (const Place place = placeof(shownpoint(k, j)); place.onPlot)
-                places.keepfree(place.x, place.y);
+                places.keepfree(place.x, place.y, markreach());
     session.textSize = static_cast<float>(size);
     for (int k = 1; k <= sets; ++k) {
-        session.plotpen = static_cast<float>(k);
+        session.plotpen = static_cast<float>(colourofset(k));
         for (int j = 1; setshown(k) && j <= pointcount(k) && plotting(); ++j) {
             const std::string_view text = labelof(k, j);
             const Place place = placeof(shownpoint(k, j));
@@ -185,8 +195,8 @@ void plotpoints(const Layout& layout) {
         if (!setshown(k) || !drawnaspoints(k)) continue;
         setstatus(k);
         session.setCounter = rowofset(static_cast<float>(k));
-        marksofset(k, layout.size);
+        marksofset(k);
     }
     if (session.pointHide == 0) tellslow();
-    if (session.pointLabelsShown == 1) pointlabels(0.8 * layout.size);
+    if (session.pointLabelsShown == 1 && session.pointHide == 0) pointlabels(0.8 * layout.size);
 }

@@ -8,9 +8,6 @@
 
 namespace {
 
-constexpr float lightTick = 0;
-constexpr float scaleTick = 2;
-
 void straight(double x1, double y1, double x2, double y2, float pen) {
     plotsnap(x1, y1, x2, y2);
     session.plotpen = pen;
@@ -21,15 +18,16 @@ void straight(double x1, double y1, double x2, double y2, float pen) {
 constexpr float dashed(int colour) { return static_cast<float>(colour - 100); }
 
 float gridpen(float kind) {
-    if (kind == scaleTick) return dashed(frameColour);
-    return static_cast<float>(kind == lightTick ? gridColour : decadeColour);
+    if (static_cast<int>(kind) == scaleTick) return dashed(frameColour);
+    return static_cast<float>(static_cast<int>(kind) == lightTick ? gridColour : decadeColour);
 }
 
 /// The grid line of a tick: light ones thin, so that decades lead the eye.
 template <class Draw>
 void gridlines(const AxisTicks& ticks, bool heavy, Draw draw) {
     for (std::size_t i = 1; i <= static_cast<std::size_t>(ticks.tickcount); ++i)
-        if ((ticks.kind[i] != lightTick) == heavy) draw(ticks.position[i], gridpen(ticks.kind[i]));
+        if ((static_cast<int>(ticks.kind[i]) != lightTick) == heavy)
+            draw(ticks.position[i], gridpen(ticks.kind[i]));
 }
 
 void drawgrid() {
@@ -51,7 +49,7 @@ void label(double x, double y, std::string_view text) {
     plottext(text);
 }
 
-/// Width of a label without the blank that the ladder's labels begin with.
+/// A label without the blank that the ladder's labels begin with.
 std::string_view bare(std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
     return text;

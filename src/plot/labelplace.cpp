@@ -36,8 +36,7 @@ void LabelPlaces::take(const Cells& box) {
             taken[static_cast<std::size_t>(row * columns + column)] = 1;
 }
 
-void LabelPlaces::keepfree(double x, double y) {
-    const double reach = size / 4;
+void LabelPlaces::keepfree(double x, double y, double reach) {
     const double left = std::clamp(x - reach, area.left, area.right);
     const double right = std::clamp(x + reach, area.left, area.right);
     const double top = std::clamp(y - reach, area.top, area.bottom);

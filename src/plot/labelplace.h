@@ -12,8 +12,8 @@ class LabelPlaces {
 public:
     LabelPlaces(const ClipWindow& area, double size);
 
-    /// Keeps a mark's room free of labels.
-    void keepfree(double x, double y);
+    /// Keeps the room of a mark, `reach` to each side, free of labels.
+    void keepfree(double x, double y, double reach);
 
     struct Spot {
         double x; ///< left end of the baseline

@@ -23,8 +23,8 @@ struct Rung {
 
 constexpr double byIndexOnly = std::numeric_limits<double>::infinity();
 
-/// From the top down: the first rung whose lowest percent is not above the value bears its label. The four
-/// topmost rungs begin half way to the label above them.
+/// From the top down: the first rung whose lowest percent is not above the value bears its label. The topmost
+/// rungs, for probabilities beyond those of the axis, have no tick.
 constexpr Rung rungs[] = {
     {0, " 99.9999", 99.99995, none},
     {0, " 99.9998", 99.99985, none},
@@ -165,11 +165,6 @@ const Rung* rungof(float index) {
     return rung == std::end(rungs) ? nullptr : rung;
 }
 
-bool showsreliability() {
-    const int16_t kind = session.yScaleKind;
-    return kind == reliabilityPercent || kind == reliabilityProbability || kind == reliabilityPerThousand;
-}
-
 /// The complement of a small percent with its nines, to the place of the first digit of that percent; what
 /// trails behind the last digit other than 0 is cut, and 100 is left where a double holds no nine more.
 std::string nines(double percent) {
@@ -198,6 +193,8 @@ std::vector<LadderTick> ladderticks() {
 }
 
 } // namespace
+
+bool showsreliability() { return session.yScaleKind % 2 == 1; }
 
 std::span<const LadderTick> ladder() {
     static const std::vector<LadderTick> ticks = ladderticks();

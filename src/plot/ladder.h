@@ -19,6 +19,9 @@ struct LadderTick {
 /// 99.9, 99.99, 99.999; without the 63.212 line.
 std::span<const LadderTick> ladder();
 
+/// True when the axis counts survivors: yScaleKind 1, 3 and 5.
+bool showsreliability();
+
 /// Label of ud percent into msg. tickindex: a ladder index chooses its label at once (22 is " 63.212"); 0
 /// searches by the value; reliabilityLabels mirrors the value to 100 - ud first when the axis shows
 /// reliability (yScaleKind 1, 3, 5), and ud comes back as it was; above 99.99925 the mirrored value is

@@ -11,6 +11,7 @@ namespace {
 
 constexpr double unitsPerPixel = 15;
 constexpr double smallestPixels = 8;
+constexpr double rounding = 1e-6;    ///< a block that fits exactly has all its rows
 constexpr double blockShare = 0.28;  ///< of the canvas width, at most
 constexpr double blockShrink = 0.62; ///< how far the block's characters may shrink before lines are cut
 
@@ -65,7 +66,7 @@ double blockwidth(const BlockLine& line, double size) {
     return indent + width;
 }
 
-Layout plotlayout(const std::vector<BlockLine>& block, double yLabels, int titleLines) {
+Layout plotlayout(const std::vector<BlockLine>& block, const LabelRoom& labels, int titleLines) {
     Layout layout;
     const double w = session.plotw;
     const double h = session.ploth;
@@ -81,7 +82,8 @@ Layout plotlayout(const std::vector<BlockLine>& block, double yLabels, int title
     layout.xLabelY = layout.xTitleY - 1.6 * size;
     area.bottom = layout.xLabelY - 1.4 * size;
     layout.yTitleX = margin + 0.9 * size;
-    area.left = layout.yTitleX + 0.8 * size + yLabels + 0.5 * size;
+    area.left = layout.yTitleX + 0.8 * size + labels.y + 0.5 * size;
+    area.left = std::max(area.left, labels.xFirst + 0.3 * size);
 
     const double roomX = blockShare * w;
     const double roomY = area.bottom - area.top;
@@ -90,7 +92,9 @@ Layout plotlayout(const std::vector<BlockLine>& block, double yLabels, int title
     layout.blockRight = w - margin;
     layout.blockLeft = block.empty() ? layout.blockRight : layout.blockRight - blockWide;
     area.right = block.empty() ? w - 2.5 * size : layout.blockLeft - 1.8 * size;
-    layout.blockRows = std::min(block.size(), static_cast<std::size_t>(roomY / lineheight(layout.blockSize)));
+    area.right = std::min(area.right, w - labels.xLast - 0.3 * size);
+    layout.blockRows =
+        std::min(block.size(), static_cast<std::size_t>(roomY / lineheight(layout.blockSize) + rounding));
 
     area.xfactor = (area.right - area.left) / (area.xhigh - area.xlow);
     area.yfactor = (area.bottom - area.top) / (area.yhigh - area.ylow);
@@ -100,11 +104,15 @@ Layout plotlayout(const std::vector<BlockLine>& block, double yLabels, int title
 std::string fittedtext(std::string_view text, double size, double room) {
     constexpr double slack = 1; // the room was measured by the same texts
     if (plottextwidth(text, size) <= room + slack) return std::string(text);
-    constexpr std::string_view cut = "(...";
-    std::size_t length = text.size();
-    while (length > 0 && plottextwidth(text.substr(0, length), size) + plottextwidth(cut, size) > room) {
-        --length;
-        while (length > 0 && (text[length] & 0xC0) == 0x80) --length;
+    const double left = room - plottextwidth(cutMark, size);
+    const auto bound = [text](std::size_t length) { // never inside a character
+        while (length > 0 && length < text.size() && (text[length] & 0xC0) == 0x80) --length;
+        return length;
+    };
+    std::size_t fits = 0;
+    for (std::size_t tooLong = text.size(); fits + 1 < tooLong;) {
+        const std::size_t middle = (fits + tooLong) / 2;
+        (plottextwidth(text.substr(0, bound(middle)), size) <= left ? fits : tooLong) = middle;
     }
-    return std::string(text.substr(0, length)).append(cut);
+    return std::string(text.substr(0, bound(fits))).append(cutMark);
 }

@@ -36,9 +36,19 @@ double blockwidth(const BlockLine& line, double size);
 /// Baseline distance of text lines of a size.
 inline double lineheight(double size) { return 1.35 * size; }
 
-/// Places the plot area (session.window) and the blocks on the canvas. yLabels: width of the widest label of
-/// the Y axis. The block takes at most a third of the width, the plot area the rest.
-Layout plotlayout(const std::vector<BlockLine>& block, double yLabels, int titleLines);
+/// Room that the labels of the axes need beside the plot area.
+struct LabelRoom {
+    double y = 0;      ///< width of the widest label of the Y axis
+    double xFirst = 0; ///< half the width of the first and of the last label of the X axis
+    double xLast = 0;
+};
+
+/// What stands behind a text that was cut short.
+inline constexpr std::string_view cutMark = "(...";
+
+/// Places the plot area (session.window) and the blocks on the canvas. The block takes at most a quarter of
+/// the width and a little more, the plot area the rest.
+Layout plotlayout(const std::vector<BlockLine>& block, const LabelRoom& labels, int titleLines);
 
 /// Cuts a text so that it fits into `room` at a size: whole, or ending in "(...".
 std::string fittedtext(std::string_view text, double size, double room);

@@ -49,10 +49,11 @@ struct Layout {
 
 int wanteddigits(int digits) { return std::clamp(std::abs(digits), 1, mostDigits); }
 
-/// Nines, or zeros between 1 and 1 - v, that stand before the digits of interest: none below .9.
+/// Nines below 1, or zeros behind it, that stand before the digits of interest: none outside .9 to 1.1.
 int leadingnines(double size) {
-    if (size < .9 || size >= 1) return 0;
-    return -1 - figuresof(1 - size, mostDigits).exponent;
+    const double distance = std::fabs(1 - size);
+    if (distance > .1 || distance == 0) return 0;
+    return std::max(0, -1 - figuresof(distance, mostDigits).exponent);
 }
 
 Layout layoutof(double size, int digits) {

@@ -52,7 +52,7 @@ bool plotfileknown(const std::string& path) { return kindof(path) != nullptr; }
 bool plotfile(const std::string& path, int pixelsAcross, int pixelsDown) {
     const PlotFileKind* kind = kindof(path);
     if (!kind) return false;
-    const Keep keep{session.outdev, session.outputName};
+    const Keep keep{session.outdev, session.outputName, session.plotw, session.ploth};
     session.outdev = static_cast<float>(kind->outdev);
     session.outputName = path;
     OutputFile file;

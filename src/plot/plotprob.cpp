@@ -39,29 +39,45 @@ void groups() {
             }
 }
 
-double labelwidth(const AxisTicks& ticks, double size) {
-    double width = 0;
-    for (std::size_t i = 1; i <= static_cast<std::size_t>(ticks.tickcount); ++i)
-        width = std::max(width, plottextwidth(ticks.label[i], size));
-    return width;
+/// Room that the labels take outside the plot area.
+LabelRoom labelroom(double size) {
+    LabelRoom room;
+    const auto last = static_cast<std::size_t>(session.yTicks.tickcount);
+    for (std::size_t i = 1; i <= last; ++i)
+        room.y = std::max(room.y, plottextwidth(session.yTicks.label[i], size));
+    const auto end = static_cast<std::size_t>(session.xTicks.tickcount);
+    if (end == 0) return room;
+    room.xFirst = plottextwidth(session.xTicks.label[1], size) / 2;
+    room.xLast = plottextwidth(session.xTicks.label[end], size) / 2;
+    return room;
 }
 
-/// Layout and ticks wait for each other: the height places the Y ticks, their labels the plot area, and its
-/// width the X ticks.
+/// Layout and ticks wait for each other: the labels need room beside the plot area, and its size chooses the
+/// labels. The second pass has the labels of the first.
 Layout arrange(const PlotBlock& block) {
     const int titles = static_cast<int>(titlelines().size());
-    yticks(plotlayout(block.lines, 0, titles).size);
     const double size = charactersize();
-    Layout layout = plotlayout(block.lines, labelwidth(session.yTicks, size), titles);
+    session.xTicks.tickcount = session.yTicks.tickcount = 0;
+    Layout layout;
+    for (int pass = 1; pass <= 2; ++pass) {
+        layout = plotlayout(block.lines, labelroom(size), titles);
+        yticks(size);
+        xticks(size);
+    }
+    layout = plotlayout(block.lines, labelroom(size), titles);
     xticks(size);
     return layout;
 }
 
 /// Draws the parts of a plot in their order on the open device.
 void drawparts() {
-    const PlotBlock block = composeblock();
-    const Layout layout = arrange(block);
-    session.windowSaved = session.window;
+    PlotBlock block = composeblock(fullBlock);
+    Layout layout = arrange(block);
+    if (layout.blockRows < block.lines.size()) {
+        block = composeblock(shortBlock);
+        layout = arrange(block);
+    }
+    if (static_cast<int>(session.outdev) == screenDevice) session.windowSaved = session.window;
     plotframe(layout);
     plotyaxis(layout);
     plotxaxis(layout);
@@ -70,18 +86,30 @@ void drawparts() {
     plottitles(block, layout);
 }
 
+/// Drops a plot that an exception broke off: its device is about to go.
+struct DropUnfinished {
+    ~DropUnfinished() { plotabandon(); }
+};
+
+/// Draws the session on the device. When nothing whole was drawn the session is as before, but for the canvas
+/// size, which the interface needs for its next try.
 bool draw(Device& device) {
+    const PlotState before = session;
     const Keep keep{session.msg,       session.ud,        session.u,        session.eta,
                     session.beta,      session.plotx1,    session.ploty1,   session.plotx2,
                     session.ploty2,    session.plotpen,   session.textSize, session.textRotation,
                     session.linewidth, session.setCounter};
+    const DropUnfinished drop;
     groups();
     xyanalyzw();
     const bool stopped = session.plotStopped == 1;
-    session.plotStopped = 0;
-    if (stopped || !plotbegin(device)) return false;
-    drawparts();
+    if (!stopped && plotbegin(device)) drawparts();
     const bool whole = plotend();
+    if (!whole) static_cast<PlotState&>(session) = before;
+    if (!whole && !stopped) {
+        session.plotw = static_cast<float>(device.width());
+        session.ploth = static_cast<float>(device.height());
+    }
     if (platform) platform->window().pendingevents();
     return whole;
 }
@@ -89,15 +117,17 @@ bool draw(Device& device) {
 } // namespace
 
 bool plotprob(Device& device) {
+    if (plotting()) return false; // a repaint asked for in the middle of a plot
     remind();
     return draw(device);
 }
 
-bool plotxy(Device& device) { return draw(device); }
+bool plotxy(Device& device) { return !plotting() && draw(device); }
 
 bool plotentry(Device& device) {
-    session.replotNeeded = 0;
-    return session.progSide == lifeSide ? plotprob(device) : plotxy(device);
+    const bool whole = session.progSide == lifeSide ? plotprob(device) : plotxy(device);
+    if (whole) session.replotNeeded = 0;
+    return whole;
 }
 
 int barnumber(double n) {

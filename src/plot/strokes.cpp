@@ -57,20 +57,11 @@ Count multiplied(Count count) {
     return count;
 }
 
-/// Colour of the set being drawn; a group display may give it that of its group.
-int setcolour() {
-    const float set = setofrow(session.setCounter);
-    const int own = std::abs(set) < 100 ? static_cast<int>(set) : 0;
-    const bool known = own > 0 && own < static_cast<int>(session.groupColour.size());
-    const int group =
-        session.groupDisplay != 0 && known ? session.groupColour[static_cast<std::size_t>(own)] : 0;
-    return group != 0 ? group : own;
-}
-
 /// Palette colour of a pen command; 0 with the pen up.
 int penof(int number) {
     if (session.colormode == 1) return number == 0 ? 0 : int{drawingColour};
-    int colour = number == setColourPen ? setcolour() : number;
+    int colour =
+        number == setColourPen ? colourofset(static_cast<int>(setofrow(session.setCounter))) : number;
     if (session.outdev >= firstHardCopy) colour = std::abs(colour);
     return std::clamp(colour, 0, int{frameColour});
 }
@@ -100,6 +91,13 @@ bool oncanvas(const MarkStep& step) {
 }
 
 } // namespace
+
+int colourofset(int k) {
+    const bool known = k > 0 && k < static_cast<int>(session.groupColour.size());
+    const int group =
+        session.groupDisplay != 0 && known ? session.groupColour[static_cast<std::size_t>(k)] : 0;
+    return group != 0 ? group : k;
+}
 
 void strokemark(float code) { strokedraw(strokestring(code, session.marksize)); }
 

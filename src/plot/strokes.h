@@ -28,3 +28,6 @@ void strokemark(float code);
 
 /// Draws the string of a mark: what strokemark does once it has the string.
 void strokedraw(std::string_view strokes);
+
+/// Palette number of set k: its own, or in a group display that of its group.
+int colourofset(int k);

@@ -5,6 +5,8 @@
 #include "data/methodlabels.h"
 #include "platform/platform.h"
 #include "plot/drawing.h"
+#include "plot/ladder.h"
+#include "plot/shown.h"
 #include "session/session.h"
 #include "shell/words.h"
 
@@ -27,8 +29,7 @@ std::string xtitle() {
 /// What the probability axis counts, in words.
 std::string yunit() {
     std::string text;
-    const bool reliability = session.yScaleKind % 2 == 1;
-    append(text, reliability ? Word::Reliability : Word::Occurrence);
+    append(text, showsreliability() ? Word::Reliability : Word::Occurrence);
     switch (session.yScaleKind) {
     case occurrenceProbability:
     case reliabilityProbability: break;
@@ -41,7 +42,7 @@ std::string yunit() {
 
 bool thresholdinforce() {
     for (int k = 1; k <= setcount(); ++k)
-        if (session.t0(k) != 0) return true;
+        if (setshown(k) && session.t0(k) != 0) return true;
     return false;
 }
 
@@ -54,13 +55,13 @@ std::string withoutcarets(std::string text) {
 std::string ytitle() {
     if (session.plotMode != 1) return session.axisTitleY.empty() ? "Y" : session.axisTitleY;
     std::string text;
-    extend(text, withoutcarets(session.yScaleKind % 2 == 1 ? "^1-F^" : "^F^"), "(", xtitle(), ") [",
+    extend(text, withoutcarets(showsreliability() ? "^1-F^" : "^F^"), "(", xtitle(), ") [",
            session.axisTitleY.empty() ? yunit() : session.axisTitleY, "]");
     if (thresholdinforce()) extend(text, " - ", session.scaleAsRecorded == 1 ? "AR" : "NAR");
     return text;
 }
 
-/// The rotated title beside the Y axis, centred on the plot area; it may run the height of the canvas.
+/// The rotated title beside the Y axis, centred on the plot area.
 void drawytitle(const Layout& layout) {
     const PlotWindow& w = session.window;
     const std::string text = fittedtext(ytitle(), layout.size, w.bottom - w.top);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include "plot/axes.h"
 #include "plot/ladder.h"
@@ -22,27 +23,27 @@ struct Extent {
     bool empty() const { return low > high; }
 };
 
-/// Points that have no place on an axis: how many, and the first of them.
+/// Points of a set that have no place on an axis: how many, and the first of them.
 struct Refused {
     int count = 0;
-    int set = 0;
     int point = 0;
-    void add(int k, int j) {
-        if (++count > 1) return;
-        set = k;
-        point = j;
+    void add(int j) {
+        if (++count == 1) point = j;
     }
 };
 
 struct Extents {
     Extent x, y;
-    Refused refusedX, refusedY;
 };
 
-void addpoint(Extents& extents, int k, int j) {
+struct RefusedOfSet {
+    Refused x, y;
+};
+
+void addpoint(Extents& extents, RefusedOfSet& refused, int k, int j) {
     const ShownPoint point = shownpoint(k, j);
     if (!hasplotx(point.x)) {
-        extents.refusedX.add(k, j);
+        refused.x.add(j);
         return;
     }
     if (point.suspended) {
@@ -51,50 +52,87 @@ void addpoint(Extents& extents, int k, int j) {
     }
     if (!point.placed) return;
     if (!hasploty(point.y)) {
-        extents.refusedY.add(k, j);
+        refused.y.add(j);
         return;
     }
     extents.x.add(point.x);
     extents.y.add(point.y);
 }
 
+void tellrefused(int k, const char* axis, const Refused& refused) {
+    if (refused.count == 0) return;
+    compose(session.msg, Word::Set, " ", k, ": ", axis, Word::Value, " <= 0 ... ");
+    if (refused.count == 1)
+        extend(session.msg, Word::Point, " ", refused.point);
+    else
+        extend(session.msg, refused.count, " ", Word::Point);
+    extend(session.msg, " ", Word::Not, " ", Word::On, " ", Word::Plot);
+    tellok();
+}
+
+/// Lows and highs of the shown points; those without a place are told, once a set and axis.
 Extents extentsofpoints() {
     Extents extents;
-    for (int k = 1; k <= setcount(); ++k)
-        for (int j = 1; setshown(k) && j <= pointcount(k); ++j) addpoint(extents, k, j);
+    for (int k = 1; k <= setcount(); ++k) {
+        if (!setshown(k)) continue;
+        RefusedOfSet refused;
+        for (int j = 1; j <= pointcount(k); ++j) addpoint(extents, refused, k, j);
+        tellrefused(k, "X-", refused.x);
+        tellrefused(k, "Y-", refused.y);
+    }
     return extents;
 }
 
-void tellrefused(const char* axis, const Refused& refused) {
-    if (refused.count == 0) return;
-    compose(session.msg, Word::Set, " ", refused.set, ": ", axis, Word::Value);
-    if (refused.count > 1) extend(session.msg, " <= 0 (", refused.count, " ", Word::Point, ")");
-    extend(session.msg, refused.count == 1 ? " <= 0 ... " : " ... ", Word::Point, " ", refused.point, " ",
-           Word::Not, " ", Word::On, " ", Word::Plot);
-    tellok();
+/// One end of the window each; 0 automatic.
+struct Limits {
+    double low = 0;
+    double high = 0;
+};
+
+/// The manual limits that can be used: numbers that have a place on the axis, the smaller one low.
+Limits usable(double low, double high, bool (*hasplace)(double)) {
+    Limits limits{low, high};
+    if (!std::isfinite(low) || !hasplace(low)) limits.low = 0;
+    if (!std::isfinite(high) || !hasplace(high)) limits.high = 0;
+    if (limits.low != 0 && limits.high != 0 && limits.low > limits.high) std::swap(limits.low, limits.high);
+    return limits;
 }
 
 /// A window needs a width: a hundredth of the value, and one unit about 0.
 void widen(double& low, double& high) {
-    if (high > low) return;
+    if (high != low) return;
     high = low < 0 ? 0.99 * low : 1.01 * low;
     if (low == 0) high = 1;
 }
 
-/// Takes the manual limits in place of the points' own ends.
-void takelimits(double& low, double& high, double limitLow, double limitHigh) {
-    if (limitLow != 0) low = limitLow;
-    if (limitHigh != 0) high = limitHigh;
-    if (limitLow != 0 || limitHigh != 0) session.manualScale = 1;
+/// Takes the limits in place of the points' own ends. A limit beyond the points stands, and the free end
+/// moves to its other side, a hundredth of it away.
+void takelimits(double& low, double& high, const Limits& limits) {
+    if (limits.low != 0) low = limits.low;
+    if (limits.high != 0) high = limits.high;
+    if (limits.low != 0 || limits.high != 0) session.manualScale = 1;
+    if (low <= high) return;
+    const double step = std::fabs(limits.low != 0 ? low : high) / 100;
+    if (limits.low != 0)
+        high = low + step;
+    else
+        low = high - step;
+}
+
+/// Window of one plain or logarithmic axis.
+Limits plainwindow(const Extent& points, bool positive, const Limits& limits) {
+    Limits window{points.low, points.high};
+    if (points.empty()) window = {positive ? 1.0 : 0.0, 100.0};
+    takelimits(window.low, window.high, limits);
+    widen(window.low, window.high);
+    return window;
 }
 
 void xwindow(const Extent& points) {
-    const bool logarithmic = xaxisscale() != AxisScale::linear;
-    session.xlowd = points.empty() ? (logarithmic ? 1 : 0) : points.low;
-    session.xhighd = points.empty() ? 100 : points.high;
-    takelimits(session.xlowd, session.xhighd, session.xLimitLow, session.xLimitHigh);
-    if (logarithmic && session.xlowd <= 0) session.xlowd = points.empty() ? 1 : points.low;
-    widen(session.xlowd, session.xhighd);
+    const Limits limits = usable(session.xLimitLow, session.xLimitHigh, hasplotx);
+    const Limits window = plainwindow(points, xaxisscale() != AxisScale::linear, limits);
+    session.xlowd = window.low;
+    session.xhighd = window.high;
 }
 
 /// The ladder's tick for the top of the axis: 90 percent, or the next of 95, 99, 99.9, 99.99, 99.999 above
@@ -116,28 +154,19 @@ double footofladder(double p) {
     return foot;
 }
 
-bool probability(double p) { return p > 0 && p < 1; }
-
 void probabilitywindow(const Extent& points) {
     session.ylowd = footofladder(points.empty() ? 0.01 : points.low);
     session.yhighd = topofladder(points.empty() ? 0.99 : points.high);
-    const double limitLow = probability(session.yLimitLow) ? session.yLimitLow : 0;
-    const double limitHigh = probability(session.yLimitHigh) ? session.yLimitHigh : 0;
-    const double low = session.ylowd;
-    const double high = session.yhighd;
-    takelimits(session.ylowd, session.yhighd, limitLow, limitHigh);
-    if (session.ylowd < session.yhighd) return;
-    session.ylowd = low;
-    session.yhighd = high;
+    takelimits(session.ylowd, session.yhighd, usable(session.yLimitLow, session.yLimitHigh, hasploty));
+    if (session.yhighd < 1) return;
+    session.yhighd = std::nextafter(1.0, 0.0);
 }
 
 void plainywindow(const Extent& points) {
-    const bool logarithmic = yaxisscale() != AxisScale::linear;
-    session.ylowd = points.empty() ? (logarithmic ? 1 : 0) : points.low;
-    session.yhighd = points.empty() ? 100 : points.high;
-    takelimits(session.ylowd, session.yhighd, session.yLimitLow, session.yLimitHigh);
-    if (logarithmic && session.ylowd <= 0) session.ylowd = points.empty() ? 1 : points.low;
-    widen(session.ylowd, session.yhighd);
+    const Limits limits = usable(session.yLimitLow, session.yLimitHigh, hasploty);
+    const Limits window = plainwindow(points, yaxisscale() != AxisScale::linear, limits);
+    session.ylowd = window.low;
+    session.yhighd = window.high;
 }
 
 /// Edges of the axes on the data scale, and of the window on the plot scales.
@@ -177,7 +206,9 @@ void LOCKZOOMOUT() {
 
 void xyanalyzw() {
     session.plotStopped = 0;
-    if (session.batchActive == 1 && session.manualScale == 1) {
+    const bool zoomed = session.xLimitLow != 0 || session.xLimitHigh != 0 || session.yLimitLow != 0
+                        || session.yLimitHigh != 0;
+    if (session.batchActive == 1 && zoomed) {
         compose(session.msg, Word::Partial, " % ", Word::Affected, " [BATCH] (", Word::Zoom,
                 ") = ", Word::Yes, " ... ", Word::Cannot, " ", Word::Plot);
         tellok();
@@ -185,8 +216,7 @@ void xyanalyzw() {
         return;
     }
     const Extents extents = extentsofpoints();
-    tellrefused("X-", extents.refusedX);
-    tellrefused("Y-", extents.refusedY);
+    session.manualScale = 0;
     xwindow(extents.x);
     if (session.plotMode == 1)
         probabilitywindow(extents.y);

@@ -14,13 +14,16 @@ enum YScaleKind : int16_t {
     reliabilityPerThousand = 5
 };
 
+/// What a tick stands for, and so how its grid line is drawn.
+enum AxisTickKind : int { lightTick = 0, heavyTick = 1, scaleTick = 2 };
+
 /// Ticks of one axis, from index 1.
 struct AxisTicks {
     static constexpr int most = 150;
     float tickcount = 0;
     std::array<float, most + 1> position{};  ///< canvas units along the axis
     std::array<float, most + 1> value{};     ///< on the data scale; a probability in percent
-    std::array<float, most + 1> kind{};      ///< 0 light, 1 heavy, 2 the 63.212 line
+    std::array<float, most + 1> kind{};      ///< AxisTickKind
     std::array<std::string, most + 1> label; ///< empty: a tick without a label
 };
 

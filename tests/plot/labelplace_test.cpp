@@ -49,7 +49,7 @@ TEST(LabelPlaces, FiveHundredLabelsNeverCoverEachOtherOrAPoint) {
     std::uniform_real_distribution<double> y(0, 7000);
     std::vector<std::pair<double, double>> points;
     for (int i = 0; i < 500; ++i) points.emplace_back(x(random), y(random));
-    for (const auto& [px, py] : points) places.keepfree(px, py);
+    for (const auto& [px, py] : points) places.keepfree(px, py, 40);
     std::vector<Box> taken;
     for (const auto& [px, py] : points)
         if (const auto spot = places.place(px, py, 700)) taken.push_back(boxof(*spot, 700));

@@ -152,7 +152,7 @@ TEST_F(ProbabilityPlot, DrawsGridThenFrameThenLinesThenMarks) {
 TEST_F(ProbabilityPlot, PointsStandWhereTheirScalesPutThem) {
     life({"100", "200", "400"});
     const RecordingDevice device = drawn();
-    const PlotWindow& w = session.windowSaved;
+    const PlotWindow& w = session.window;
     // Logarithmic age: equal ratios are equal lengths. The first step of a mark starts at its point.
     std::vector<double> x;
     std::vector<double> y;
@@ -177,7 +177,7 @@ TEST_F(ProbabilityPlot, TheFittedLinePassesThroughItsScaleAtTheScaleLine) {
         return l.pen.colour == 1 && l.width == 2;
     });
     ASSERT_NE(fitted, device.lines.end());
-    const PlotWindow& w = session.windowSaved;
+    const PlotWindow& w = session.window;
     const double x = w.left + (std::log(fit().eta) - w.xlow) * w.xfactor;
     const double y = w.bottom - (0 - w.ylow) * w.yfactor; // ln(-ln(1 - 0.63212)) = 0
     const double along = (x - fitted->x1) / (fitted->x2 - fitted->x1);
@@ -187,7 +187,7 @@ TEST_F(ProbabilityPlot, TheFittedLinePassesThroughItsScaleAtTheScaleLine) {
 TEST_F(ProbabilityPlot, SuspensionsStandAtTheFootAndNotAmongTheFailures) {
     life({"100", "200", "-300"});
     const RecordingDevice device = drawn();
-    const PlotWindow& w = session.windowSaved;
+    const PlotWindow& w = session.window;
     const double x = w.left + (std::log(300.0) - w.xlow) * w.xfactor;
     bool found = false;
     for (const MarkStep& step : device.steps)
@@ -384,15 +384,15 @@ TEST_F(ProbabilityPlot, ScaleButtonsStandOnTheScreenAlone) {
 
 // ---- the session stays as it was ----
 
-struct Registers3 {
+struct Kept {
     double plotx1, ploty1, plotx2, ploty2;
     float plotpen;
     double ud, eta, beta;
     std::string msg;
     Palette palette;
-    bool operator==(const Registers3&) const = default;
+    bool operator==(const Kept&) const = default;
 };
-Registers3 registers() {
+Kept registers() {
     return {session.plotx1, session.ploty1, session.plotx2, session.ploty2, session.plotpen,
             session.ud,     session.eta,    session.beta,   session.msg,    session.palette};
 }
@@ -402,7 +402,7 @@ TEST_F(ProbabilityPlot, APlotLeavesRegistersPaletteAndDataAsTheyWere) {
     session.ud = 12.5;
     session.plotx1 = 77;
     session.msg = "kept";
-    const Registers3 before = registers();
+    const Kept before = registers();
     const Fit fitted = fit();
     session.colormode = 1;
     drawn();
@@ -414,7 +414,7 @@ TEST_F(ProbabilityPlot, AFailingOutputTellsAndLeavesTheSession) {
     life({"100", "200", "300"});
     desktop.messages.clear();
     session.outdev = plotterDevice;
-    const Registers3 before = registers();
+    const Kept before = registers();
     MemorySink sink;
     sink.writesLeft = 40;
     HpglDevice device(sink);

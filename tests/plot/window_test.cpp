@@ -119,13 +119,13 @@ TEST_F(PlotWindowTest, ManyValuesAtOrBelowZeroAreToldOnce) {
     desktop.messages.clear();
     xyanalyzw();
     ASSERT_EQ(desktop.messages.size(), 1u);
-    EXPECT_EQ(desktop.messages[0], "Set 1: X-Value <= 0 (3 Point) ... Point 1 Not On Plot");
+    EXPECT_EQ(desktop.messages[0], "Set 1: X-Value <= 0 ... 3 Point Not On Plot");
 }
 
 TEST_F(PlotWindowTest, AZoomWithThePartialAffectedOptionRefusesThePlot) {
     life({"10", "20", "90"});
     session.batchActive = 1;
-    session.manualScale = 1;
+    session.xLimitHigh = 50;
     desktop.messages.clear();
     xyanalyzw();
     EXPECT_EQ(session.plotStopped, 1);
