@@ -108,7 +108,8 @@ void linesofset(std::vector<BlockLine>& lines, int k, const SetLines& words, Blo
         heading.mark = setmark(k);
         heading.setRow = rowofset(static_cast<float>(k));
         const std::string& counts = words.fit[words.fit[1].empty() ? 0 : 1];
-        extend(heading.text, "[[TAB", column, counts);
+        const auto headingColumn = static_cast<int>(std::clamp<std::size_t>(heading.text.size() + 1, 10, 30));
+        extend(heading.text, "[[TAB", headingColumn, counts);
         if (!words.fit[1].empty()) extend(heading.text, " ", words.fit[0]);
     }
     lines.push_back(std::move(heading));

@@ -40,8 +40,8 @@ double markreach() {
     return half * std::max<int>(session.marksteps, 1) * static_cast<double>(session.ploth) / 450;
 }
 
-/// How far above the foot of the plot a suspension's mark stands: clear of the frame.
-double foot() { return 1.5 * markreach(); }
+/// How far above the foot of the plot a suspension's mark stands: clear of the frame, with room for a label.
+double foot() { return std::max(1.5 * markreach(), 0.65 * charactersize()); }
 
 Place placeof(const ShownPoint& point) {
     const PlotWindow& w = session.window;

@@ -251,6 +251,81 @@ TEST_F(ProbabilityPlot, AnEmptySessionGivesAnEmptyPlot) {
     expectreadable(device);
 }
 
+TEST_F(ProbabilityPlot, TheScaleLineKeepsItsTrueLabelOnEveryAxis) {
+    const auto labels = [&](YScaleKind kind, const char* scale, const char* sixty) {
+        session.yScaleKind = kind;
+        life(sample(20, 100, 2, 1));
+        const RecordingDevice device = drawn(2400, 1800);
+        EXPECT_TRUE(textof(device, scale)) << kind;
+        EXPECT_TRUE(textof(device, sixty)) << kind << " at 50 percent";
+    };
+    labels(occurrencePercent, "63.212", "50");
+    labels(reliabilityPercent, "36.788", "50");
+    labels(occurrenceProbability, ".63212", ".5");
+    labels(reliabilityProbability, ".36788", ".5");
+    labels(occurrencePerThousand, "632.12", "500");
+    labels(reliabilityPerThousand, "367.88", "500");
+}
+
+TEST_F(ProbabilityPlot, AManualLimitOffTheLadderIsLabelledAsTheNumberItIs) {
+    life(sample(20, 100, 2, 1));
+    session.yLimitLow = 0.03;
+    session.yLimitHigh = 0.83;
+    const RecordingDevice device = drawn();
+    for (const char* text : {"3", "5", "63.212", "83"}) EXPECT_TRUE(textof(device, text)) << text;
+    for (const char* text : {"90", "95"}) EXPECT_FALSE(textof(device, text)) << text;
+}
+
+TEST_F(ProbabilityPlot, EightSetsShowAllTheirParameters) {
+    std::vector<Cells> all;
+    for (unsigned k = 1; k <= 8; ++k) all.push_back(sample(15, 100.0 * k * k, 1.5, 10 + k, 5));
+    sets(all);
+    for (const auto& [across, down] : {std::pair{1200, 900}, {800, 600}, {640, 480}, {400, 300}}) {
+        const RecordingDevice device = drawn(across, down);
+        const auto count = [&](const char* start) {
+            return std::count_if(device.texts.begin(), device.texts.end(),
+                                 [&](const auto& t) { return t.text.find(start) != std::string::npos; });
+        };
+        EXPECT_EQ(count("Eta="), 8) << across;
+        EXPECT_EQ(count("Beta="), 8) << across;
+        EXPECT_EQ(count("n/s=15/3"), 8) << across;
+        EXPECT_EQ(count("r^2="), 8) << across;
+        expectreadable(device);
+    }
+}
+
+TEST_F(ProbabilityPlot, AnRSquaredUnderOneNeverPrintsAsOne) {
+    life({"100", "200", "300"});
+    session.setCorrelation(1) = std::sqrt(0.999997);
+    const RecordingDevice device = drawn();
+    EXPECT_TRUE(std::any_of(device.texts.begin(), device.texts.end(),
+                            [](const auto& t) { return t.text.starts_with("r^2=.999997"); }));
+}
+
+TEST_F(ProbabilityPlot, LabelsOfSuspensionsKeepClearOfTheirMarks) {
+    life({"100", "200", "300", "-400_ran on", "500"});
+    const RecordingDevice device = drawn();
+    const auto* label = textof(device, "ran on");
+    ASSERT_TRUE(label);
+    const Box box = boxof(*label);
+    for (const MarkStep& step : device.steps)
+        EXPECT_FALSE(step.colour > 0 && step.x > box.left && step.x < box.right && step.y > box.top
+                     && step.y < box.bottom);
+}
+
+TEST_F(ProbabilityPlot, HostileNamesAreJustText) {
+    life({"100", "200", "300"});
+    session.rowTitle(3) = "a[[TAB99b<&\x03\x1B\"";
+    expectreadable(drawn());
+    session.rowTitle(3) = std::string(100000, 'x');
+    session.plotTitle = std::string(100000, 'y');
+    expectreadable(drawn());
+    std::string wide;
+    for (int i = 0; i < 60; ++i) wide += "\xE6\xBC\xA2"; // a character two columns wide
+    session.plotTitle = wide;
+    expectreadable(drawn(400, 300));
+}
+
 // ---- readable at every size and for every kind of data ----
 
 struct Canvas {
@@ -344,7 +419,54 @@ TEST_F(ProbabilityPlot, ALineAcrossATransferredThresholdGoesOnFromThePen) {
     EXPECT_NE(sink.text.find("- AR"), std::string::npos);
 }
 
+TEST_F(ProbabilityPlot, ALaserPrinterGetsThePlotBetweenItsControlCodes) {
+    life({"100", "200", "300"});
+    session.outdev = laserDevice;
+    MemorySink sink;
+    HpglDevice device(sink);
+    ASSERT_TRUE(plotentry(device));
+    ASSERT_GT(sink.writes.size(), 5u);
+    EXPECT_EQ(sink.writes[0], "\x1B"
+                              "E");
+    EXPECT_EQ(sink.writes[1], "\x1B&l1O");
+    EXPECT_EQ(sink.writes[2], "\x1B%0B");
+    EXPECT_EQ(sink.writes[sink.writes.size() - 2], "\x1B%0A");
+    EXPECT_EQ(sink.writes.back(), "\x1B"
+                                  "E");
+}
+
+TEST_F(ProbabilityPlot, PartsGoOutInTheirOrder) {
+    life({"100", "200", "300"});
+    session.outdev = screenDevice;
+    MemorySink sink;
+    TraceDevice device(1200, 900, sink);
+    ASSERT_TRUE(plotentry(device));
+    std::size_t at = 0;
+    // Grid, frame, Y axis, X axis, buttons, fitted line, marks, main title, axis title, parameters, legend.
+    for (const char* part :
+         {"pen 25", "box", "\"90\"", "\"100\"", "\"Y-Scale vvv\"", "pen 1 solid width 2", "\nmark\n",
+          "\"OmniVANEX\"", "\"Age\"", "\"Set 1  rr\"", "\"LEGEND\"", "\nend\n"}) {
+        const std::size_t next = sink.text.find(part, at + 1);
+        ASSERT_NE(next, std::string::npos) << part << " after " << sink.text.substr(at, 60);
+        at = next;
+    }
+}
+
 // ---- what the user is told ----
+
+TEST_F(ProbabilityPlot, ManyPointsOnTheScreenAreToldToBeSlow) {
+    session = Session{};
+    session.sizeExponent = 5;
+    chooseside(lifeSide);
+    ASSERT_TRUE(sizearrays());
+    life(sample(20500, 1000, 2, 3));
+    session.outdev = screenDevice;
+    ScriptedPlatform screen;
+    drawn();
+    EXPECT_NE(std::find(screen.windowCalls.begin(), screen.windowCalls.end(),
+                        "caption: Slow Point Display ... Select 'Zoom / Point Symbol Display' For Change"),
+              screen.windowCalls.end());
+}
 
 TEST_F(ProbabilityPlot, TheReminderComesOnce) {
     life({"100", "200", "300"});
@@ -439,6 +561,38 @@ TEST_F(ProbabilityPlot, ParametersThatAreNoNumbersDrawNoLineAndNoWords) {
         for (const auto& text : device.texts) EXPECT_FALSE(text.text.starts_with("Eta=")) << text.text;
         expectreadable(device);
     }
+}
+
+TEST_F(ProbabilityPlot, APlotThatFailsLeavesTheFormerWindow) {
+    life({"100", "200", "300"});
+    session.outdev = screenDevice;
+    drawn();
+    const double high = session.xhighd;
+    const double right = session.windowSaved.right;
+    life({"1000", "2000", "3000"});
+    for (const int writes : {0, 60}) {
+        MemorySink sink;
+        sink.openFailures = writes == 0 ? 100 : 0;
+        sink.openErrno = EACCES;
+        sink.writesLeft = writes;
+        TraceDevice device(1200, 900, sink);
+        session.replotNeeded = 1;
+        EXPECT_FALSE(plotentry(device));
+        EXPECT_EQ(session.xhighd, high);
+        EXPECT_EQ(session.windowSaved.right, right);
+        EXPECT_EQ(session.replotNeeded, 1) << "the plot is still to be drawn";
+    }
+}
+
+TEST_F(ProbabilityPlot, ARepaintInTheMiddleOfAPlotIsRefused) {
+    life({"100", "200", "300"});
+    RecordingDevice device(18000, 13500);
+    ASSERT_TRUE(plotbegin(device));
+    session.parameterReminder = 1;
+    RecordingDevice second(18000, 13500);
+    EXPECT_FALSE(plotentry(second));
+    EXPECT_EQ(session.parameterReminder, 1);
+    EXPECT_TRUE(plotend());
 }
 
 TEST_F(ProbabilityPlot, ManualLimitsThatLeaveNoWindowAreWidened) {

@@ -4,6 +4,10 @@
 
 #include <random>
 
+#include "plot/drawing.h"
+#include "support/freshsession.h"
+#include "support/recordingdevice.h"
+
 namespace {
 
 constexpr ClipWindow window{100, 200, 500, 400};
@@ -69,6 +73,64 @@ TEST(PlotClip, WhatRemainsLiesInTheWindowAndOnTheLine) {
             ASSERT_NEAR(cross, 0, 1e-6);
         }
     }
+}
+
+class PlotSegmentTest : public testing::Test {
+protected:
+    PlotSegmentTest() {
+        session.plotspeed = -1; // no frame
+        EXPECT_TRUE(plotbegin(device));
+        session.window = {1000, 1000, 2000, 2000};
+    }
+    ~PlotSegmentTest() override { plotend(); }
+
+    static void segment(double x1, double y1, double x2, double y2) {
+        session.plotx1 = x1;
+        session.ploty1 = y1;
+        session.plotx2 = x2;
+        session.ploty2 = y2;
+        plotsegment();
+    }
+
+    FreshSession fresh{lifeSide};
+    RecordingDevice device{12000, 9000};
+};
+
+TEST_F(PlotSegmentTest, InsideTheMarginASegmentIsDrawnAsItStands) {
+    segment(995, 1500, 2010, 1500); // a hundredth of the window is 10
+    ASSERT_EQ(device.lines.size(), 1u);
+    EXPECT_EQ(device.lines[0].x1, 995);
+    EXPECT_EQ(device.lines[0].x2, 2010);
+}
+
+TEST_F(PlotSegmentTest, BeyondTheMarginItIsCutToTheWindow) {
+    segment(900, 1500, 2011, 1500);
+    ASSERT_EQ(device.lines.size(), 1u);
+    EXPECT_DOUBLE_EQ(device.lines[0].x1, 1000);
+    EXPECT_DOUBLE_EQ(device.lines[0].x2, 2000);
+}
+
+TEST_F(PlotSegmentTest, OutsideItIsDroppedAndTheRegistersStay) {
+    segment(0, 0, 500, 500);
+    EXPECT_TRUE(device.lines.empty());
+    EXPECT_EQ(session.plotx1, 0);
+    EXPECT_EQ(session.plotx2, 500);
+}
+
+TEST_F(PlotSegmentTest, ATracedLineGoesOnFromThePenUntilItIsCut) {
+    tracestart(1100, 1100);
+    traceto(1200, 1200); // starts
+    traceto(1300, 1100); // goes on
+    traceto(2500, 1100); // cut at the edge: the pen stands there
+    traceto(2500, 1500); // outside
+    traceto(1500, 1500); // comes back in: starts anew
+    traceto(1400, 1400); // goes on
+    traceend();
+    ASSERT_EQ(device.lines.size(), 5u);
+    const bool continues[] = {false, true, true, false, true};
+    for (std::size_t i = 0; i < 5; ++i) EXPECT_EQ(device.lines[i].continues, continues[i]) << i;
+    EXPECT_DOUBLE_EQ(device.lines[2].x2, 2000);
+    EXPECT_DOUBLE_EQ(device.lines[3].x1, 2000);
 }
 
 } // namespace

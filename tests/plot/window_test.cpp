@@ -59,6 +59,39 @@ TEST_F(PlotWindowTest, AManualLimitPinsItsEndAlone) {
     EXPECT_EQ(session.manualScale, 0);
 }
 
+TEST_F(PlotWindowTest, ALimitBeyondTheDataStandsAndTheFreeEndMoves) {
+    life({"10", "20", "90"});
+    session.xLimitHigh = 5;
+    xyanalyzw();
+    EXPECT_DOUBLE_EQ(session.xhighd, 5);
+    EXPECT_LT(session.xlowd, 5);
+    LOCKZOOMOUT();
+    session.xLimitLow = 400;
+    xyanalyzw();
+    EXPECT_DOUBLE_EQ(session.xlowd, 400);
+    EXPECT_GT(session.xhighd, 400);
+}
+
+TEST_F(PlotWindowTest, ReversedLimitsAreTakenTheOtherWayRound) {
+    life({"10", "20", "90"});
+    session.xLimitLow = 200;
+    session.xLimitHigh = 2;
+    xyanalyzw();
+    EXPECT_DOUBLE_EQ(session.xlowd, 2);
+    EXPECT_DOUBLE_EQ(session.xhighd, 200);
+}
+
+TEST_F(PlotWindowTest, LimitsWithoutAPlaceOnTheAxisAreLeftOut) {
+    life({"10", "20", "90"});
+    for (const double limit : {std::nan(""), HUGE_VAL, -3.0}) {
+        session.xLimitLow = session.yLimitLow = limit;
+        xyanalyzw();
+        EXPECT_DOUBLE_EQ(session.xlowd, 10) << limit;
+        EXPECT_DOUBLE_EQ(session.ylowd, 0.10) << limit;
+        EXPECT_EQ(session.manualScale, 0) << limit;
+    }
+}
+
 TEST_F(PlotWindowTest, TheAxisHoldsTheWindow) {
     life({"13", "21", "87"});
     xyanalyzw();
@@ -81,6 +114,12 @@ TEST_F(PlotWindowTest, TheTopTickOfTheProbabilityAxisFollowsTheHighestPoint) {
     EXPECT_DOUBLE_EQ(topof(20), 0.99);     // 0.9657
     EXPECT_DOUBLE_EQ(topof(100), 0.999);   // 0.99303
     EXPECT_DOUBLE_EQ(topof(1000), 0.9999); // 0.999300
+    session.Y(3, 1) = 0.99995f;
+    xyanalyzw();
+    EXPECT_DOUBLE_EQ(session.yhighd, 0.99999);
+    session.Y(3, 1) = 0.999995f; // beyond the ladder the highest point is the top
+    xyanalyzw();
+    EXPECT_DOUBLE_EQ(session.yhighd, static_cast<double>(0.999995f));
 }
 
 TEST_F(PlotWindowTest, TheFootOfTheProbabilityAxisIsALadderTickBelowTheLowestPoint) {
