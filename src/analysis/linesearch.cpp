@@ -233,11 +233,6 @@ bool readable(const LifeTerm& term) {
 
 } // namespace
 
-bool boundedlikelihood(std::span<const LifeTerm> terms, double portion) {
-    const CommonPlace place = commonplace(terms, portion);
-    return place.low > place.high;
-}
-
 LineSearch maximumlikelihood(Shape shape, std::span<const LifeTerm> terms, double portion, double fixedScale,
                              Interrupted interrupted) {
     if (terms.empty() || !std::all_of(terms.begin(), terms.end(), readable)) return {};

@@ -30,11 +30,9 @@ struct LineSearch {
 /// one maximum from anywhere; with a portion below 1 a ridge is put on a curvature that is not. The data are
 /// centred and scaled first: shifting or stretching them shifts and stretches the answer, no more. Complete
 /// samples of the bell have their mean and root mean square deviation at once.
-/// Result to some 1e-12 relative. Burridge, J. R. Statist. Soc. B 43 (1981) 41; Pratt, J. Am. Statist. Assoc.
-/// 76 (1981) 103; Lawless, Statistical Models and Methods for Lifetime Data (2003), ch. 4 and 5.
+/// No maximum, told before any step, when some age lies where every failure can lie and no survivor above it:
+/// the likelihood then grows for ever as the scale shrinks. Result to some 1e-12 relative. Burridge, J. R.
+/// Statist. Soc. B 43 (1981) 41; Pratt, J. Am. Statist. Assoc. 76 (1981) 103; Lawless, Statistical Models and
+/// Methods for Lifetime Data (2003), ch. 4 and 5.
 LineSearch maximumlikelihood(Shape shape, std::span<const LifeTerm> terms, double portion, double fixedScale,
                              Interrupted interrupted);
-
-/// True when the terms have a maximum at a positive scale: some failure is known not to lie where all the
-/// others could lie too. Without, the likelihood grows for ever as the scale shrinks. portion as above.
-bool boundedlikelihood(std::span<const LifeTerm> terms, double portion);
