@@ -421,7 +421,7 @@ TEST_F(MleTest, NoEndOfASearchTouchesTheData) {
 
 // ---- labels ----
 
-TEST_F(MleTest, TheReportNamesTheLogLikelihood) {
+TEST_F(MleTest, TheLogLikelihoodIsKeptWithALikelihoodFitAlone) {
     life(censored);
     EXPECT_EQ(session.setLabel(1), "mle");
     EXPECT_LT(session.LOGLYKMLE(1), 0);

@@ -204,7 +204,9 @@ TEST_F(Vanexc, FitsByLikelihoodWithEveryVariant) {
     }
 }
 
-TEST_F(Vanexc, ALineByRegressionHasNoLogLikelihood) {
+TEST_F(Vanexc, TheReportShowsTheLogLikelihoodOfALikelihoodFitAlone) {
+    EXPECT_NE(run("-m 3").out.find("\nmle (LL)=-"), std::string::npos);
+    EXPECT_EQ(run("-m 1").out.find("(LL)"), std::string::npos);
     EXPECT_TRUE(Json::parse(run("-m 1 --json -").out)["sets"][0]["logLik"].is_null());
 }
 
