@@ -68,6 +68,12 @@ double densitycurve(Shape shape, double z) {
     }
 }
 
+/// Second slope of ln D where the first is D'/D: D''/D less its square. Where nothing is left of the density
+/// its own slope may be infinite, and nothing times that is still nothing.
+double curve(Shape shape, double slope, double z) {
+    return slope == 0 ? 0 : slope * (densityslope(shape, z) - slope);
+}
+
 bool hashigh(Known known) { return known == Known::between || known == Known::outside; }
 
 } // namespace
@@ -132,13 +138,13 @@ TermSlopes slopesofterm(Shape shape, Known known, double a, double b, double por
     const double share = portion < 1 ? std::log(portion) : 0;
     const double sign = known == Known::below || known == Known::outside ? 1 : -1;
     term.a = sign * std::exp(share + logdensity(shape, a) - term.value);
-    term.aa = term.a * (densityslope(shape, a) - term.a);
+    term.aa = curve(shape, term.a, a);
     const bool plain = portion >= 1 || known != Known::above;
     if (plain && shape == Shape::smallest && known == Known::above) term.aa = term.a;
     if (plain && shape == Shape::largest && known == Known::below) term.aa = -term.a;
     if (!hashigh(known)) return term;
     term.b = -sign * std::exp(share + logdensity(shape, b) - term.value);
-    term.bb = term.b * (densityslope(shape, b) - term.b);
+    term.bb = curve(shape, term.b, b);
     term.ab = -term.a * term.b;
     return term;
 }

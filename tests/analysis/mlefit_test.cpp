@@ -135,6 +135,16 @@ TEST_F(MleTest, TiesBelowASuspensionHaveALine) {
     expectmaximum("ties");
 }
 
+TEST_F(MleTest, ALineFarSteeperThanTheDataAreWideIsFound) {
+    // The failures and the discovery below them are a hair apart, the other discoveries far beyond.
+    session.inputType = intv5;
+    for (const Family& family : families) {
+        choose(family.family, family.extreme);
+        life({"22.9956", "22.9956", "22.9946x0x1x-3.3e33", "23.1x0x2x-3.3e33", "40x0x2x-3.3e33"});
+        expectmaximum(std::to_string(family.family));
+    }
+}
+
 // ---- what must not change the answer ----
 
 TEST_F(MleTest, TheOrderOfEntryChangesNothing) {
