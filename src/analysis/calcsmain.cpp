@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "analysis/linefit.h"
+#include "analysis/mlefit.h"
 #include "analysis/notices.h"
 #include "analysis/order.h"
 #include "analysis/regress.h"
@@ -61,6 +62,7 @@ void startrun() {
     if (activesets() > 1) session.confAuto = 0;
     session.calcError = 0;
     session.abortCode = 0;
+    session.loglykErrorTold = session.minimumTold = 0;
     runtitle();
 }
 
@@ -78,6 +80,8 @@ void clearresults(const Set& set) {
     session.sampleSd(set.k) = 0;
     session.setFitted(set.k) = 0;
     session.setPlaced(set.k) = 0;
+    session.setCorrected(set.k) = 0;
+    session.LOGLYKMLE(set.k) = noAnswer;
     session.setLabel(set.k).clear();
     session.sums = {};
     if (session.sg < 3) return;
@@ -155,12 +159,8 @@ bool fitpossible(const Set& set) {
     return true;
 }
 
-/// Fits that are asked for and that this version does not have: told, never answered by another method.
+/// A fit that is asked for and that this version does not have: told, never answered by another.
 bool methodready(const Set& set) {
-    if (session.fitMethod == maximumLikelihood) {
-        tellset(set.k, Word::Maximum, " ", Word::Likelihood, " ", Word::Not, " ", Word::Ready);
-        return false;
-    }
     if (session.findThreshold == 1) {
         tellset(set.k, Word::Find, " t0 ", Word::Not, " ", Word::Ready);
         return false;
@@ -168,7 +168,7 @@ bool methodready(const Set& set) {
     return true;
 }
 
-// ---- the fit by regression ----
+// ---- the fit ----
 
 /// Where the points give no line: the first value, or the middle of the first two, with a slope of 3.
 void fallbackline(const Set& set) {
@@ -218,6 +218,41 @@ bool likelihoodpossible(const Set& set) {
     return occurrences(set) == 1 && last > 0 && session.pointTypes(set.k, last) == Susp;
 }
 
+bool bylikelihood() {
+    const bool knownSlope = session.fixedSlope > 0 && session.fitMethodSaved == maximumLikelihood;
+    return session.fitMethod == maximumLikelihood || knownSlope;
+}
+
+/// Eta and beta of the least-squares line; false, and told, when there is none.
+bool regressionline(const Set& set, const PlotLine& line) {
+    if (!line.exists) {
+        fallbackline(set);
+        tellnotenough(set.k, likelihoodpossible(set));
+        return false;
+    }
+    if (line.slope <= 0) {
+        tellnoline(set);
+        return false;
+    }
+    parametersofline(line);
+    return true;
+}
+
+/// Eta and beta of largest likelihood, from the least-squares line where there is one; false, and told, when
+/// there is no maximum.
+bool likelihoodline(const Set& set, const PlotLine& line) {
+    session.eta = session.beta = 0;
+    if (line.exists && line.slope > 0) parametersofline(line);
+    switch (maxlyk()) {
+    case SearchEnd::found: session.LOGLYKMLE(set.k) = session.logLik; return true;
+    case SearchEnd::noMaximum: tellnoline(set); return false;
+    case SearchEnd::truncated:
+        tellset(set.k, session.setLabel(set.k), " ", Word::Calculation, " ", Word::Truncated);
+        return false;
+    default: return false;
+    }
+}
+
 void fitset(const Set& set) {
     placepoints(set.k);
     regressselect();
@@ -225,16 +260,7 @@ void fitset(const Set& set) {
     appendstatus(session.setLabel(set.k), set.k);
     if (session.calcError > 0 || session.abortCode == escapePressed) return;
     const PlotLine line = fitline(session.sums, regressxony(), fixedplotslope());
-    if (!line.exists) {
-        fallbackline(set);
-        tellnotenough(set.k, likelihoodpossible(set));
-        return;
-    }
-    if (line.slope <= 0) {
-        tellnoline(set);
-        return;
-    }
-    parametersofline(line);
+    if (!(bylikelihood() ? likelihoodline(set, line) : regressionline(set, line))) return;
     if (!parametersinrange()) {
         tellset(set.k, Word::Parameter, " ", Word::Too, " ", Word::Big, " ", Word::Or, " ", Word::Too, " ",
                 Word::Small, " ...");
@@ -272,7 +298,9 @@ void analyseset(const Set& set) {
     appendstatus(session.setLabel(set.k), set.k);
     cautionunreadz(set);
     if (!fitpossible(set) || !methodready(set)) return;
-    const double needed = session.fixedSlope > 0 ? 1 : 2;
+    // By likelihood one failure will do, when other units are known not to have failed by its age.
+    const bool oneFailure = session.fixedSlope > 0 || (bylikelihood() && session.countQuantity(set.k) > 1);
+    const double needed = oneFailure ? 1 : 2;
     if (groupedinput() || occurrences(set) >= needed) {
         fitset(set);
         return;

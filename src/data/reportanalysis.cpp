@@ -149,6 +149,7 @@ void reportsetup() {
 }
 
 void reportfit(int k) {
+    if (session.LOGLYKMLE(k) > noLowLimit) report("mle (LL)=", Reported{session.LOGLYKMLE(k)});
     reportcell(0, Word::Correlation, "(r)=", Reported{session.setCorrelation(k)});
     reportend(secondColumn, "r^2=", Reported{session.setCorrelation(k) * session.setCorrelation(k)});
     compose(session.msg, ";", Word::Method, "=", session.setLabel(k));

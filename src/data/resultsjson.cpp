@@ -102,6 +102,10 @@ constexpr SetField setFields[] = {
     {"r", [](JsonWriter& json, int k) { fitted(json, k, session.setCorrelation(k)); }},
     {"r2",
      [](JsonWriter& json, int k) { fitted(json, k, session.setCorrelation(k) * session.setCorrelation(k)); }},
+    {"logLik",
+     [](JsonWriter& json, int k) {
+         fitted(json, k, session.LOGLYKMLE(k) > noLowLimit ? session.LOGLYKMLE(k) : noAnswer);
+     }},
     {"messages", writemessages},
     {"points", writepoints},
 };

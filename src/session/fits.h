@@ -33,6 +33,11 @@ struct Fits {
     double beta = 0; ///< shape or spread parameter of the current line
     float rFit = 0;  ///< correlation of the current line
 
+    double logLik = 0;              ///< log likelihood of the trial line last evaluated
+    double dLdEta = 0, dLdBeta = 0; ///< and its slopes
+    int16_t loglykErrorTold = 0;    ///< 1 when this run has told of a suspension at zero
+    int16_t minimumTold = 0;        ///< 1 when it has told of a trial without a likelihood
+
     int16_t mixFlag = 0; ///< 1 when the mixed model is in force
     int16_t mixKind = 0; ///< 4 two components, 5 two with a portion, 7 three with a portion
     List<float> mixEtas, mixBetas, mixPortions; ///< components of a mixture, from 1
@@ -49,6 +54,7 @@ struct Fits {
     List<int16_t> setInputType; ///< input type that the set was analysed as
     List<int16_t> setPlaced;    ///< 1 when the points of the set have plotting positions
     List<int16_t> setFitted;    ///< 1 when the set has a line
+    List<int16_t> setCorrected; ///< 1 when that line carries the bias correction of the mle variant
     List<std::string> setLabel; ///< status word: "rr", "rrs/insp1", "mle/t0~r", …
     std::vector<std::vector<std::string>> setMessages; ///< what the user was told about the set in this run
 
@@ -56,7 +62,7 @@ struct Fits {
     std::array<float, 11> fitKindList{}; ///< the kinds offered
     int16_t fitKindCount = 10;
     List<float> CI;                        ///< confidence level
-    List<double> LOGLYKMLE;                ///< log likelihood
+    List<double> LOGLYKMLE;                ///< log likelihood of a likelihood fit; noAnswer for any other
     List<float> PVALUE, PVALUEFF;          ///< p-values
     std::array<List<double>, 4> PARAMCONF; ///< low and high limit of the first, then the second parameter
     List<float> ETABARR1, BETABARR1, ETABARR2, BETABARR2; ///< process reliability lines

@@ -17,8 +17,9 @@ inline constexpr List<double> Session::*setDoubles[] = {
     &Session::countIntv, &Session::countQuantity,  &Session::occurrenceMean, &Session::timeTotal,
     &Session::sampleSd,  &Session::LOGLYKMLE};
 
-inline constexpr List<int16_t> Session::*setFlags[] = {&Session::setFitted, &Session::setPlaced,
-                                                       &Session::setInputType, &Session::FITKIND};
+inline constexpr List<int16_t> Session::*setFlags[] = {&Session::setFitted, &Session::setCorrected,
+                                                       &Session::setPlaced, &Session::setInputType,
+                                                       &Session::FITKIND};
 
 inline constexpr List<std::string> Session::*setTexts[] = {&Session::setLabel, &Session::DUANEGROWTHS,
                                                            &Session::CRAMERVONMISESTEXTS};

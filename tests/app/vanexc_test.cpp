@@ -189,11 +189,25 @@ TEST_F(Vanexc, AFailedSetHasNoValuesAndItsMessage) {
     EXPECT_NE(set["messages"][0].get<std::string>().find("Set 1: Not Enough Data"), std::string::npos);
 }
 
-TEST_F(Vanexc, LikelihoodIsRefusedRatherThanAnsweredByRegression) {
-    const Outcome outcome = run("-m 3 --json -");
-    EXPECT_EQ(outcome.status, 1);
-    EXPECT_NE(outcome.err.find("Maximum Likelihood Not Ready"), std::string::npos);
-    EXPECT_TRUE(Json::parse(outcome.out)["sets"][0]["eta"].is_null());
+TEST_F(Vanexc, FitsByLikelihoodWithEveryVariant) {
+    double former = 0;
+    for (const char* method : {"3", "4", "5", "6", "7", "8"}) {
+        const Outcome outcome = run(std::string("-m ") + method + " --json -");
+        EXPECT_EQ(outcome.status, 0) << outcome.err;
+        const Json set = Json::parse(outcome.out)["sets"][0];
+        ASSERT_FALSE(set["logLik"].is_null()) << method;
+        const double logLik = set["logLik"].get<double>();
+        EXPECT_EQ(logLik, former == 0 ? logLik : former) << method;
+        former = logLik;
+        EXPECT_GT(set["beta"].get<double>(), 0) << method;
+        EXPECT_EQ(set["label"].get<std::string>(), "mle") << method;
+    }
+}
+
+TEST_F(Vanexc, TheReportShowsTheLogLikelihoodOfALikelihoodFitAlone) {
+    EXPECT_NE(run("-m 3").out.find("\nmle (LL)=-"), std::string::npos);
+    EXPECT_EQ(run("-m 1").out.find("(LL)"), std::string::npos);
+    EXPECT_TRUE(Json::parse(run("-m 1 --json -").out)["sets"][0]["logLik"].is_null());
 }
 
 TEST_F(Vanexc, AnUnreadableFileIsTold) {

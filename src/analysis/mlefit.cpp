@@ -1,0 +1,110 @@
+#include "analysis/mlefit.h"
+
+#include <cmath>
+#include <vector>
+
+#include "analysis/biascorrection.h"
+#include "analysis/loglik.h"
+#include "analysis/newton.h"
+#include "analysis/notices.h"
+#include "analysis/order.h"
+#include "session/session.h"
+
+namespace {
+
+/// Failures and suspensions alone: the profile equation holds.
+bool profileapplies() {
+    if (session.dist != weibull || session.inputType > insp1 || groupedinput() || portionatrisk() < 1)
+        return false;
+    const int k = session.currentSet;
+    for (int j = pointcount(k); j >= 1; --j)
+        if (session.pointTypes(k, j) > Susp) return false;
+    return true;
+}
+
+/// The current set on the plot scale.
+class PlotTerms {
+public:
+    std::vector<LifeTerm> terms;
+
+    PlotTerms(int k, const StandardLine& family) : line(family) {
+        if (!groupedinput()) {
+            const int points = pointcount(k);
+            terms.reserve(static_cast<std::size_t>(points));
+            for (int j = 1; j <= points; ++j) take(termofpoint(k, j));
+            return;
+        }
+        GroupedRows rows(k);
+        for (GroupedRow row; rows.next(row);) {
+            take(row.failures());
+            take(row.survivors());
+        }
+    }
+
+private:
+    void take(LifeTerm term) {
+        if (term.weight == 0) return;
+        term.low = line.plotvalue(term.low);
+        if (term.known == Known::between || term.known == Known::outside)
+            term.high = line.plotvalue(term.high);
+        if (std::isinf(term.low)) {
+            if (term.known == Known::above) return; // alive when nothing could fail: no knowledge
+            if (term.known == Known::between) term = {Known::below, term.weight, term.high, 0};
+            if (term.known == Known::outside) term = {Known::above, term.weight, term.high, 0};
+        }
+        terms.push_back(term);
+    }
+
+    StandardLine line;
+};
+
+/// The scale on the plot scale that a fixed slope gives; 0 when the slope is free.
+double fixedscale() {
+    if (session.fixedSlope <= 0) return 0;
+    return standardline({session.dist, session.gumbeltype, 1, session.fixedSlope}).scale;
+}
+
+SearchEnd generalsearch() {
+    const double scale = fixedscale();
+    if (session.fixedSlope > 0 && !(scale > 0)) return SearchEnd::noMaximum;
+    const StandardLine family = standardline({session.dist, session.gumbeltype, 1, 1});
+    const PlotTerms data(session.currentSet, family);
+    const LineSearch found = maximumlikelihood(family.shape, data.terms, portionatrisk(), scale, escaped);
+    if (found.end != SearchEnd::found) return found.end;
+    const FamilyLine line = familyline(session.dist, session.gumbeltype, found.location, found.scale);
+    session.eta = line.eta;
+    session.beta = session.fixedSlope > 0 ? session.fixedSlope : line.beta;
+    loglyk();
+    return SearchEnd::found;
+}
+
+/// The Newton search, and the general one for what it gives up.
+SearchEnd searchmaximum() {
+    if (!profileapplies()) return generalsearch();
+    maxlyknewton();
+    if (session.abortCode == escapePressed) return SearchEnd::escaped;
+    if (session.calcError == 0) return SearchEnd::found;
+    session.calcError = 0;
+    return generalsearch();
+}
+
+} // namespace
+
+SearchEnd maxlyk() {
+    const double eta = session.eta;
+    const double beta = session.beta;
+    session.setCorrected(session.currentSet) = 0;
+    const SearchEnd end = searchmaximum();
+    if (end != SearchEnd::found) {
+        session.eta = eta;
+        session.beta = beta;
+        return end;
+    }
+    if (const BiasCorrection correction = currentcorrection(); correction.variant > 0) {
+        const FamilyLine line = corrected(currentline(), correction);
+        session.eta = line.eta;
+        session.beta = line.beta;
+        session.setCorrected(session.currentSet) = 1;
+    }
+    return SearchEnd::found;
+}

@@ -1,0 +1,133 @@
+// Largest likelihoods of published data against fits of independent origin: by the kernels on the data as
+// printed, and by the whole run, whose cells are single precision (6e-8 relative).
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "analysis/linesearch.h"
+#include "analysis/loglik.h"
+#include "plot/transforms.h"
+#include "support/lifefixture.h"
+#include "support/reference.h"
+
+namespace {
+
+struct Family {
+    const char* name;
+    Dist family;
+    int16_t extreme;
+    const char *first, *second;
+};
+constexpr Family families[] = {{"weibull", weibull, -1, "eta", "beta"},
+                               {"lognormal", lognormal, -1, "median", "sigma_factor"},
+                               {"normal", normal, -1, "mu", "sigma"},
+                               {"gumbelmin", gumbel, -1, "location", "scale"},
+                               {"gumbelmax", gumbel, 1, "location", "scale"}};
+constexpr const char* dataSets[] = {"bearings", "cracks", "fans", "leukemia6mp"};
+constexpr const char* methods[] = {"mle_scipy", "mle_survreg"};
+
+const std::map<std::string, double>& published() {
+    static const auto table = [] {
+        std::map<std::string, double> found;
+        const ReferenceTable rows = reference("mle.csv");
+        for (std::size_t row = 0; row < rows.rows.size(); ++row) {
+            std::string key;
+            for (const char* column : {"dataset", "family", "method", "quantity"})
+                (key += rows.text(row, column)) += ',';
+            found[key] = rows.number(row, "value");
+        }
+        return found;
+    }();
+    return table;
+}
+
+Known known(std::string_view type) {
+    return type == "susp"   ? Known::above
+           : type == "disc" ? Known::below
+           : type == "intv" ? Known::between
+                            : Known::exactly;
+}
+
+/// Adds the line and its log likelihood to the errors, once for each of the two fits of the table.
+void compare(ErrorSummary& parameters, ErrorSummary& likelihoods, const std::string& dataSet,
+             const Family& family, const FamilyLine& line, double logLik) {
+    for (const char* method : methods) {
+        const std::string place = dataSet + ',' + family.name + ',' + method + ',';
+        const auto expected = [&](const char* quantity) { return published().at(place + quantity + ','); };
+        parameters.add(line.eta, expected(family.first), place + family.first);
+        parameters.add(line.beta, expected(family.second), place + family.second);
+        likelihoods.add(logLik, expected("loglik"), place + "loglik");
+        for (const auto& [name, p] : {std::pair{"b1", 0.01}, {"b10", 0.1}, {"b50", 0.5}})
+            parameters.add(quantileofp(line, p, family.family >= normal), expected(name), place + name);
+    }
+}
+
+TEST(MaximumLikelihoodReference, TheKernelsFindTheMaximaOfTheTable) {
+    ErrorSummary parameters;
+    ErrorSummary likelihoods;
+    for (const std::string dataSet : dataSets) {
+        const ReferenceTable data = reference("data_" + dataSet + ".csv");
+        for (const Family& family : families) {
+            const StandardLine plot = standardline({family.family, family.extreme, 1, 1});
+            std::vector<LifeTerm> values;
+            std::vector<LifeTerm> terms;
+            for (std::size_t row = 0; row < data.rows.size(); ++row) {
+                const Known type = known(data.text(row, "type"));
+                const double high = type == Known::between ? data.number(row, "upper") : 0;
+                values.push_back({type, data.number(row, "quantity"), data.number(row, "value"), high});
+                terms.push_back(values.back());
+                terms.back().low = plot.plotvalue(terms.back().low);
+                if (type == Known::between) terms.back().high = plot.plotvalue(high);
+            }
+            const LineSearch found = maximumlikelihood(plot.shape, terms, 1, 0, [] { return false; });
+            ASSERT_EQ(found.end, SearchEnd::found) << dataSet << ' ' << family.name;
+            const FamilyLine line = familyline(family.family, family.extreme, found.location, found.scale);
+            double logLik = 0;
+            for (const LifeTerm& value : values)
+                logLik += value.weight * logcontribution(standardline(line), value, 1);
+            compare(parameters, likelihoods, dataSet, family, line, logLik);
+        }
+    }
+    parameters.expectwithin(1e-12);
+    likelihoods.expectwithin(1e-13);
+    EXPECT_EQ(likelihoods.count, std::size(dataSets) * std::size(families) * 2);
+}
+
+class MleReference : public LifeTest {};
+
+TEST_F(MleReference, TheRunFindsTheMaximaOfTheTable) {
+    ErrorSummary parameters;
+    ErrorSummary likelihoods;
+    choosemethod(maximumLikelihood);
+    for (const std::string dataSet : dataSets) {
+        const ReferenceTable data = reference("data_" + dataSet + ".csv");
+        Cells cells;
+        bool intervals = false;
+        for (std::size_t row = 0; row < data.rows.size(); ++row) {
+            const Known type = known(data.text(row, "type"));
+            std::string cell = type == Known::above ? "-" : "";
+            ((cell += data.text(row, "value")) += "x0x") += data.text(row, "quantity");
+            cell += 'x';
+            cell += type == Known::between ? data.text(row, "upper") : type == Known::below ? "-3.3e33" : "0";
+            intervals = intervals || type == Known::between;
+            cells.push_back(cell);
+        }
+        session.inputType = intervals ? intv5 : standard0;
+        for (const Family& family : families) {
+            choose(family.family, family.extreme);
+            life(cells);
+            ASSERT_TRUE(fit().fitted) << dataSet << ' ' << family.name;
+            const FamilyLine line{family.family, family.extreme, fit().eta, fit().beta};
+            compare(parameters, likelihoods, dataSet, family, line, session.LOGLYKMLE(1));
+            EXPECT_EQ(session.eta, fit().eta);
+            EXPECT_TRUE(told().empty());
+        }
+    }
+    // A B life near zero, and the width of an interval, lose digits of the singles they are formed of.
+    parameters.expectwithin(1e-6);
+    likelihoods.expectwithin(5e-8);
+    EXPECT_EQ(likelihoods.count, std::size(dataSets) * std::size(families) * 2);
+}
+
+} // namespace
