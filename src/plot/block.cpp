@@ -84,7 +84,7 @@ SetLines wordsofset(int k) {
                 numbertext(session.betaFit(row, 1), slopeUse));
     }
     const double r = session.setCorrelation(k);
-    if (hasline(k) && std::isfinite(r) && r != 0) compose(words.fit[0], "r^2=", numbertext(r * r, slopeUse));
+    if (hasline(k) && std::isfinite(r) && r != 0) compose(words.fit[0], "r^2=", numbertext(r * r, fitUse));
     words.fit[words.fit[0].empty() ? 0 : 1] = counts;
     return words;
 }
@@ -103,13 +103,15 @@ void pushcells(std::vector<BlockLine>& lines, const std::string (&cells)[2], int
 void linesofset(std::vector<BlockLine>& lines, int k, const SetLines& words, BlockKind kind, int column) {
     BlockLine heading;
     heading.colour = colourofset(k);
-    compose(heading.text, Word::Set, " ", k, "  ", session.setLabel(k));
-    if (kind == shortBlock) {
+    if (kind == fullBlock) {
+        compose(heading.text, Word::Set, " ", k, "  ", session.setLabel(k));
+    } else {
         heading.mark = setmark(k);
         heading.setRow = rowofset(static_cast<float>(k));
-        const std::string& counts = words.fit[words.fit[1].empty() ? 0 : 1];
-        const auto headingColumn = static_cast<int>(std::clamp<std::size_t>(heading.text.size() + 1, 10, 30));
-        extend(heading.text, "[[TAB", headingColumn, counts);
+        compose(heading.text, k, " ", session.setLabel(k));
+        const auto cellColumn = static_cast<int>(heading.text.size() + 2);
+        extend(heading.text, "[[TAB", cellColumn < 10 ? "0" : "", cellColumn);
+        extend(heading.text, words.fit[words.fit[1].empty() ? 0 : 1]);
         if (!words.fit[1].empty()) extend(heading.text, " ", words.fit[0]);
     }
     lines.push_back(std::move(heading));

@@ -6,7 +6,7 @@
 /// significant digits wanted.
 
 /// What a number is shown as; the digits wanted follow from it (session.maskDigits).
-enum UseClass : int { generalUse = 0, parameterUse, slopeUse, axisUse, useClasses };
+enum UseClass : int { generalUse = 0, parameterUse, slopeUse, axisUse, fitUse, useClasses };
 
 /// The mask for v with |digits| significant digits (1 to 17), in the notation "##.###", "#.##E+###". Plain
 /// while the decimal exponent lies from -3 to 3, and to -7 or 7 while the digits reach to the point; past

@@ -38,8 +38,8 @@ struct Options {
     int16_t confAuto = 0;   ///< 1: the bound method is chosen by rule
     int16_t fitMeasure = 1; ///< 1 r^2 with ccc^2, 2 pve%, 3 pAD%, else r alone
 
-    std::array<int16_t, 4> maskDigits = {
-        6, 6, 5, 4}; ///< significant digits by UseClass: general, parameter, slope, axis
+    /// Significant digits by UseClass: general, parameter, slope, axis, fit.
+    std::array<int16_t, 5> maskDigits = {6, 6, 5, 4, 4};
 
     std::string decimalSeparator = "."; ///< of the session's numbers as typed
     std::string fileDecimal = ".";      ///< of the file being read

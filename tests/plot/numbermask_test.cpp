@@ -95,7 +95,7 @@ TEST_F(NumberMask, HasItsDigitsFromTheClass) {
     EXPECT_EQ(numbermask(parameterUse), "6.667");
     EXPECT_EQ(numbermask(slopeUse), "6.6667");
     EXPECT_EQ(numbermask(-1), "6.67");
-    EXPECT_EQ(numbermask(useClasses + 5), numbermask(axisUse));
+    EXPECT_EQ(numbermask(useClasses + 5), numbermask(fitUse));
 }
 
 TEST_F(NumberMask, DropsTrailingZerosInANegativeClassAlone) {
