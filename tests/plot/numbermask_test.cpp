@@ -37,7 +37,7 @@ protected:
         return text;
     }
     static std::string atmost(double value, int digits) { return spelled(value, digits, -1); }
-    Keep<double, float, std::array<int16_t, 4>> keep{session.ud, session.u, session.maskDigits};
+    Keep<double, float, std::array<int16_t, 5>> keep{session.ud, session.u, session.maskDigits};
 };
 
 std::vector<double> generated() {
