@@ -30,7 +30,7 @@ void legendofset(std::vector<BlockLine>& lines, int k) {
     BlockLine line;
     const auto title = titleofset(k);
     if (title.empty())
-        compose(line.text, Word::Set, " ", k);
+        wordclean(compose(line.text, Word::Set, " ", k));
     else
         line.text = title;
     line.colour = frameColour;
@@ -53,6 +53,7 @@ void legendlines(std::vector<BlockLine>& lines) {
         if (setshown(k)) legendofset(lines, k);
     if (anysuspension()) {
         BlockLine line{word(Word::Suspension), frameColour};
+        wordclean(line.text);
         line.mark = suspensionmark();
         lines.push_back(line);
     }
@@ -112,6 +113,7 @@ void paramlines(std::vector<BlockLine>& lines) {
         BlockLine heading;
         heading.colour = k;
         compose(heading.text, Word::Set, " ", k, "  ", session.setLabel(k));
+        wordclean(heading.text);
         lines.push_back(std::move(heading));
         pushcells(lines, words.parameters, static_cast<int>(column));
         pushcells(lines, words.fit, static_cast<int>(column));
