@@ -16,8 +16,8 @@ struct MenuPage {
     std::span<const std::string> items; ///< item texts, "A...Activate"
     int preset = 0;                     ///< number of the default item, from 1; 0 none
     int rows = 0;                       ///< item lines of space; 0 as many as fit
-    std::string_view accept;            ///< word of the accept button
-    std::string_view cancel;            ///< word of the cancel button; empty: no such button
+    std::string_view accept = {};       ///< word of the accept button
+    std::string_view cancel = {};       ///< word of the cancel button; empty: no such button
     int* scroll = nullptr;              ///< first row shown, from 0, in and out; null: from the top
 };
 

@@ -116,7 +116,7 @@ void appendcause(std::string& text, int number) {
 void tellmathtext(std::string_view text) {
     Keep keep{session.msg, session.menuTitle};
     session.menuTitle.clear();
-    session.msg = text;
+    compose(session.msg, AsTyped{text}); // in its own words, whatever letter they quote
     tellok();
 }
 

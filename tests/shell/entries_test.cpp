@@ -12,16 +12,15 @@ namespace {
 /// An entry about to be asked, the registers at values that can be told from their defaults.
 class Entries : public testing::Test {
 protected:
-    Entries() : before(session) {
+    Entries() {
         session = Session{};
         session.msg = "Lead";
         session.menuTitle = "Header";
         session.u = 2.5f;
         session.ud = 7.25;
     }
-    ~Entries() override { session = before; }
+    ~Entries() override { session = Session{}; }
 
-    Session before;
     const float cancelled = -9.123e+32f;
 };
 
@@ -158,10 +157,10 @@ TEST_F(Entries, AStepIsAPowerOfTen) {
 }
 
 TEST_F(Entries, AnExponentBeyondItsRangeFallsBackToAStepOfOne) {
-    for (const int16_t exponent : {300, -300, 32767, -32768})
-        for (const int16_t kind : {0, 1}) {
-            session.promptKind = kind;
-            session.incrementExp = exponent;
+    for (const int exponent : {300, -300, 32767, -32768})
+        for (const int kind : {0, 1}) {
+            session.promptKind = static_cast<int16_t>(kind);
+            session.incrementExp = static_cast<int16_t>(exponent);
             EXPECT_EQ(incrementstep(), 1);
             EXPECT_EQ(session.incrementExp, 0);
             EXPECT_EQ(session.increment, 1);

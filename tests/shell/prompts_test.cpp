@@ -3,6 +3,7 @@
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
+#include "numeric/matherror.h"
 #include "platform/headless/headless.h"
 #include "session/session.h"
 #include "support/inlanguage.h"
@@ -345,9 +346,9 @@ TEST_F(PromptsTest, APageOpensWhereItWasLeft) {
     session.menuScroll.clear();
     ScriptedPlatform desktop;
     desktop.scrollTo = 5;
-    for (const int16_t identity : {-40, -41, -40, 0, 0}) {
+    for (const int identity : {-40, -41, -40, 0, 0}) {
         page({"A...Activate", "X...Exit"});
-        session.menuPage = identity;
+        session.menuPage = static_cast<int16_t>(identity);
         desktop.expectmenu("Lead", 1);
         menushowgo();
     }
@@ -513,4 +514,14 @@ TEST(ScriptedPlatformTest, RecordsTheWindowCallsInOrder) {
     desktop.window().repaintplot();
     EXPECT_EQ(desktop.windowCalls,
               (std::vector<std::string>{"readswitches", "caption: Data", "repaintplot"}));
+}
+
+TEST_F(PromptsTest, ATextOfTheNumberRoutinesKeepsTheLetterItQuotes) {
+    const Keep keep{tellmatherror};
+    installreporters();
+    ScriptedPlatform desktop;
+    const InLanguage german("Deutsch");
+    desktop.expectmessage("character _");
+    tellmatherror("Please enter the character _");
+    EXPECT_EQ(desktop.shown.at(0).text, "Please enter the character _");
 }
