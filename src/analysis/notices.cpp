@@ -4,12 +4,15 @@
 #include "shell/prompts.h"
 
 void keepnotice(int k) {
-    wordclean(session.msg);
+    std::string notice = session.msg;
+    wordclean(notice);
     if (static_cast<std::size_t>(k) < session.setMessages.size())
-        session.setMessages[static_cast<std::size_t>(k)].push_back(session.msg);
-    if (session.quiet == 1) return;
-    session.menuTitle.clear();
-    tellok();
+        session.setMessages[static_cast<std::size_t>(k)].push_back(notice);
+    if (session.quiet != 1) {
+        session.menuTitle.clear();
+        tellok();
+    }
+    session.msg = notice;
 }
 
 bool escaped() {

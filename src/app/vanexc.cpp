@@ -19,6 +19,7 @@
 #include "session/session.h"
 #include "shell/calcplot.h"
 #include "shell/grid.h"
+#include "shell/languages.h"
 #include "shell/prompts.h"
 
 namespace {
@@ -27,7 +28,7 @@ enum ExitStatus { done = 0, noResult = 1, wrongUse = 2 };
 
 constexpr const char* helpText =
     "Usage: vanexc [FILE|-] [switches] [--report FILE|-] [--json FILE|-]\n"
-    "              [--plot FILE [--plot-size WxH]]\n"
+    "              [--plot FILE [--plot-size WxH]] [--language NAME]\n"
     "\n"
     "Fits a line to life data, writes a report and draws the plot. FILE is plain text, one cell a line or\n"
     "several cells a line, each column a set; - reads standard input. Without FILE the\n"
@@ -53,6 +54,8 @@ constexpr const char* helpText =
     "  --plot FILE       the plot: .svg picture, .hgl plotter text (HPGL), .trace every drawing\n"
     "                    operation in words\n"
     "  --plot-size WxH   pixels of the picture, 400x300 to 4000x3000; 1200x900 when not given\n"
+    "  --language NAME   language of the report and the plot: German or Deutsch, ...; an unknown\n"
+    "                    name lists them all\n"
     "  --help, --version\n"
     "\n"
     "Exit status 0, 1 when no set could be analysed, 2 for a usage error.\n"
@@ -68,6 +71,7 @@ struct Outputs {
     std::optional<std::string> json;
     std::optional<std::string> plot;
     std::optional<std::string> plotSize;
+    std::optional<std::string> language;
     int pixelsAcross = 1200;
     int pixelsDown = 900;
 };
@@ -78,6 +82,13 @@ void complain(std::string text) {
     for (auto at = text.find('\n'); at != std::string::npos; at = text.find('\n', at + indent.size()))
         text.replace(at, 1, indent);
     std::fprintf(stderr, "vanexc: %s\n", text.c_str());
+}
+
+/// Composes a fault in the language in force and tells it.
+template <class... Parts>
+void complainof(const Parts&... parts) {
+    wordclean(compose(session.msg, parts...));
+    complain(session.msg);
 }
 
 /// Takes the long options off the arguments. False on one that is unknown or has no value.
@@ -92,15 +103,31 @@ bool takeoutputs(std::vector<std::string>& arguments, Outputs& outputs) {
                        : arguments[i] == "--json"      ? &outputs.json
                        : arguments[i] == "--plot"      ? &outputs.plot
                        : arguments[i] == "--plot-size" ? &outputs.plotSize
+                       : arguments[i] == "--language"  ? &outputs.language
                                                        : nullptr;
         if (!target || i + 1 == arguments.size()) {
-            complain(compose(session.msg, Word::Unknown, ": ", arguments[i]));
+            complainof(Word::Unknown, ": ", AsTyped{arguments[i]});
             return false;
         }
         *target = arguments[++i];
     }
     arguments = rest;
     return true;
+}
+
+/// Puts the language that was asked for in force. False, with the list of all, when there is none of that
+/// name.
+bool takelanguage(const Outputs& outputs) {
+    if (!outputs.language) return true;
+    if (const Language* const language = languageofname(*outputs.language)) {
+        session.languageFile = language->file;
+        wordload();
+        return true;
+    }
+    std::string names;
+    for (const Language& language : languages()) extend(names, "\n", language.name);
+    complainof(Word::Unknown, " ", Word::Language, ": ", AsTyped{*outputs.language}, AsTyped{names});
+    return false;
 }
 
 /// Takes "WxH" as the size of the picture. False when it is not two numbers within the limits.
@@ -119,13 +146,12 @@ bool takesize(Outputs& outputs) {
 /// Looks at what was asked of the plot before any work is done.
 bool plotpossible(Outputs& outputs) {
     if (outputs.plot && !plotfileknown(*outputs.plot)) {
-        complain(compose(session.msg, Word::Unknown, " ", Word::Plot, " ", Word::File, " ", Word::Type, ": ",
-                         *outputs.plot, "\n.svg .hgl .trace"));
+        complainof(Word::Unknown, " ", Word::Plot, " ", Word::File, " ", Word::Type, ": ",
+                   AsTyped{*outputs.plot}, "\n.svg .hgl .trace");
         return false;
     }
     if (takesize(outputs)) return true;
-    complain(
-        compose(session.msg, Word::Plot, " ", Word::Size, ": ", *outputs.plotSize, "\n400x300 - 4000x3000"));
+    complainof(Word::Plot, " ", Word::Size, ": ", AsTyped{*outputs.plotSize}, "\n400x300 - 4000x3000");
     return false;
 }
 
@@ -186,10 +212,9 @@ bool anypoint() {
 /// Why nothing was analysed, when no message has said it.
 void complainempty(const HeadlessPlatform& console) {
     if (session.progSide != lifeSide)
-        complain(compose(session.msg, Word::No, " ", Word::Fit, " ... ", Word::Life, " ", Word::Analysis,
-                         " = -p W"));
+        complainof(Word::No, " ", Word::Fit, " ... ", Word::Life, " ", Word::Analysis, " = -p W");
     else if (console.messages.empty())
-        complain(compose(session.msg, Word::Not, " ", Word::Enough, " ", Word::Data));
+        complainof(Word::Not, " ", Word::Enough, " ", Word::Data);
 }
 
 /// A report with the line ends of this system: the session's own are those of its data files.
@@ -200,23 +225,23 @@ std::string nativelines(std::string text) {
 
 bool writeoutput(const std::optional<std::string>& path, const std::string& text) {
     if (!path || writefile(*path, text)) return true;
-    complain(compose(session.msg, Word::Cannot, " ", Word::Save, " ", Word::File, ": ", *path));
+    complainof(Word::Cannot, " ", Word::Save, " ", Word::File, ": ", AsTyped{*path});
     return false;
 }
 
 int run(const Outputs& outputs, HeadlessPlatform& console) {
     if (!(session.cmdFile.empty() ? loadsample() : loadfile())) {
-        complain(compose(session.msg, Word::Cannot, " ", Word::Open, " ", Word::File, ": ", session.cmdFile));
+        complainof(Word::Cannot, " ", Word::Open, " ", Word::File, ": ", AsTyped{session.cmdFile});
         return noResult;
     }
     if (!sizefor(longestcolumn())) {
-        complain(compose(session.msg, Word::Not, " ", Word::Enough, " ", Word::Free, " ", Word::Memory));
+        complainof(Word::Not, " ", Word::Enough, " ", Word::Free, " ", Word::Memory);
         return noResult;
     }
     calcplot();
     const bool plotted = !outputs.plot || plotfile(*outputs.plot, outputs.pixelsAcross, outputs.pixelsDown);
     for (const std::string& message : console.messages) complain(message);
-    if (!plotted) complain(compose(session.msg, Word::Cannot, " ", Word::Plot, ": ", *outputs.plot));
+    if (!plotted) complainof(Word::Cannot, " ", Word::Plot, ": ", AsTyped{*outputs.plot});
     const bool analysed = anyresult() || (session.progSide != lifeSide && outputs.plot && anypoint());
     if (!analysed) complainempty(console);
     std::string json;
@@ -243,8 +268,9 @@ int main(int argc, char** argv) {
     installreporters();
     session.noPrompt = 1;
     Outputs outputs;
-    if (!takeoutputs(arguments, outputs) || !plotpossible(outputs)) return wrongUse;
+    if (!takeoutputs(arguments, outputs) || !takelanguage(outputs) || !plotpossible(outputs)) return wrongUse;
     if (!cmdparse(arguments)) {
+        wordclean(session.msg);
         complain(session.msg);
         return wrongUse;
     }
@@ -256,7 +282,7 @@ int main(int argc, char** argv) {
     try {
         return run(outputs, console);
     } catch (const std::bad_alloc&) {
-        complain(compose(session.msg, Word::Not, " ", Word::Enough, " ", Word::Free, " ", Word::Memory));
+        complainof(Word::Not, " ", Word::Enough, " ", Word::Free, " ", Word::Memory);
         return noResult;
     }
 }

@@ -86,7 +86,10 @@ void appendinput(std::string& text, int inputType) {
         break;
     case km4: text += "Kaplan-Meier ", append(text, Word::Grouped), text += " (km4)"; break;
     case intv5: append(text, Word::Interval), text += " (intv5)"; break;
-    default: append(text, Word::Standard), text += " Point-By-Point"; break;
+    default:
+        append(text, Word::Standard), text += ' ', append(text, Word::Point), text += '-',
+            append(text, Word::By), text += '-', append(text, Word::Point);
+        break;
     }
 }
 

@@ -88,7 +88,10 @@ void reportstart() {
     if (session.reportDevice == reportText) session.reportBuffer.clear();
 }
 
-void reportline() {
+namespace {
+
+/// Sends the line in msg; `cleaned` when the language filter has seen it.
+void sendline(bool cleaned) {
     if (session.reportDevice == noReport) return;
     const Keep keep{session.u};
     changedevice();
@@ -100,7 +103,7 @@ void reportline() {
     const bool open = text.front() == ';';
     if (open) text.erase(0, 1);
     const int column = takecolumn(text);
-    if (!purenumber(text)) wordclean(text);
+    if (!cleaned && !purenumber(text)) wordclean(text);
     if (column > 0) {
         padto(column);
         put(text);
@@ -111,9 +114,14 @@ void reportline() {
     if (!open) endline();
 }
 
+} // namespace
+
+void reportline() { sendline(false); }
+
 void reportlinew() {
-    if (session.reportDevice != 3) wordclean(session.msg);
-    reportline();
+    const bool filtered = session.reportDevice != 3;
+    if (filtered) wordclean(session.msg);
+    sendline(filtered);
 }
 
 void reportnumberpad(int column, int width) {

@@ -16,7 +16,10 @@ constexpr double bLives[] = {.1, .5, 1, 5, 10, 20, 50, 63.212, 90, 95, 99, 99.9}
 constexpr int secondColumn = 25;
 constexpr int thirdColumn = 50;
 
-std::string_view filename() { return session.fileName.empty() ? word(Word::None) : session.fileName; }
+std::string filename() {
+    std::string name;
+    return session.fileName.empty() ? compose(name, Word::None) : compose(name, AsTyped{session.fileName});
+}
 
 Word sidename() { return session.progSide == lifeSide ? Word::Life : Word::Plotting; }
 
@@ -29,11 +32,11 @@ void reportheading(int line, int lines) {
     report();
 }
 
-/// A notice, its further lines under its first.
+/// A notice, its further lines under its first. Its words have been cleaned when it was told.
 void reportnotice(std::string_view notice) {
     for (const char* mark = "!! "; !notice.empty(); mark = "   ") {
         const auto end = notice.find('\n');
-        report(mark, notice.substr(0, end));
+        report(mark, AsTyped{notice.substr(0, end)});
         notice.remove_prefix(end == std::string_view::npos ? notice.size() : end + 1);
     }
 }
@@ -43,7 +46,7 @@ void reportset(int k) {
     reportcell(0, Word::By, " - ", Word::Set, " ", k, messages.empty() ? "" : " !!");
     reportcell(50, Word::Date);
     reportend(57, ": ", platform ? platform->clock().date() : std::string());
-    if (const auto title = titleofset(k); !title.empty()) report(Word::Title, ": ", title);
+    if (const auto title = titleofset(k); !title.empty()) report(Word::Title, ": ", AsTyped{title});
     for (const std::string& message : messages) reportnotice(message);
 }
 
@@ -55,7 +58,7 @@ void reportparameters(int k) {
     appendfamily(session.msg);
     if (session.fixedSlope > 0 && session.dist == weibull)
         extend(session.msg, " (",
-               session.fixedSlope == 1   ? "Exponential"
+               session.fixedSlope == 1   ? std::string_view(word(Word::Exponential))
                : session.fixedSlope == 2 ? "Rayleigh"
                                          : "Weibayes",
                ")");
@@ -79,7 +82,10 @@ void reportcounts(int k) {
         counts(Word::Not, " ", Word::Fit, ": ");
     if (session.t0(k) == 0) return;
     reportcell(0, "  t0=", Reported{session.t0(k)});
-    report(session.scaleAsRecorded == 1 ? " (Scale As Recorded)" : "");
+    if (session.scaleAsRecorded == 1)
+        report(" (", Word::PlotScale, " ", Word::As, " ", Word::Recorded, ")");
+    else
+        report();
 }
 
 /// The value by which each percentage of the population has failed.
@@ -133,7 +139,7 @@ void reportsetofmany(int k, int sets) {
     if (const auto title = titleofset(k); title.empty())
         reportcell(8, Word::Set, ": ", k);
     else
-        reportcell(8, Word::Set, ": ", title);
+        reportcell(8, Word::Set, ": ", AsTyped{title});
     reportend(57, "(", k, " ", Word::Of, " ", sets, ")");
     reportend(8, Word::File, " = ", filename());
     if (!session.setLabel(k).empty()) reportend(8, Word::Label, ": ", session.setLabel(k));

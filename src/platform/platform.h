@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -13,6 +15,42 @@ struct MenuPage {
     std::string_view lead;              ///< lead text; may hold line ends
     std::span<const std::string> items; ///< item texts, "A...Activate"
     int preset = 0;                     ///< number of the default item, from 1; 0 none
+    int rows = 0;                       ///< item lines of space; 0 as many as fit
+    std::string_view accept = {};       ///< word of the accept button
+    std::string_view cancel = {};       ///< word of the cancel button; empty: no such button
+    int* scroll = nullptr;              ///< first row shown, from 0, in and out; null: from the top
+};
+
+/// Entry of a number. The arrows and the line under the entry follow shell/numberentry.h.
+struct NumberPage {
+    std::string_view header;
+    std::string_view lead;
+    std::string_view value; ///< the default, with the decimal symbol of the display
+    std::string_view more;  ///< word of the arrow up
+    std::string_view lower; ///< word of the arrow down
+    bool overPlot = false;  ///< stands over the plot
+};
+
+/// Entry of a text, with what was typed before to choose from.
+struct TextPage {
+    std::string_view header;
+    std::string_view lead;
+    std::span<const std::string> recent;
+};
+
+/// A value chosen between two ends.
+struct SliderPage {
+    std::string_view header;
+    std::string_view lead;
+    double low = 0, high = 0, value = 0;
+};
+
+/// One colour out of the session's, 0xRRGGBB by colour number.
+struct ColorPage {
+    std::string_view header;
+    std::string_view lead;
+    std::span<const int32_t> colors;
+    int preset = 0; ///< colour number
 };
 
 class Prompts {
@@ -22,6 +60,11 @@ public:
     virtual int menu(const MenuPage& page) = 0;
     /// Shows a text with one OK.
     virtual void message(std::string_view header, std::string_view text) = 0;
+    /// The text in the entry when it was accepted; nothing on cancel. So the other entries.
+    virtual std::optional<std::string> number(const NumberPage& page) = 0;
+    virtual std::optional<std::string> text(const TextPage& page) = 0;
+    virtual std::optional<double> slider(const SliderPage& page) = 0;
+    virtual std::optional<int> color(const ColorPage& page) = 0;
 };
 
 class MainWindow {

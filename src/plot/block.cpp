@@ -35,7 +35,7 @@ void legendofset(std::vector<BlockLine>& lines, int k) {
     BlockLine line;
     const auto title = titleofset(k);
     if (title.empty())
-        compose(line.text, Word::Set, " ", k);
+        wordclean(compose(line.text, Word::Set, " ", k));
     else
         line.text = withoutcolumns(title);
     line.colour = frameColour;
@@ -58,6 +58,7 @@ void legendlines(std::vector<BlockLine>& lines, BlockKind kind) {
         if (setshown(k)) legendofset(lines, k);
     if (anysuspension()) {
         BlockLine line{word(Word::Suspension), frameColour};
+        wordclean(line.text);
         line.mark = suspensionmark();
         lines.push_back(line);
     }
@@ -105,6 +106,7 @@ void linesofset(std::vector<BlockLine>& lines, int k, const SetLines& words, Blo
     heading.colour = colourofset(k);
     if (kind == fullBlock) {
         compose(heading.text, Word::Set, " ", k, "  ", session.setLabel(k));
+        wordclean(heading.text);
     } else {
         heading.mark = setmark(k);
         heading.setRow = rowofset(static_cast<float>(k));

@@ -99,6 +99,7 @@ void plotbuttons(const Layout& layout) {
         for (const char* arrows : {" vvv", " ^^^"}) {
             std::string text;
             compose(text, axis, Word::PlotScale, arrows);
+            wordclean(text);
             label(x, layout.footY, text);
             x += plottextwidth(text, size) + size;
         }

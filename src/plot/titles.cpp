@@ -21,9 +21,11 @@ void centred(std::string_view text, double left, double right, double y, double 
     plottext(shown);
 }
 
+/// Still to be cleaned, with what the user typed kept from it.
 std::string xtitle() {
-    if (!session.axisTitleX.empty()) return session.axisTitleX;
-    return session.plotMode == 1 ? word(Word::Age) : "X";
+    std::string text;
+    if (!session.axisTitleX.empty()) return compose(text, AsTyped{session.axisTitleX});
+    return session.plotMode == 1 ? compose(text, Word::Age) : "X";
 }
 
 /// What the probability axis counts, in words.
@@ -55,9 +57,14 @@ std::string withoutcarets(std::string text) {
 std::string ytitle() {
     if (session.plotMode != 1) return session.axisTitleY.empty() ? "Y" : session.axisTitleY;
     std::string text;
-    extend(text, withoutcarets(showsreliability() ? "^1-F^" : "^F^"), "(", xtitle(), ") [",
-           session.axisTitleY.empty() ? yunit() : session.axisTitleY, "]");
+    extend(text, withoutcarets(showsreliability() ? "^1-F^" : "^F^"), "(", xtitle(), ") [");
+    if (session.axisTitleY.empty())
+        append(text, yunit());
+    else
+        append(text, AsTyped{session.axisTitleY});
+    text += ']';
     if (thresholdinforce()) extend(text, " - ", session.scaleAsRecorded == 1 ? "AR" : "NAR");
+    wordclean(text);
     return text;
 }
 
@@ -94,6 +101,7 @@ std::vector<std::string> titlelines() {
         std::string run;
         appendfamily(run);
         extend(run, " ", session.runTitle);
+        wordclean(run);
         lines.push_back(run);
     }
     return lines;
@@ -112,7 +120,9 @@ void plottitles(const PlotBlock& block, const Layout& layout) {
         size = layout.size;
         y += lineheight(size);
     }
-    centred(xtitle(), session.window.left, session.window.right, layout.xTitleY, layout.size);
+    std::string below = xtitle();
+    wordclean(below);
+    centred(below, session.window.left, session.window.right, layout.xTitleY, layout.size);
     drawytitle(layout);
     drawfoot(layout);
     plotparams(block, layout);

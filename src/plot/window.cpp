@@ -194,6 +194,7 @@ void windowtext() {
     compose(session.windowText, "X-", Word::Range, "=xlowd#=", number(session.xlowd),
             " xhighd#=", number(session.xhighd), " Y-", Word::Range, "=ylowd#=", number(session.ylowd),
             " yhighd#=", number(session.yhighd));
+    wordclean(session.windowText);
 }
 
 } // namespace

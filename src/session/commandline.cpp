@@ -123,7 +123,7 @@ bool cmdparse(std::span<const std::string> arguments) {
     while (i < arguments.size()) {
         const std::string& argument = arguments[i++];
         if (!isswitch(argument)) {
-            compose(session.msg, Word::Unknown, ": ", argument);
+            compose(session.msg, Word::Unknown, ": ", AsTyped{argument});
             return false;
         }
         std::string value = argument.substr(2);
@@ -131,14 +131,14 @@ bool cmdparse(std::span<const std::string> arguments) {
         // file.
         if (value.empty() && i < arguments.size() && !isswitch(arguments[i])) value = arguments[i++];
         if (!record(static_cast<char>(std::tolower(static_cast<unsigned char>(argument[1]))), value)) {
-            compose(session.msg, Word::Unknown, ": ", argument,
+            compose(session.msg, Word::Unknown, ": ", AsTyped{argument},
                     argument.size() > 2 || value.empty() ? "" : " ",
-                    argument.size() > 2 ? std::string_view() : std::string_view(value));
+                    AsTyped{argument.size() > 2 ? std::string_view() : std::string_view(value)});
             return false;
         }
         while (i < arguments.size() && !isswitch(arguments[i])) {
             if (!session.cmdFile.empty()) {
-                compose(session.msg, Word::Unknown, ": ", arguments[i]);
+                compose(session.msg, Word::Unknown, ": ", AsTyped{arguments[i]});
                 return false;
             }
             session.cmdFile = arguments[i++];

@@ -43,7 +43,7 @@ std::string printable(std::string_view text) {
 void telldropped(int k, const Dropped& dropped) {
     if (dropped.unreadable > 0)
         tellset(k, Word::Bad, " ", Word::Data, " (", dropped.unreadable, ") ... ", Word::Row, " ",
-                dropped.firstRow, " = ", printable(dropped.firstText));
+                dropped.firstRow, " = ", AsTyped{printable(dropped.firstText)});
     if (dropped.beyond > 0)
         tellset(k, Word::Point, " ", Word::Quantity, " ", Word::Too, " ", Word::Big, " (+", dropped.beyond,
                 ") ... ", Word::View, " ", Word::Setup);

@@ -359,3 +359,26 @@ TEST_F(Vanexc, TheVisualSideDrawsItsPoints) {
     const std::string trace = contents(folder / "a.trace");
     EXPECT_NE(trace.find("\nmark\n"), std::string::npos);
 }
+
+TEST_F(Vanexc, SpeaksTheLanguageThatWasNamed) {
+    const std::string german = run("--language german").out;
+    EXPECT_NE(german.find("Methode=rr"), std::string::npos) << german;
+    EXPECT_EQ(german.find("Method=rr"), std::string::npos);
+    EXPECT_EQ(german, run("--language DEUTSCH").out);
+    EXPECT_EQ(run("").out, run("--language 'English (American)'").out);
+}
+
+TEST_F(Vanexc, KeepsNamesOfFilesInEveryLanguage) {
+    write("my_data_nm (x).txt", "10\n20\n30\n");
+    const Outcome outcome = run("'my_data_nm (x).txt' -p W --language french");
+    EXPECT_NE(outcome.out.find(" = my_data_nm (x).txt"), std::string::npos) << outcome.out;
+    EXPECT_NE(run("no_such_nf.txt --language french").err.find(": no_such_nf.txt"), std::string::npos);
+}
+
+TEST_F(Vanexc, AnUnknownLanguageIsAUsageErrorThatListsAll) {
+    const Outcome outcome = run("--language Latin");
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.out, "");
+    for (const char* name : {"Latin", "English (American)", "Français", "Basa Jawa"})
+        EXPECT_NE(outcome.err.find(name), std::string::npos) << outcome.err;
+}

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "support/freshsession.h"
+#include "support/inlanguage.h"
 
 namespace {
 
@@ -328,3 +329,18 @@ TEST(ReportedValue, InAColumnKeepsThePlaceOfTheSign) {
 }
 
 } // namespace
+
+// ---- languages
+
+TEST_F(ReportLine, SpeaksTheLanguageInForceAndKeepsTypedText) {
+    const InLanguage german("Deutsch");
+    report(Word::Language, ": ", AsTyped{"a_b {c}"});
+    EXPECT_EQ(written(), "Sprache: a_b {c}|");
+}
+
+TEST_F(ReportLine, FiltersALineOnlyOnce) {
+    const InLanguage german("Deutsch");
+    compose(session.msg, Word::Language, ": ", AsTyped{"a_b {c}"});
+    reportlinew();
+    EXPECT_EQ(written(), "Sprache: a_b {c}|");
+}

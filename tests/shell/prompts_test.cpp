@@ -3,7 +3,10 @@
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
+#include "numeric/matherror.h"
+#include "platform/headless/headless.h"
 #include "session/session.h"
+#include "support/inlanguage.h"
 #include "support/scriptedplatform.h"
 
 namespace {
@@ -259,6 +262,155 @@ TEST_F(PromptsTest, AScriptRunAnswersYesWhateverThePageHadChosen) {
     expectregisters();
 }
 
+TEST_F(PromptsTest, AQuestionWithCancelHasThreeAnswers) {
+    for (const int choice : {1, 2, 3, 0}) {
+        ScriptedPlatform desktop;
+        session.menuChoice = 2;
+        desktop.expectmenu("Lead?", choice);
+        askyesnocancel();
+        EXPECT_EQ(session.u, choice == 0 ? 3 : choice);
+        EXPECT_EQ(desktop.shown.at(0).items, (std::vector<std::string>{"Y...Yes", "N...No", "C...Cancel"}));
+        expectregisters();
+    }
+}
+
+TEST_F(PromptsTest, OkOrCancelIsAskedWithoutAQuestionMark) {
+    for (const int choice : {1, 2, 0}) {
+        ScriptedPlatform desktop;
+        session.menuChoice = 2;
+        desktop.expectmenu("Lead", choice);
+        askokcancel();
+        EXPECT_EQ(session.u, choice == 1 ? 1 : 2);
+        EXPECT_EQ(desktop.shown.at(0).text, "Lead");
+        EXPECT_EQ(desktop.shown.at(0).items, (std::vector<std::string>{"O...OK", "C...Cancel"}));
+        expectregisters();
+    }
+}
+
+TEST_F(PromptsTest, AnswersKeepTheirKeysInEveryLanguage) {
+    ScriptedPlatform desktop;
+    const InLanguage dutch("Nederlands");
+    desktop.expectmenu("Lead?", 2);
+    askyesno();
+    EXPECT_EQ(desktop.shown.at(0).items, (std::vector<std::string>{"Y...Ja", "N...Nee"}));
+}
+
+TEST_F(PromptsTest, APageIsShownInTheLanguageInForce) {
+    ScriptedPlatform desktop;
+    const InLanguage german("Deutsch");
+    compose(session.menuItem[1], "A...", Word::Language, " = ", AsTyped{"my_file_nm"});
+    session.msg = "Lead";
+    desktop.expectmenu("Lead", 1);
+    menushow();
+    EXPECT_EQ(desktop.shown.at(0).items.at(0), "A...Sprache = my_file_nm");
+    EXPECT_EQ(session.msg, "A...Sprache_nf = my_file_nm");
+}
+
+TEST_F(PromptsTest, AMessageInAnotherLanguageKeepsTypedTextAndHeader) {
+    ScriptedPlatform desktop;
+    const InLanguage german("Deutsch");
+    session.menuTitle.clear();
+    compose(session.msg, Word::Language, ": ", AsTyped{"a_b * {c}"});
+    desktop.expectmessage("Sprache: a_b * {c}");
+    tellerror();
+    EXPECT_EQ(desktop.shown.at(0).text, session.productName + "\r\n\r\nSprache: a_b * {c}");
+}
+
+TEST_F(PromptsTest, APageHasWordsForItsButtons) {
+    ScriptedPlatform desktop;
+    desktop.expectmenu("Lead", 1);
+    menushow();
+    EXPECT_EQ(desktop.shown.at(0).accept, "OK");
+    EXPECT_EQ(desktop.shown.at(0).cancel, "Back");
+    page({"O...OK"});
+    desktop.expectmenu("Lead", 1);
+    menushow();
+    EXPECT_EQ(desktop.shown.at(1).accept, "OK");
+    EXPECT_EQ(desktop.shown.at(1).cancel, "");
+}
+
+TEST_F(PromptsTest, ASmallAndALargePageTakeThreeAndFourRows) {
+    ScriptedPlatform desktop;
+    for (void (*const show)() : {menushow, menushowsmall, menushowlarge}) {
+        page({"A...Activate", "X...Exit"});
+        desktop.expectmenu("Lead", 1);
+        show();
+    }
+    EXPECT_EQ(desktop.shown.at(0).rows, 0);
+    EXPECT_EQ(desktop.shown.at(1).rows, 3);
+    EXPECT_EQ(desktop.shown.at(2).rows, 4);
+    EXPECT_EQ(session.menuStyle, 0);
+}
+
+TEST_F(PromptsTest, APageOpensWhereItWasLeft) {
+    session.menuScroll.clear();
+    ScriptedPlatform desktop;
+    desktop.scrollTo = 5;
+    for (const int identity : {-40, -41, -40, 0, 0}) {
+        page({"A...Activate", "X...Exit"});
+        session.menuPage = static_cast<int16_t>(identity);
+        desktop.expectmenu("Lead", 1);
+        menushowgo();
+    }
+    EXPECT_EQ(desktop.shown.at(0).scroll, 0);
+    EXPECT_EQ(desktop.shown.at(1).scroll, 0);
+    EXPECT_EQ(desktop.shown.at(2).scroll, 5);
+    EXPECT_EQ(desktop.shown.at(4).scroll, 0);
+    session.menuScroll.clear();
+}
+
+TEST_F(PromptsTest, ThePageShownIsTheActiveMode) {
+    const Keep keep{session.activeMode};
+    ScriptedPlatform desktop;
+    session.menuPage = -40;
+    desktop.expectmenu("Lead", 1);
+    menushow();
+    EXPECT_EQ(session.activeMode, -40);
+    EXPECT_EQ(session.menuPage, 0);
+    session.menuPage = -41;
+    session.msg = "Lead";
+    desktop.expectmenu("Lead?", 1);
+    askyesno();
+    EXPECT_EQ(session.activeMode, -40);
+    EXPECT_EQ(session.menuPage, -41);
+    session.menuPage = 0;
+}
+
+TEST_F(PromptsTest, ATextWithoutLetterAndDotsIsAHeading) {
+    for (const char* item : {"A...Activate", "1...x", "9...", "\u0130...x"})
+        EXPECT_TRUE(itempickable(item)) << item;
+    for (const char* item : {"", "A", "...", "....", "Heading", "AB...x", "A..x"})
+        EXPECT_FALSE(itempickable(item)) << item;
+}
+
+TEST_F(PromptsTest, AKeyPicksItsItemInEitherCase) {
+    const std::vector<std::string> items = {"Xeading", "a...First", "X...Exit", "X...Second"};
+    EXPECT_EQ(itemofkey(items, 'A'), 2);
+    EXPECT_EQ(itemofkey(items, 'x'), 3);
+    EXPECT_EQ(itemofkey(items, 'z'), 0);
+}
+
+TEST_F(PromptsTest, AScriptRunPassesOverHeadings) {
+    session.scriptRequest = "run";
+    page({"Heading", "...", "B...Back"});
+    menushow();
+    EXPECT_EQ(session.menuChoice, 3);
+}
+
+TEST_F(PromptsTest, TheHeadlessPlatformPassesOverHeadingsAndTakesDefaults) {
+    Keep keep{platform};
+    HeadlessPlatform console;
+    platform = &console;
+    page({"Heading", "B...Back", "X...Exit"});
+    menushow();
+    EXPECT_EQ(session.menuChoice, 2);
+    session.u = 2.5f;
+    numberprompt();
+    EXPECT_EQ(session.u, 2.5f);
+    textprompt();
+    EXPECT_EQ(session.msg, "-9.123E+32");
+}
+
 TEST_F(PromptsTest, TheStatusLineIsTheCleanedCaption) {
     const ScriptedPlatform desktop;
     session.msg = "Calc{x}ulation";
@@ -362,4 +514,14 @@ TEST(ScriptedPlatformTest, RecordsTheWindowCallsInOrder) {
     desktop.window().repaintplot();
     EXPECT_EQ(desktop.windowCalls,
               (std::vector<std::string>{"readswitches", "caption: Data", "repaintplot"}));
+}
+
+TEST_F(PromptsTest, ATextOfTheNumberRoutinesKeepsTheLetterItQuotes) {
+    const Keep keep{tellmatherror};
+    installreporters();
+    ScriptedPlatform desktop;
+    const InLanguage german("Deutsch");
+    desktop.expectmessage("character _");
+    tellmatherror("Please enter the character _");
+    EXPECT_EQ(desktop.shown.at(0).text, "Please enter the character _");
 }

@@ -5,7 +5,10 @@
 #include <set>
 
 #include "session/session.h"
+#include "shell/phrases.h"
+#include "shell/wordload.h"
 #include "support/allocations.h"
+#include "support/inlanguage.h"
 
 namespace {
 
@@ -23,7 +26,7 @@ std::string clean(std::string text) {
 
 class DecimalSymbol : public testing::Test {
 protected:
-    Keep<std::string> keep{session.displayDecimal};
+    Keep<std::string, std::string> keep{session.displayDecimal, session.exportDecimal};
 };
 
 } // namespace
@@ -91,6 +94,112 @@ TEST(Words, ANumberThatIsNoSlotHasNoWord) {
     EXPECT_EQ(word(static_cast<Word>(-1)), "");
 }
 
+TEST(WordLoad, FillsTheSlotsOfALanguage) {
+    const InLanguage german("VXLNGDEU.TXT");
+    EXPECT_EQ(word(Word::LanguageName), "Deutsch");
+    EXPECT_EQ(word(Word::Language), "Sprache_nf");
+    EXPECT_EQ(languageinforce()->name, "Deutsch");
+}
+
+TEST(WordLoad, TakesAPathInAnyCase) {
+    const InLanguage german("c:\\vanex\\vxlngdeu.txt");
+    EXPECT_EQ(word(Word::LanguageName), "Deutsch");
+    EXPECT_EQ(session.languageFile, "c:\\vanex\\vxlngdeu.txt");
+}
+
+TEST(WordLoad, AnUnknownFileIsClearedAndEnglishStays) {
+    { const InLanguage german("Deutsch"); }
+    const InLanguage nowhere("VXLNGXXX.TXT");
+    EXPECT_EQ(session.languageFile, "");
+    EXPECT_EQ(word(Word::LanguageName), "English(American)");
+    EXPECT_EQ(word(Word::Language), "Language");
+    EXPECT_EQ(languageinforce(), nullptr);
+}
+
+TEST(WordLoad, TheAdditionalLanguageKeepsTheDefaultWordsAndItsFile) {
+    const InLanguage additional("Additional Language");
+    EXPECT_EQ(word(Word::Language), "Language");
+    EXPECT_EQ(session.languageFile, "VXLNGLNG.TXT");
+}
+
+TEST(WordLoad, EnglishComesBackWholeAfterAnyLanguage) {
+    const std::string before = word(Word::Tab);
+    { const InLanguage french("Français"); }
+    EXPECT_EQ(word(Word::Language), "Language");
+    EXPECT_EQ(word(Word::Tab), before);
+}
+
+TEST(WordWalk, AnEmptyTextEndsIt) {
+    WordTable words;
+    words.fill("English");
+    const TableWord table[] = {{Word::LanguageName, "Eins"},
+                               {Word::Language, " Zwei "},
+                               {Word::Reading, "   "},
+                               {Word::Name, "Vier"}};
+    wordwalk(table, words);
+    EXPECT_EQ(words[1], "Eins");
+    EXPECT_EQ(words[2], "Zwei");
+    EXPECT_EQ(words[3], "English");
+    EXPECT_EQ(words[4], "English");
+}
+
+TEST(WordWalk, TakesNothingAboveTheLastSlot) {
+    WordTable words;
+    const std::vector<TableWord> table(wordSlots + 5, {Word::Tab, "w"});
+    wordwalk(table, words);
+    EXPECT_EQ(words[0], "");
+    EXPECT_EQ(words[wordSlots], "w");
+}
+
+TEST(WordWalk, RepairsTheForbiddenJoint) {
+    const std::pair<const char*, const char*> repairs[] = {{"?", "_"},
+                                                           {"Wort?", "Wort_"},
+                                                           {"Wort?nf", "Wort_nf"},
+                                                           {"a?am?b?af", "a_am_b_af"},
+                                                           {"  Wort?nf  ", "Wort_nf"},
+                                                           {"", ""},
+                                                           {"   ", ""},
+                                                           {"zwei Worte", "zwei Worte"}};
+    for (const auto& [given, repaired] : repairs) EXPECT_EQ(wordrepaired(given), repaired);
+}
+
+TEST(Phrases, StandInEnglishFromTheStart) {
+    const std::pair<Phrase, const char*> known[] = {
+        {Phrase::MeanHeading, "Mean"},
+        {Phrase::StdDevHeading, "Std. Dev."},
+        {Phrase::LocationHeading, "Location"},
+        {Phrase::MCF, "MCF"},
+        {Phrase::RSquared, "r^2"},
+        {Phrase::MTBF, "MTBF"},
+        {Phrase::AcceleratedTest, "Accelerated Test / Degradation / CoVariate"},
+        {Phrase::SelectDrag, "Select + Drag = Activate"},
+        {Phrase::SelectExit, "Select Exit Or <Esc> If Done"},
+        {Phrase::FormerUsageRatio, "Vasan-Tarnbrook Former Usage To Test Ratio ... FUTR"},
+        {Phrase::QASet, "Q+A Set"},
+        {Phrase::QASets, "Q+A Sets"},
+        {Phrase::LnLikelihood, "Ln Likelihood"},
+        {Phrase::LogNormal, "LogNormal"},
+        {Phrase::MeanCumulativeFunction, "Mean Cumulative Function"},
+        {Phrase::PFEV, "PFEV ... Parameter = Function [Engineering Variable]"},
+        {Phrase::OccurrenceQuantity, "Occurrence Quantity"},
+        {Phrase::PointQuantity, "Point Quantity"},
+        {Phrase::SuspensionQuantity, "Suspension Quantity"},
+        {Phrase::NelsonRecurrentEventPlot, "Nelson Recurrent Event Plot"}};
+    EXPECT_EQ(std::size(known), static_cast<std::size_t>(phraseCount));
+    for (const auto& [which, text] : known) EXPECT_EQ(phrase(which), text);
+}
+
+TEST(Phrases, FollowTheLanguageAndComeBack) {
+    {
+        const InLanguage german("Deutsch");
+        EXPECT_EQ(phrase(Phrase::MeanHeading), word(Word::Mean));
+        EXPECT_NE(phrase(Phrase::PointQuantity), "Point Quantity");
+        EXPECT_EQ(phrase(Phrase::MTBF), "MTBF");
+        EXPECT_NE(phrase(Phrase::FormerUsageRatio).find("Vasan-Tarnbrook "), std::string::npos);
+    }
+    EXPECT_EQ(phrase(Phrase::PointQuantity), "Point Quantity");
+}
+
 TEST(WordClean, LeavesAnOrdinaryTextAsItIs) {
     EXPECT_EQ(clean("B...Risk Analysis Type [1]"), "B...Risk Analysis Type [1]");
     EXPECT_EQ(clean(""), "");
@@ -155,6 +264,19 @@ TEST_F(DecimalSymbol, OfNothingOrAPointChangesNothing) {
         wordnumberback(text);
         EXPECT_EQ(text, "1.5,0");
     }
+}
+
+TEST_F(DecimalSymbol, OfExportedTextIsASymbolOfItsOwn) {
+    session.displayDecimal = ",";
+    session.exportDecimal = ";";
+    std::string text = "1.5 2.5";
+    wordnumbermenu(text);
+    EXPECT_EQ(text, "1;5 2;5");
+    wordnumbermenuback(text);
+    EXPECT_EQ(text, "1.5 2.5");
+    session.exportDecimal = "";
+    wordnumbermenu(text);
+    EXPECT_EQ(text, "1.5 2.5");
 }
 
 TEST(Compose, JoinsWordsLiteralsAndNumbers) {

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/platform.h"
@@ -17,6 +19,14 @@ public:
         std::string header, text;
         std::vector<std::string> items; ///< none for a message
         int preset = 0;
+        std::string value;          ///< default of a number entry
+        std::string accept, cancel; ///< buttons of a menu
+        std::string more, lower;    ///< arrows of a number entry
+        int rows = 0;
+        int scroll = -1; ///< where a menu opened; -1 when it is not to be kept
+        bool overPlot = false;
+        double low = 0, high = 0, at = 0; ///< a slider
+        std::size_t colors = 0;
     };
     std::vector<Shown> shown;             ///< every prompt, in order
     std::vector<std::string> windowCalls; ///< "caption: Data", "repaintgrid", …, in order
@@ -32,17 +42,32 @@ public:
 
     /// The next prompt is a menu whose lead holds the text; it gets the choice, 0 for a cancel.
     void expectmenu(std::string leadContains, int choice) {
-        script.push_back({true, std::move(leadContains), choice});
+        script.push_back({Kind::menu, std::move(leadContains), choice, {}, {}});
     }
-    void expectmessage(std::string textContains) { script.push_back({false, std::move(textContains), 0}); }
+    void expectmessage(std::string textContains) {
+        script.push_back({Kind::message, std::move(textContains), 0, {}, {}});
+    }
+    /// The next prompt is an entry whose lead holds the text; nothing is a cancel.
+    void expectnumber(std::string leadContains, std::optional<std::string> typed) {
+        script.push_back({Kind::number, std::move(leadContains), 0, std::move(typed), {}});
+    }
+    void expecttext(std::string leadContains, std::optional<std::string> typed) {
+        script.push_back({Kind::text, std::move(leadContains), 0, std::move(typed), {}});
+    }
+    void expectslider(std::string leadContains, std::optional<double> moved) {
+        script.push_back({Kind::slider, std::move(leadContains), 0, {}, moved});
+    }
+    void expectcolor(std::string leadContains, std::optional<double> number) {
+        script.push_back({Kind::color, std::move(leadContains), 0, {}, number});
+    }
+    int scrollTo = 0; ///< where the user scrolls every menu that keeps its place
     /// The n-th call of pendingevents from now, counted from 1, tells of an Escape.
     void escapeat(int call) { escapeIn = call; }
 
     /// Fails the test for every answer left over, and forgets them.
     void verify() {
         for (const Answer& left : script)
-            ADD_FAILURE() << "never asked: " << (left.isMenu ? "menu" : "message") << " with \""
-                          << left.contains << '"';
+            ADD_FAILURE() << "never asked: " << name(left.kind) << " with \"" << left.contains << '"';
         script.clear();
     }
 
@@ -51,38 +76,82 @@ public:
     Clock& clock() override { return *this; }
 
 private:
+    enum class Kind { menu, message, number, text, slider, color };
     struct Answer {
-        bool isMenu;
+        Kind kind;
         std::string contains;
         int choice;
+        std::optional<std::string> typed;
+        std::optional<double> moved;
     };
 
-    int answer(bool isMenu, std::string_view text) {
-        const char* kind = isMenu ? "menu" : "message";
+    static const char* name(Kind kind) {
+        constexpr const char* names[] = {"menu", "message", "number", "text", "slider", "color"};
+        return names[static_cast<std::size_t>(kind)];
+    }
+
+    Answer answer(Kind kind, std::string_view text) {
+        const Answer none{kind, "", 0, {}, {}};
         if (script.empty()) {
-            ADD_FAILURE() << "unexpected " << kind << ": \"" << text << '"';
-            return 0;
+            ADD_FAILURE() << "unexpected " << name(kind) << ": \"" << text << '"';
+            return none;
         }
         const Answer next = script.front();
         script.pop_front();
-        if (next.isMenu != isMenu || text.find(next.contains) == std::string_view::npos) {
-            ADD_FAILURE() << kind << " \"" << text << "\" came where a " << (next.isMenu ? "menu" : "message")
+        if (next.kind != kind || text.find(next.contains) == std::string_view::npos) {
+            ADD_FAILURE() << name(kind) << " \"" << text << "\" came where a " << name(next.kind)
                           << " with \"" << next.contains << "\" was expected";
-            return 0;
+            return none;
         }
-        return next.choice;
+        return next;
+    }
+
+    Shown& show(std::string_view header, std::string_view text) {
+        Shown& seen = shown.emplace_back();
+        seen.header = header;
+        seen.text = text;
+        return seen;
     }
 
     int menu(const MenuPage& page) override {
-        shown.push_back({std::string(page.header),
-                         std::string(page.lead),
-                         {page.items.begin(), page.items.end()},
-                         page.preset});
-        return answer(true, page.lead);
+        Shown& seen = show(page.header, page.lead);
+        seen.items.assign(page.items.begin(), page.items.end());
+        seen.preset = page.preset;
+        seen.rows = page.rows;
+        seen.accept = page.accept;
+        seen.cancel = page.cancel;
+        if (page.scroll) seen.scroll = std::exchange(*page.scroll, scrollTo);
+        return answer(Kind::menu, page.lead).choice;
     }
     void message(std::string_view header, std::string_view text) override {
-        shown.push_back({std::string(header), std::string(text), {}, 0});
-        answer(false, text);
+        show(header, text);
+        answer(Kind::message, text);
+    }
+    std::optional<std::string> number(const NumberPage& page) override {
+        Shown& seen = show(page.header, page.lead);
+        seen.value = page.value;
+        seen.more = page.more;
+        seen.lower = page.lower;
+        seen.overPlot = page.overPlot;
+        return answer(Kind::number, page.lead).typed;
+    }
+    std::optional<std::string> text(const TextPage& page) override {
+        show(page.header, page.lead).items.assign(page.recent.begin(), page.recent.end());
+        return answer(Kind::text, page.lead).typed;
+    }
+    std::optional<double> slider(const SliderPage& page) override {
+        Shown& seen = show(page.header, page.lead);
+        seen.low = page.low;
+        seen.high = page.high;
+        seen.at = page.value;
+        return answer(Kind::slider, page.lead).moved;
+    }
+    std::optional<int> color(const ColorPage& page) override {
+        Shown& seen = show(page.header, page.lead);
+        seen.preset = page.preset;
+        seen.colors = page.colors.size();
+        const auto picked = answer(Kind::color, page.lead).moved;
+        return picked ? std::optional<int>(static_cast<int>(*picked)) : std::nullopt;
     }
 
     void caption(std::string_view text) override { windowCalls.push_back("caption: " + std::string(text)); }

@@ -1,11 +1,16 @@
 #include "platform/headless/headless.h"
 
+#include <algorithm>
 #include <ctime>
+
+#include "shell/prompts.h"
 
 int HeadlessPlatform::menu(const MenuPage& page) {
     const int count = static_cast<int>(page.items.size());
     if (page.preset >= 1 && page.preset <= count) return page.preset;
-    return count > 0 ? 1 : 0;
+    for (int i = 1; i <= count; ++i)
+        if (itempickable(page.items[static_cast<std::size_t>(i - 1)])) return i;
+    return std::min(count, 1);
 }
 
 void HeadlessPlatform::message(std::string_view, std::string_view text) { messages.emplace_back(text); }

@@ -17,6 +17,12 @@ public:
 private:
     int menu(const MenuPage& page) override; ///< the default item, else the first; 0 for a page of none
     void message(std::string_view header, std::string_view text) override;
+    std::optional<std::string> number(const NumberPage& page) override { return std::string(page.value); }
+    std::optional<std::string> text(const TextPage&) override {
+        return std::nullopt;
+    } ///< there is no default
+    std::optional<double> slider(const SliderPage& page) override { return page.value; }
+    std::optional<int> color(const ColorPage& page) override { return page.preset; }
 
     void caption(std::string_view) override {}
     void readswitches() override {}
