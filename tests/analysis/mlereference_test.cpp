@@ -8,22 +8,12 @@
 #include "analysis/linesearch.h"
 #include "analysis/loglik.h"
 #include "plot/transforms.h"
+#include "support/families.h"
 #include "support/lifefixture.h"
 #include "support/reference.h"
 
 namespace {
 
-struct Family {
-    const char* name;
-    Dist family;
-    int16_t extreme;
-    const char *first, *second;
-};
-constexpr Family families[] = {{"weibull", weibull, -1, "eta", "beta"},
-                               {"lognormal", lognormal, -1, "median", "sigma_factor"},
-                               {"normal", normal, -1, "mu", "sigma"},
-                               {"gumbelmin", gumbel, -1, "location", "scale"},
-                               {"gumbelmax", gumbel, 1, "location", "scale"}};
 constexpr const char* dataSets[] = {"bearings", "cracks", "fans", "leukemia6mp"};
 constexpr const char* methods[] = {"mle_scipy", "mle_survreg"};
 
@@ -51,7 +41,7 @@ Known known(std::string_view type) {
 
 /// Adds the line and its log likelihood to the errors, once for each of the two fits of the table.
 void compare(ErrorSummary& parameters, ErrorSummary& likelihoods, const std::string& dataSet,
-             const Family& family, const FamilyLine& line, double logLik) {
+             const ReferenceFamily& family, const FamilyLine& line, double logLik) {
     for (const char* method : methods) {
         const std::string place = dataSet + ',' + family.name + ',' + method + ',';
         const auto expected = [&](const char* quantity) { return published().at(place + quantity + ','); };
@@ -68,7 +58,7 @@ TEST(MaximumLikelihoodReference, TheKernelsFindTheMaximaOfTheTable) {
     ErrorSummary likelihoods;
     for (const std::string dataSet : dataSets) {
         const ReferenceTable data = reference("data_" + dataSet + ".csv");
-        for (const Family& family : families) {
+        for (const ReferenceFamily& family : families) {
             const StandardLine plot = standardline({family.family, family.extreme, 1, 1});
             std::vector<LifeTerm> values;
             std::vector<LifeTerm> terms;
@@ -114,7 +104,7 @@ TEST_F(MleReference, TheRunFindsTheMaximaOfTheTable) {
             cells.push_back(cell);
         }
         session.inputType = intervals ? intv5 : standard0;
-        for (const Family& family : families) {
+        for (const ReferenceFamily& family : families) {
             choose(family.family, family.extreme);
             life(cells);
             ASSERT_TRUE(fit().fitted) << dataSet << ' ' << family.name;

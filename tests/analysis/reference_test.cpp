@@ -7,6 +7,7 @@
 #include <map>
 
 #include "plot/transforms.h"
+#include "support/families.h"
 #include "support/lifefixture.h"
 #include "support/reference.h"
 
@@ -38,18 +39,6 @@ constexpr Position positions[] = {{"benard", benardRank},
                                   {"mean", meanRank},
                                   {"hazen", hazenRank},
                                   {"blom", blomRank}};
-
-struct Family {
-    const char* name;
-    Dist family;
-    int extreme;
-    const char *first, *second;
-};
-constexpr Family families[] = {{"weibull", weibull, -1, "eta", "beta"},
-                               {"lognormal", lognormal, -1, "median", "sigma_factor"},
-                               {"normal", normal, -1, "mu", "sigma"},
-                               {"gumbelmin", gumbel, -1, "location", "scale"},
-                               {"gumbelmax", gumbel, 1, "location", "scale"}};
 
 struct DataSet {
     const char* name;
@@ -95,7 +84,7 @@ protected:
         return found;
     }
 
-    void run(const Position& rankPosition, const Family& family, bool swapped) {
+    void run(const Position& rankPosition, const ReferenceFamily& family, bool swapped) {
         session.inputType = *GetParam().suffix ? insp1 : standard0;
         session.rankMethod = static_cast<float>(rankPosition.method);
         session.rrSwap = swapped ? 1.0f : 0.0f;
@@ -107,7 +96,7 @@ protected:
     /// Calls compare(actual, key) for every quantity of the line; false from it when the table lacks the key.
     template <class Compare>
     void comparelines(const Position& rankPosition, Compare compare) {
-        for (const Family& family : families)
+        for (const ReferenceFamily& family : families)
             for (const bool swapped : {false, true}) {
                 run(rankPosition, family, swapped);
                 const std::string place = std::string(GetParam().name) + ',' + family.name
