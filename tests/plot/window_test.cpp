@@ -8,6 +8,15 @@ namespace {
 
 using PlotWindowTest = LifeTest;
 
+/// The same on the visual side.
+class XyWindowTest : public LifeTest {
+protected:
+    XyWindowTest() {
+        chooseside(visualSide);
+        EXPECT_TRUE(sizearrays());
+    }
+};
+
 TEST_F(PlotWindowTest, OneDistinctXIsWidenedByAHundredth) {
     life({"150", "150", "150"});
     xyanalyzw();
@@ -15,9 +24,7 @@ TEST_F(PlotWindowTest, OneDistinctXIsWidenedByAHundredth) {
     EXPECT_DOUBLE_EQ(session.xhighd, 1.01 * 150);
 }
 
-TEST_F(PlotWindowTest, ANegativeSingleXIsWidenedUpwards) {
-    chooseside(visualSide);
-    ASSERT_TRUE(sizearrays());
+TEST_F(XyWindowTest, ANegativeSingleXIsWidenedUpwards) {
     sets({{"-20x5"}});
     xyanalyzw();
     EXPECT_DOUBLE_EQ(session.xlowd, -20);
@@ -25,9 +32,7 @@ TEST_F(PlotWindowTest, ANegativeSingleXIsWidenedUpwards) {
     EXPECT_GT(session.xhighd, session.xlowd);
 }
 
-TEST_F(PlotWindowTest, ASingleXOfZeroStillHasAWidth) {
-    chooseside(visualSide);
-    ASSERT_TRUE(sizearrays());
+TEST_F(XyWindowTest, ASingleXOfZeroStillHasAWidth) {
     sets({{"0x5"}});
     xyanalyzw();
     EXPECT_EQ(session.xlowd, 0);
@@ -136,10 +141,8 @@ TEST_F(PlotWindowTest, AnEmptySessionHasAWindow) {
     EXPECT_LT(session.ylowd, session.yhighd);
 }
 
-TEST_F(PlotWindowTest, ValuesAtOrBelowZeroOnALogarithmicAxisAreToldAndLeftOut) {
-    chooseside(visualSide);
+TEST_F(XyWindowTest, ValuesAtOrBelowZeroOnALogarithmicAxisAreToldAndLeftOut) {
     session.xyscale = 3;
-    ASSERT_TRUE(sizearrays());
     sets({{"-2x5", "10x0", "20x7", "30x9"}});
     desktop.messages.clear();
     xyanalyzw();
@@ -150,10 +153,8 @@ TEST_F(PlotWindowTest, ValuesAtOrBelowZeroOnALogarithmicAxisAreToldAndLeftOut) {
     EXPECT_EQ(session.plotStopped, 0);
 }
 
-TEST_F(PlotWindowTest, ManyValuesAtOrBelowZeroAreToldOnce) {
-    chooseside(visualSide);
+TEST_F(XyWindowTest, ManyValuesAtOrBelowZeroAreToldOnce) {
     session.xyscale = 1;
-    ASSERT_TRUE(sizearrays());
     sets({{"-2x5", "-1x5", "0x5", "30x9"}});
     desktop.messages.clear();
     xyanalyzw();
