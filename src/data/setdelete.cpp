@@ -32,6 +32,13 @@ void moverows(Table<T>& table, const Move& m) {
     }
 }
 
+/// Rows of a table of parameters, whole.
+void moveparameters(Table<double>& table, const Move& m, double empty = 0) {
+    for (int i = m.first; i <= m.last; ++i)
+        for (int j = 0; j <= table.secondbound(); ++j)
+            table(i, j) = i + m.step <= m.last ? table(i + m.step, j) : empty;
+}
+
 /// A table whose second index is the set or the line.
 template <class T>
 void movecolumns(Table<T>& table, const Move& m) {
@@ -52,10 +59,7 @@ void movetitles(const Move& m) {
 void moverowarrays(const Move& m) {
     Session& s = session;
     for (const auto table : members::rowPoints) moverows(s.*table, m);
-    for (auto* table : {&s.etaFit, &s.betaFit})
-        for (int i = m.first; i <= m.last; ++i)
-            for (int j = 0; j <= table->secondbound(); ++j)
-                (*table)(i, j) = i + m.step <= m.last ? (*table)(i + m.step, j) : 0;
+    for (auto* table : {&s.etaFit, &s.betaFit}) moveparameters(*table, m);
     movetitles(m);
     movedown(s.n, m);
 }
@@ -82,7 +86,7 @@ void moveresults(const Move& m) {
     for (const auto list : members::setDoubles) movedown(s.*list, m);
     for (const auto list : members::setFlags) movedown(s.*list, m);
     for (const auto list : members::setTexts) movedown(s.*list, m);
-    for (auto& list : s.PARAMCONF) movedown(list, m);
+    for (auto* limits : {&s.paramLow, &s.paramHigh}) moveparameters(*limits, m, noAnswer);
     movecolumns(s.BARRXA, m);
     movecolumns(s.BARRYA, m);
     const auto messages = s.setMessages.begin() + m.first;

@@ -61,10 +61,12 @@ struct Fits {
     List<int16_t> FITKIND;               ///< kind of fit of each set on the visual side
     std::array<float, 11> fitKindList{}; ///< the kinds offered
     int16_t fitKindCount = 10;
-    List<float> CI;                        ///< confidence level
-    List<double> LOGLYKMLE;                ///< log likelihood of a likelihood fit; noAnswer for any other
-    List<float> PVALUE, PVALUEFF;          ///< p-values
-    std::array<List<double>, 4> PARAMCONF; ///< low and high limit of the first, then the second parameter
+    List<float> CI;               ///< confidence level
+    List<double> LOGLYKMLE;       ///< log likelihood of a likelihood fit; noAnswer for any other
+    List<float> PVALUE, PVALUEFF; ///< p-values: of the fit and of the comparison of two sets
+    List<float> cccSquared;       ///< critical r^2 of the family and the failure count
+    List<float> pvePercent;       ///< pve%: share of samples of the family that fit no better
+    List<float> pADPercent;       ///< pAD%: p-value of the Anderson-Darling test; noAnswer for none
     List<float> ETABARR1, BETABARR1, ETABARR2, BETABARR2; ///< process reliability lines
     Table<float> BARRXA, BARRYA;                          ///< process reliability points
     List<float> BARRN;                                    ///< and their count

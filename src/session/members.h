@@ -6,11 +6,11 @@
 /// lists, so that an array added here is never forgotten by one of them.
 namespace members {
 
-inline constexpr List<float> Session::*setFloats[] = {&Session::t0,        &Session::rSquaredMinusCcc,
-                                                      &Session::CI,        &Session::PVALUE,
-                                                      &Session::PVALUEFF,  &Session::ETABARR1,
-                                                      &Session::BETABARR1, &Session::ETABARR2,
-                                                      &Session::BETABARR2, &Session::BARRN};
+inline constexpr List<float> Session::*setFloats[] = {
+    &Session::t0,         &Session::rSquaredMinusCcc, &Session::CI,         &Session::PVALUE,
+    &Session::cccSquared, &Session::pvePercent,       &Session::pADPercent, &Session::PVALUEFF,
+    &Session::ETABARR1,   &Session::BETABARR1,        &Session::ETABARR2,   &Session::BETABARR2,
+    &Session::BARRN};
 
 inline constexpr List<double> Session::*setDoubles[] = {
     &Session::countOccr, &Session::setCorrelation, &Session::countSusp,      &Session::countDisc,
@@ -21,8 +21,8 @@ inline constexpr List<int16_t> Session::*setFlags[] = {&Session::setFitted, &Ses
                                                        &Session::setPlaced, &Session::setInputType,
                                                        &Session::FITKIND};
 
-inline constexpr List<std::string> Session::*setTexts[] = {&Session::setLabel, &Session::DUANEGROWTHS,
-                                                           &Session::CRAMERVONMISESTEXTS};
+inline constexpr List<std::string> Session::*setTexts[] = {
+    &Session::setLabel, &Session::setBoundLabel, &Session::DUANEGROWTHS, &Session::CRAMERVONMISESTEXTS};
 
 inline constexpr List<float> Session::*lineFloats[] = {&Session::lineStyle, &Session::correlation,
                                                        &Session::paramThree};

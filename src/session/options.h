@@ -32,10 +32,6 @@ struct Options {
     int16_t variableSlopes = 0;        ///< variable-slope set-ups of a likelihood fit
     int16_t intervalPlot = 0;          ///< 1: the points of an X-Y plot may be intervals
 
-    int16_t confMethod = 0; ///< bound method; negative: a single point is asked for
-    float confLow = 0;      ///< low confidence in percent; 0 no low side
-    float confHigh = 0;     ///< high confidence in percent; 0 no high side
-    int16_t confAuto = 0;   ///< 1: the bound method is chosen by rule
     int16_t fitMeasure = 1; ///< 1 r^2 with ccc^2, 2 pve%, 3 pAD%, else r alone
 
     /// Significant digits by UseClass: general, parameter, slope, axis, fit.

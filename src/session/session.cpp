@@ -71,7 +71,7 @@ bool sizefits(const Bounds& b) {
     for (const auto list : members::setTexts) all = all && (s.*list).size(b.S);
     for (const auto list : members::setFloats) all = all && (s.*list).size(b.S);
     for (const auto list : members::setDoubles) all = all && (s.*list).size(b.S);
-    for (auto& list : s.PARAMCONF) all = all && list.size(b.S);
+    for (auto* limits : {&s.paramLow, &s.paramHigh}) all = all && limits->size(b.S, 2);
     for (auto* list : {&s.mixEtas, &s.mixBetas, &s.mixPortions}) all = all && list->size(s.extraLines + 1);
     s.setMessages.assign(static_cast<std::size_t>(b.S) + 1, {});
     return all;
@@ -122,7 +122,8 @@ void sessionclear() {
     for (const auto list : members::setDoubles) (s.*list).fill(0);
     for (const auto list : members::setFlags) (s.*list).fill(0);
     for (const auto list : members::setTexts) (s.*list).fill({});
-    for (auto& list : s.PARAMCONF) list.fill(0);
+    for (auto* limits : {&s.paramLow, &s.paramHigh}) limits->fill(noAnswer);
+    s.mcCorrelations.clear();
     for (auto* table : {&s.etaFit, &s.betaFit, &s.paramA, &s.paramB, &s.paramExtra}) table->fill(0);
     for (auto* table : {&s.BARRXA, &s.BARRYA, &s.paramExtraSingle}) table->fill(0);
     for (auto& other : s.paramOther) other.fill(0);

@@ -4,6 +4,7 @@
 
 #include "session/capacities.h"
 #include "session/commandfields.h"
+#include "session/confidence.h"
 #include "session/drawing.h"
 #include "session/fits.h"
 #include "session/gridstate.h"
@@ -14,6 +15,7 @@
 #include "session/registers.h"
 #include "session/reportstate.h"
 #include "session/run.h"
+#include "session/weibayes.h"
 
 /// Reserved numbers.
 inline constexpr double noAnswer = -9.123e+32; ///< a cancelled prompt, a setting that is absent
@@ -34,6 +36,8 @@ struct Session : Capacities,
                  Lines,
                  Fits,
                  Options,
+                 Confidence,
+                 Weibayes,
                  PlotState,
                  Drawing,
                  ReportState,

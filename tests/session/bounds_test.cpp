@@ -113,7 +113,8 @@ TEST_P(ArrayBounds, OfTheFits) {
     list(session.LOGLYKMLE, b.S, "LOGLYKMLE");
     list(session.PVALUE, b.S, "PVALUE");
     list(session.PVALUEFF, b.S, "PVALUEFF");
-    for (auto& limits : session.PARAMCONF) list(limits, b.S, "PARAMCONF");
+    table(session.paramLow, b.S, 2, "paramLow");
+    table(session.paramHigh, b.S, 2, "paramHigh");
     list(session.ETABARR1, b.S, "ETABARR1");
     list(session.BETABARR1, b.S, "BETABARR1");
     list(session.ETABARR2, b.S, "ETABARR2");

@@ -159,7 +159,7 @@ TEST_F(SessionClear, EmptiesTheResultsOfTheSets) {
     session.countOccr(1) = 3;
     session.etaFit(3, 1) = 100;
     session.betaFit(3, 1) = 2;
-    session.PARAMCONF[0](1) = 80;
+    session.paramLow(1, 1) = 80;
     session.BARRXA(1, 1) = 7;
     session.CRAMERVONMISESTEXTS(1) = "good";
     session.setMessages[1] = {"told"};
@@ -171,7 +171,7 @@ TEST_F(SessionClear, EmptiesTheResultsOfTheSets) {
     EXPECT_EQ(session.countOccr(1), 0);
     EXPECT_EQ(session.etaFit(3, 1), 0);
     EXPECT_EQ(session.betaFit(3, 1), 0);
-    EXPECT_EQ(session.PARAMCONF[0](1), 0);
+    EXPECT_EQ(session.paramLow(1, 1), noAnswer);
     EXPECT_EQ(session.BARRXA(1, 1), 0);
     EXPECT_EQ(session.CRAMERVONMISESTEXTS(1), "");
     EXPECT_TRUE(session.setMessages[1].empty());

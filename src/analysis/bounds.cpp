@@ -1,0 +1,43 @@
+#include "analysis/bounds.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include "numeric/sngguard.h"
+#include "plot/ladder.h"
+#include "session/session.h"
+
+bool boundasked(BoundSide side) { return (side == BoundSide::low ? session.confLow : session.confHigh) > 0; }
+
+int boundrow(int k, BoundSide side) {
+    return static_cast<int>(rowofset(static_cast<float>(k))) - (side == BoundSide::low ? 2 : 1);
+}
+
+void clearbounds(int k) {
+    for (const int j : {1, 2}) session.paramLow(k, j) = session.paramHigh(k, j) = noAnswer;
+    session.setBoundLabel(k).clear();
+    if (session.sg < 3) return;
+    for (const BoundSide side : {BoundSide::low, BoundSide::high}) session.n(boundrow(k, side)) = 0;
+}
+
+void addbound(int k, BoundSide side, double x, double p) {
+    const int row = boundrow(k, side);
+    const auto m = static_cast<int>(session.n(row)) + 1;
+    if (!std::isfinite(x) || !std::isfinite(p) || m > static_cast<int>(session.maxPoints)) return;
+    session.n(row) = static_cast<float>(m);
+    session.X(row, m) = sngguard(x);
+    session.Y(row, m) = sngguard(p);
+}
+
+std::span<const double> boundprobabilities() {
+    static const std::vector<double> all = [] {
+        constexpr double characteristic = 0.63212;
+        std::vector<double> list{characteristic};
+        for (const LadderTick& tick : ladder())
+            if (tick.percent >= 1e-4) list.push_back(tick.percent / 100);
+        std::sort(list.begin(), list.end());
+        return list;
+    }();
+    return all;
+}

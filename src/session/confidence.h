@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "session/table.h"
+
+/// Bound methods, the size of confMethod. A negative confMethod asks for a single point.
+enum BoundMethod : int16_t {
+    noBounds = 0,
+    binomialBounds = 1,    ///< bi, point by point
+    fisherBounds = 2,      ///< fm
+    likelihoodBounds = 3,  ///< lr
+    simulationBounds = 4,  ///< mc
+    pivotalBounds = 5,     ///< pv
+    normalTheoryBounds = 6 ///< nr
+};
+
+/// Confidence bounds: how they are made, and those of each set. The curves stand in the two rows before the
+/// set's own: X the data value, Y the probability, n the count of points.
+struct Confidence {
+    int16_t confMethod = noBounds; ///< BoundMethod; negative: a single point is asked for
+    float confLow = 0;             ///< low confidence in percent; 0 no low side
+    float confHigh = 0;            ///< high confidence in percent; 0 no high side
+    int16_t confAuto = 0;          ///< 1: the bound method is chosen by rule
+    int16_t fisherForm = 0;        ///< Weibull: 0 on the logarithms, 1 mb, 2 mc
+    float rndStart = 0;            ///< "Rnd #": start of the simulation; 0 variable, else locked
+    float mcCount = 1000;          ///< "MC #": samples, at most 32000
+
+    Table<double> paramLow, paramHigh; ///< (set, j): bounds of eta (j = 1) and beta (j = 2); noAnswer none
+    List<std::string> setBoundLabel;   ///< code of the method that made the set's bounds; empty for none
+    std::vector<float> mcCorrelations; ///< r^2 of the samples of the last simulation, in rising order
+};
