@@ -19,7 +19,7 @@ public:
         session = Session{};
         session.sizeExponent = exponent;
         chooseside(lifeSide);
-        sizearrays();
+        allocatearrays();
         platform = &headless;
     }
     ~Bench() {

@@ -52,7 +52,7 @@ BENCHMARK(BM_WriteSingles);
 /// The grid of a full life session: 8 sets of 1500 cells.
 void BM_SplitAndStoreAGrid(benchmark::State& state) {
     chooseside(lifeSide);
-    sizearrays();
+    allocatearrays();
     const std::vector<std::string> cells = {"150", "-400", "6.12x0x5x167", "28x1", "85x0x1x0"};
     for (auto _ : state)
         for (int k = 1; k <= 8; ++k)

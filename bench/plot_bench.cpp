@@ -31,7 +31,7 @@ struct CountingSink : TextSink {
 void lifesample(int points) {
     session = Session{};
     chooseside(lifeSide);
-    sizearrays();
+    allocatearrays();
     std::mt19937 random(5);
     for (int j = 1; j <= points; ++j) {
         const double p = (static_cast<double>(random()) + 0.5) / 4294967296.0;
@@ -43,7 +43,7 @@ void lifesample(int points) {
 void trends(int sets, int points) {
     session = Session{};
     chooseside(visualSide);
-    sizearrays();
+    allocatearrays();
     for (int k = 1; k <= sets; ++k)
         for (int j = 1; j <= points; ++j)
             gridset(k, j, std::to_string(j) + "x" + std::to_string(10 * k + std::sin(j / 40.0)));

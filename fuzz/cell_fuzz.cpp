@@ -36,7 +36,7 @@ void classify(const Cell& cell, bool asStored) {
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
     chooseside(lifeSide);
-    sizearrays();
+    allocatearrays();
     tellfault = [](int) { std::abort(); };
     return 0;
 }

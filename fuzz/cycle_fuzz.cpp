@@ -66,7 +66,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
     installreporters();
     if (session.maxPoints == 0) {
         chooseside(lifeSide);
-        if (!sizearrays()) return 0;
+        if (!allocatearrays()) return 0;
     }
     if (size < 3) return 0;
     console.messages.clear();

@@ -104,7 +104,7 @@ void checkplotter(const std::string& text) {
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
     chooseside(lifeSide);
-    sizearrays();
+    allocatearrays();
     return 0;
 }
 

@@ -2,21 +2,22 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cmath>
 #include <cstdio>
 #include <new>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "data/plaintext.h"
 #include "data/resultsjson.h"
 #include "data/samples.h"
 #include "platform/files.h"
 #include "platform/headless/headless.h"
 #include "plot/plotfile.h"
 #include "session/commandline.h"
+#include "session/opendata.h"
 #include "session/session.h"
+#include "session/sizing.h"
+#include "session/startup.h"
 #include "shell/calcplot.h"
 #include "shell/grid.h"
 #include "shell/languages.h"
@@ -26,9 +27,9 @@ namespace {
 
 enum ExitStatus { done = 0, noResult = 1, wrongUse = 2 };
 
-constexpr const char* helpText =
+constexpr const char* helpHead =
     "Usage: vanexc [FILE|-] [switches] [--report FILE|-] [--json FILE|-]\n"
-    "              [--plot FILE [--plot-size WxH]] [--language NAME]\n"
+    "              [--plot FILE [--plot-size WxH]] [--format TEXT] [--language NAME]\n"
     "\n"
     "Fits a line to life data, writes a report and draws the plot. FILE is plain text, one cell a line or\n"
     "several cells a line, each column a set; - reads standard input. Without FILE the\n"
@@ -39,31 +40,27 @@ constexpr const char* helpText =
     "        ends at a word that begins like a number; with tabs between the cells it\n"
     "        may hold any word.\n"
     "\n"
-    "Switches\n"
-    "  -p W | V   side: W life data, V X-Y data (the default; vanexw means -p W)\n"
-    "  -i N       input type: 0 standard, 1 inspection, 2 and 3 probit, 4 Kaplan-Meier,\n"
-    "             5 interval\n"
-    "  -m N       method: 1 rr, 2 rrs, 3 mle, 4 mleN-1, 5 RBAmd, 6 RBAmu, 7 RBApb, 8 RBAjjm\n"
-    "  -e NAME    distribution: WEIBULL, LOGNORMAL, NORMAL, NORMAL+, GUMBEL-, GUMBEL+,\n"
-    "             EXPONENTIAL, RAYLEIGH; (n) behind the name fixes the slope: WEIBULL(2.5).\n"
-    "             A negative value is a suspension, with NORMAL+ a value\n"
+    "Switches (the value follows the letter; a value that is not understood is told, has no effect\n"
+    "and makes the exit status 2)\n";
+
+constexpr const char* helpTail =
     "\n"
     "Output\n"
-    "  --report FILE|-   the text report; standard output when neither is given\n"
+    "  --report FILE|-   the text report; standard output when no output is named\n"
     "  --json FILE|-     the results as one JSON object\n"
     "  --plot FILE       the plot: .svg picture, .hgl plotter text (HPGL), .trace every drawing\n"
     "                    operation in words\n"
     "  --plot-size WxH   pixels of the picture, 400x300 to 4000x3000; 1200x900 when not given\n"
+    "  --format TEXT     form of the data: text, the one there is\n"
     "  --language NAME   language of the report and the plot: German or Deutsch, ...; an unknown\n"
     "                    name lists them all\n"
     "  --help, --version\n"
     "\n"
-    "Exit status 0, 1 when no set could be analysed, 2 for a usage error.\n"
+    "Exit status 0, 1 when no set could be analysed or a script failed, 2 for a usage error.\n"
     "\n"
     "Examples\n"
-    "  vanexc\n"
-    "  vanexc bearings.txt -p W -e LOGNORMAL\n"
-    "  vanexc bearings.txt -p W --plot bearings.svg\n"
+    "  vanexc bearings.txt -p W -e LOGNORMAL -b M2D90\n"
+    "  vanexc -s '[WVW {-m 3} [bearings.txt] R results.txt P plot.svg]'\n"
     "  printf '150\\n230\\n-400\\n310\\n' | vanexc - -p W --json -\n";
 
 struct Outputs {
@@ -72,6 +69,7 @@ struct Outputs {
     std::optional<std::string> plot;
     std::optional<std::string> plotSize;
     std::optional<std::string> language;
+    std::optional<std::string> format;
     int pixelsAcross = 1200;
     int pixelsDown = 900;
 };
@@ -91,6 +89,29 @@ void complainof(const Parts&... parts) {
     complain(session.msg);
 }
 
+struct LongOption {
+    std::string_view name;
+    std::optional<std::string> Outputs::*value;
+};
+constexpr LongOption longOptions[] = {{"--report", &Outputs::report},      {"--json", &Outputs::json},
+                                      {"--plot", &Outputs::plot},          {"--plot-size", &Outputs::plotSize},
+                                      {"--language", &Outputs::language},  {"--format", &Outputs::format}};
+
+/// The help: usage, every switch in columns, outputs and examples.
+std::string helptext() {
+    constexpr std::size_t textColumn = 22;
+    std::string text = helpHead;
+    for (const SwitchHelp& one : switchhelp()) {
+        std::string line = std::string("  -") + one.letter + " " + std::string(one.value);
+        line.resize(std::max(line.size() + 1, textColumn), ' ');
+        line += one.text;
+        for (auto at = line.find('\n'); at != std::string::npos; at = line.find('\n', at + 1))
+            line.insert(at + 1, textColumn, ' ');
+        text += line + "\n";
+    }
+    return text + helpTail;
+}
+
 /// Takes the long options off the arguments. False on one that is unknown or has no value.
 bool takeoutputs(std::vector<std::string>& arguments, Outputs& outputs) {
     std::vector<std::string> rest;
@@ -99,17 +120,14 @@ bool takeoutputs(std::vector<std::string>& arguments, Outputs& outputs) {
             rest.push_back(arguments[i]);
             continue;
         }
-        auto* target = arguments[i] == "--report"      ? &outputs.report
-                       : arguments[i] == "--json"      ? &outputs.json
-                       : arguments[i] == "--plot"      ? &outputs.plot
-                       : arguments[i] == "--plot-size" ? &outputs.plotSize
-                       : arguments[i] == "--language"  ? &outputs.language
-                                                       : nullptr;
-        if (!target || i + 1 == arguments.size()) {
+        const auto* option = std::find_if(std::begin(longOptions), std::end(longOptions), [&](const LongOption& one) {
+            return one.name == arguments[i];
+        });
+        if (option == std::end(longOptions) || i + 1 == arguments.size()) {
             complainof(Word::Unknown, ": ", AsTyped{arguments[i]});
             return false;
         }
-        *target = arguments[++i];
+        outputs.*option->value = arguments[++i];
     }
     arguments = rest;
     return true;
@@ -143,6 +161,13 @@ bool takesize(Outputs& outputs) {
            && within(outputs.pixelsDown, 300, 3000);
 }
 
+/// The form of the data is one of those there are.
+bool takeformat(const Outputs& outputs) {
+    if (!outputs.format || *outputs.format == "text") return true;
+    complainof(Word::Unknown, " ", Word::Data, " ", Word::Type, ": ", AsTyped{*outputs.format}, "\ntext");
+    return false;
+}
+
 /// Looks at what was asked of the plot before any work is done.
 bool plotpossible(Outputs& outputs) {
     if (outputs.plot && !plotfileknown(*outputs.plot)) {
@@ -155,22 +180,6 @@ bool plotpossible(Outputs& outputs) {
     return false;
 }
 
-bool startedaslifeside(const char* name) {
-    std::string base = name ? name : "";
-    base = base.substr(base.find_last_of("/\\") + 1);
-    return base.starts_with("vanexw") || base.starts_with("VANEXW");
-}
-
-/// The smallest array size that holds the data, up to the largest there is. False when memory falls short.
-bool sizefor(std::size_t cells) {
-    for (session.sizeExponent = 1;; ++session.sizeExponent) {
-        if (!sizearrays()) return false;
-        if (session.sizeExponent == 10
-            || static_cast<double>(session.maxPoints) >= static_cast<double>(cells))
-            return true;
-    }
-}
-
 bool loadsample() {
     constexpr int leukemiaSample = 2;
     const Sample& sample = *sampledata(leukemiaSample);
@@ -179,22 +188,6 @@ bool loadsample() {
     session.gridTitles.assign(1, std::string(sample.label));
     session.fileName = sample.label;
     return true;
-}
-
-/// Reads the file that was named into the grid. False when it cannot be read.
-bool loadfile() {
-    const std::optional<std::string> text = readfile(session.cmdFile);
-    if (!text) return false;
-    constexpr std::size_t oneSetTooMany = 25; // so that what is too much is told
-    session.gridCells = readplaintext(*text, oneSetTooMany);
-    session.fileName = session.cmdFile == "-" ? std::string() : session.cmdFile;
-    return true;
-}
-
-std::size_t longestcolumn() {
-    std::size_t longest = 0;
-    for (const auto& column : session.gridCells) longest = std::max(longest, column.size());
-    return longest;
 }
 
 bool anyresult() {
@@ -230,11 +223,12 @@ bool writeoutput(const std::optional<std::string>& path, const std::string& text
 }
 
 int run(const Outputs& outputs, HeadlessPlatform& console) {
-    if (!(session.cmdFile.empty() ? loadsample() : loadfile())) {
+    const bool loaded = session.cmdFile.empty() ? loadsample() : opendata(session.cmdFile) != DataRead::unreadable;
+    if (!loaded) {
         complainof(Word::Cannot, " ", Word::Open, " ", Word::File, ": ", AsTyped{session.cmdFile});
         return noResult;
     }
-    if (!sizefor(longestcolumn())) {
+    if (!roomfor(longestcolumn())) {
         complainof(Word::Not, " ", Word::Enough, " ", Word::Free, " ", Word::Memory);
         return noResult;
     }
@@ -253,34 +247,57 @@ int run(const Outputs& outputs, HeadlessPlatform& console) {
 
 } // namespace
 
+namespace {
+
+/// Notes on values without effect, and what the prompts would have shown.
+void complainall(HeadlessPlatform& console) {
+    for (const std::string& note : session.cmdNotes) complain(note);
+    for (const std::string& message : console.messages) complain(message);
+    console.messages.clear();
+}
+
+/// A run that had to leave out a value must not look as if it had been obeyed.
+int status(int outcome) { return session.cmdNotes.empty() ? outcome : wrongUse; }
+
+int start(std::vector<std::string> arguments, const char* name, HeadlessPlatform& console) {
+    Outputs outputs;
+    if (!takeoutputs(arguments, outputs) || !plotpossible(outputs) || !takeformat(outputs)) return wrongUse;
+    const StartEnd end = startup(arguments, name, false);
+    if (!takelanguage(outputs)) return wrongUse;
+    if (end == StartEnd::wrongUse) {
+        wordclean(session.msg);
+        complain(session.msg);
+        return wrongUse;
+    }
+    complainall(console);
+    if (end != StartEnd::ready) return status(end == StartEnd::exit ? done : noResult);
+    if (!outputs.report && !outputs.json && !outputs.plot) outputs.report = "-";
+    if (session.cmdFile.empty() && session.progSide != lifeSide) {
+        chooseside(lifeSide);
+        if (!sizearrays()) return noResult;
+        cmdapply();
+    }
+    return status(run(outputs, console));
+}
+
+} // namespace
+
 int main(int argc, char** argv) {
     std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
     const auto asked = [&](const char* option) {
         return std::find(arguments.begin(), arguments.end(), option) != arguments.end();
     };
-    if (asked("--help")) return writefile("-", helpText) ? done : noResult;
+    if (asked("--help")) return writefile("-", helptext()) ? done : noResult;
     if (asked("--version"))
         return writefile("-", compose(session.msg, session.productName, " ", VANEX_VERSION, "\n")) ? done
                                                                                                    : noResult;
-
-    HeadlessPlatform console;
+    const char* const name = argc > 0 ? argv[0] : "vanexc";
+    HeadlessPlatform console(name);
     platform = &console;
     installreporters();
     session.noPrompt = 1;
-    Outputs outputs;
-    if (!takeoutputs(arguments, outputs) || !takelanguage(outputs) || !plotpossible(outputs)) return wrongUse;
-    if (!cmdparse(arguments)) {
-        wordclean(session.msg);
-        complain(session.msg);
-        return wrongUse;
-    }
-    if (!outputs.report && !outputs.json && !outputs.plot) outputs.report = "-";
-    const bool life = session.cmdFile.empty() || startedaslifeside(argv[0]);
-    const int16_t side = session.cmdFile.empty() ? int16_t{lifeSide} : session.cmdSide;
-    chooseside(side == lifeSide || (side == 0 && life) ? lifeSide : visualSide);
-    cmdapply();
     try {
-        return run(outputs, console);
+        return start(arguments, name, console);
     } catch (const std::bad_alloc&) {
         complainof(Word::Not, " ", Word::Enough, " ", Word::Free, " ", Word::Memory);
         return noResult;

@@ -8,6 +8,8 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/paths.h"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -30,9 +32,10 @@ std::optional<std::string> readstream(std::FILE* file) {
 
 std::optional<std::string> readfile(const std::string& path) {
     if (path == "-") return readstream(stdin);
+    const std::string name = nativepath(path);
     std::error_code error;
-    if (fs::is_directory(path, error)) return std::nullopt;
-    const File file(std::fopen(path.c_str(), "rb"));
+    if (fs::is_directory(name, error)) return std::nullopt;
+    const File file(std::fopen(name.c_str(), "rb"));
     return file ? readstream(file.get()) : std::nullopt;
 }
 
@@ -44,8 +47,9 @@ bool OutputFile::open(const std::string& path) {
         return true;
     }
     std::error_code error;
-    const bool exists = fs::exists(path, error);
-    target = exists ? fs::canonical(path, error).string() : path;
+    const std::string name = nativepath(path);
+    const bool exists = fs::exists(name, error);
+    target = exists ? fs::canonical(name, error).string() : name;
     if (error) {
         errno = error.value();
         return false;

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-/// Files in one step or as they grow; paths in native form.
+/// Files in one step or as they grow. Paths in the program's own form or native, both alike.
 
 /// Content of a file, or of standard input for "-"; nothing when it cannot be read.
 std::optional<std::string> readfile(const std::string& path);

@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// What the logic asks of a desktop. Small abstract interfaces, each one subject; the headless platform
 /// answers as a script run must, tests answer from a script, the desktop with windows.
@@ -86,12 +87,55 @@ public:
     virtual std::string date() = 0; ///< today's date as the report prints it, ISO 8601
 };
 
+/// The machine around the program: its environment, its folders and files, other programs. Paths in the
+/// program's own form (platform/paths.h).
+class System {
+public:
+    virtual ~System() = default;
+    /// Value of an environment variable by its Windows name: APPDATA, TEMP, TMP, HOMEDRIVE, HOMEPATH or any
+    /// other; nothing when it is not set.
+    virtual std::optional<std::string> environment(std::string_view name) = 0;
+    /// A number in the format of the system's own settings.
+    virtual std::string numbertext(double value, int decimals) = 0;
+    virtual std::string programfile() = 0; ///< the running executable
+    virtual std::string currentfolder() = 0;
+    virtual bool enterfolder(const std::string& folder) = 0;
+    virtual bool makefolder(const std::string& folder) = 0; ///< with those above it; true when it is there
+    virtual bool fileexists(const std::string& path) = 0;
+    /// True when a file of that name can be made in the folder; it is taken away again.
+    virtual bool writable(const std::string& folder, const std::string& testname) = 0;
+    /// Names of the files of a folder that fit a pattern with * and ?, in order.
+    virtual std::vector<std::string> files(const std::string& folder, std::string_view pattern) = 0;
+    virtual bool removefile(const std::string& path) = 0;
+    /// Starts another program and does not wait for it. False when there is no such program.
+    virtual bool start(const std::string& program, std::span<const std::string> arguments) = 0;
+};
+
+class Clipboard {
+public:
+    virtual ~Clipboard() = default;
+    virtual std::optional<std::string> text() = 0; ///< nothing when it holds no text
+    virtual bool settext(std::string_view text) = 0;
+    virtual bool setpicture(std::string_view svg) = 0;
+};
+
+/// Kinds of pictures that need more than text.
+class Pictures {
+public:
+    virtual ~Pictures() = default;
+    /// Paints a picture into a bitmap file. False when this platform cannot, or the file cannot be written.
+    virtual bool bitmap(const std::string& path, std::string_view svg, int across, int down) = 0;
+};
+
 class Platform {
 public:
     virtual ~Platform() = default;
     virtual Prompts& prompts() = 0;
     virtual MainWindow& window() = 0;
     virtual Clock& clock() = 0;
+    virtual System& system() = 0;
+    virtual Clipboard& clipboard() = 0;
+    virtual Pictures& pictures() = 0;
 };
 
 /// The platform in force. Set once before anything asks; a null platform answers nothing.

@@ -45,6 +45,19 @@ const PlotFileKind* kindof(std::string path) {
     return nullptr;
 }
 
+/// Keeps the text of a picture.
+class TextKeeper : public TextSink {
+public:
+    explicit TextKeeper(std::string& kept) : text(kept) {}
+    bool open(const std::string&) override { return text.clear(), true; }
+    bool write(std::string_view part) override { return text += part, true; }
+    bool commit() override { return true; }
+    void drop() override { text.clear(); }
+
+private:
+    std::string& text;
+};
+
 } // namespace
 
 bool plotfileknown(const std::string& path) { return kindof(path) != nullptr; }
@@ -57,4 +70,12 @@ bool plotfile(const std::string& path, int pixelsAcross, int pixelsDown) {
     session.outputName = path;
     OutputFile file;
     return plotentry(*kind->device(file, {pixelsAcross, pixelsDown}));
+}
+
+bool plotsvg(std::string& text, int pixelsAcross, int pixelsDown) {
+    const Keep keep{session.outdev, session.outputName, session.plotw, session.ploth};
+    session.outdev = pictureDevice;
+    TextKeeper sink(text);
+    SvgDevice device(pixelsAcross, pixelsDown, sink);
+    return plotentry(device);
 }

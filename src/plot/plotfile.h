@@ -11,3 +11,6 @@ bool plotfileknown(const std::string& path);
 /// Draws the session's plot into a file; pixels size a picture, plotter text has a canvas of its own. False,
 /// after telling the user, when it could not be drawn or written; a file of that name then stays as it was.
 bool plotfile(const std::string& path, int pixelsAcross, int pixelsDown);
+
+/// The same picture as text in the SVG form.
+bool plotsvg(std::string& text, int pixelsAcross, int pixelsDown);

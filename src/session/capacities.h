@@ -16,6 +16,7 @@ struct Capacities {
     float maxRows = 24;       ///< row ceiling of the session
     float maxRowsBase = 24;   ///< the same, as files write it
     int16_t sizeExponent = 1; ///< array size exponent k, 1 to 10: each step doubles the points a set
+    float budgetShare = 1;    ///< less, by halves, where memory falls short at exponent 0
     float arrayBudget = 0;    ///< elements of X: 2^k * 18000 (sides 1, 3) or 2^k * 6000 (sides 2, 4)
     float maxPoints = 0;      ///< points a set
     float maxSets = 0;        ///< sets: 8 on the life side, 24 on the visual side

@@ -2,16 +2,22 @@
 
 #include <span>
 #include <string>
+#include <string_view>
 
-/// The command line: an optional data file, then switches "-x value". A value is everything up to the next
-/// switch, may stand against its letter ("-m2"), and the word NONE stands for no value. Only recorded here:
-/// cmdFile, cmdDistribution, cmdMethod, cmdInput, cmdSide. False when a switch or a value is wrong; msg then
-/// says which.
-///   -p  side: a text beginning with V the visual side, any other the life side
-///   -i  input type: 0 standard, 1 insp1, 2 prbt2, 3 prbt3, 4 km4, 5 intv5
-///   -m  method, plain or in parentheses: 1 rr, 2 rrs, 3 mle, 4 mleN-1, 5 RBAmd, 6 RBAmu, 7 RBApb, 8 RBAjjm
-///   -e  distribution: a name, then "3" or "3AR" for a threshold, or "(n)" for a fixed slope
-bool cmdparse(std::span<const std::string> arguments);
+/// The command line: an optional data file, then switches "-x value" (session/switches.h tells the syntax).
+/// Only recorded here, in the cmd fields of the session; a value that is not understood has no effect and
+/// leaves a note in cmdNotes. False when a switch is unknown, or more than one file is named; msg then says
+/// which.
+bool cmdparse(std::string_view line);
+bool cmdparse(std::span<const std::string> words);
 
-/// Puts the recorded values into the session's options.
+/// Puts the recorded values into the session's options. The side is chosen before, by cmdSide.
 void cmdapply();
+
+/// One line for each switch, as the help shows them: letter, value, what it does.
+struct SwitchHelp {
+    char letter;
+    std::string_view value;
+    std::string_view text;
+};
+std::span<const SwitchHelp> switchhelp();

@@ -40,6 +40,7 @@ struct Options {
     std::string decimalSeparator = "."; ///< of the session's numbers as typed
     std::string fileDecimal = ".";      ///< of the file being read
     std::string displayDecimal = ".";   ///< of numbers as shown
+    std::string groupSeparator;         ///< between thousands in the system's format; empty for none
     std::string exportDecimal = ".";    ///< of numbers in exported and imported text
 
     std::string languageFile; ///< file that stands for the language in force; empty for English

@@ -6,6 +6,7 @@
 #include "session/members.h"
 
 FaultTeller tellfault = nullptr;
+MemoryAsker memorygranted = nullptr;
 Session session;
 
 namespace {
@@ -17,8 +18,8 @@ float basebudget(int16_t side) { return side == lifeSide || side == simulationSi
 
 void derivecapacities() {
     Session& s = session;
-    s.sizeExponent = std::clamp<int16_t>(s.sizeExponent, 1, 10);
-    s.arrayBudget = std::ldexp(basebudget(s.progSide), s.sizeExponent);
+    s.sizeExponent = std::clamp<int16_t>(s.sizeExponent, 0, 10);
+    s.arrayBudget = std::ldexp(basebudget(s.progSide), s.sizeExponent) * s.budgetShare;
     s.maxRows = s.maxRowsBase;
     s.maxPoints = std::floor(s.arrayBudget / s.maxRows);
     s.maxSets = std::floor(s.maxRows / s.sg);
@@ -98,7 +99,7 @@ void chooseside(Side side) {
     session.plotMode = side == lifeSide ? 1 : 2;
 }
 
-bool sizearrays() {
+bool allocatearrays() {
     derivecapacities();
     const Bounds b = bounds();
     const bool all = sizepoints(b) && sizelines(b) && sizefits(b);
@@ -138,7 +139,6 @@ void sessionclear() {
 }
 
 const char* parametername(int distType, int which) {
-    static constexpr const char* names[5][2] = {
-        {"Lambda", "Beta"}, {"Eta", "Beta"}, {"Med", "SigF"}, {"Mu", "Sig"}, {"Xi", "Del"}};
-    return names[std::clamp(distType, 0, 4)][which == 1 ? 0 : 1];
+    const auto& names = session.parameterNames[static_cast<std::size_t>(std::clamp(distType, 0, 4))];
+    return names[which == 1 ? 0 : 1].c_str();
 }

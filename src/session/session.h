@@ -7,6 +7,7 @@
 #include "session/confidence.h"
 #include "session/drawing.h"
 #include "session/fits.h"
+#include "session/folders.h"
 #include "session/gridstate.h"
 #include "session/lines.h"
 #include "session/options.h"
@@ -15,6 +16,7 @@
 #include "session/registers.h"
 #include "session/reportstate.h"
 #include "session/run.h"
+#include "session/setup.h"
 #include "session/weibayes.h"
 
 /// Reserved numbers.
@@ -42,6 +44,8 @@ struct Session : Capacities,
                  Drawing,
                  ReportState,
                  Run,
+                 Folders,
+                 Setup,
                  GridState,
                  CommandFields {
     RegressionSums sums; ///< of the set being fitted
@@ -49,8 +53,9 @@ struct Session : Capacities,
 extern Session session;
 
 /// Derives the capacities from progSide and sizeExponent and allocates every array by them. False when
-/// memory does not suffice; the session then has no arrays, and maxPoints is 0.
-bool sizearrays();
+/// memory does not suffice; the session then has no arrays, and maxPoints is 0. session/sizing.h tries again
+/// with less.
+bool allocatearrays();
 
 /// Empties the session: no rows, no points, no results. Capacities and options stay.
 void sessionclear();

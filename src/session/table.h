@@ -14,6 +14,11 @@
 /// reporter; until then a fault is silent. A fault never ends the process: the access lands on a spare.
 using FaultTeller = void (*)(int number);
 extern FaultTeller tellfault;
+
+/// Asked before an array takes memory: false and there is none. Null: whatever the machine gives. So tests
+/// reach what a large machine hardly ever shows.
+using MemoryAsker = bool (*)(std::size_t bytes);
+extern MemoryAsker memorygranted;
 inline constexpr int indexFault = 9;
 
 namespace detail {
@@ -35,7 +40,9 @@ public:
         cells.reset();
         rows = firstBound + 1;
         columns = secondBound + 1;
-        cells.reset(static_cast<T*>(std::calloc(static_cast<std::size_t>(rows * columns), sizeof(T))));
+        const auto count = static_cast<std::size_t>(rows * columns);
+        if (!memorygranted || memorygranted(count * sizeof(T)))
+            cells.reset(static_cast<T*>(std::calloc(count, sizeof(T))));
         if (!cells) rows = columns = 0;
         return cells != nullptr;
     }
@@ -79,8 +86,10 @@ class List {
 public:
     /// Takes the bound and sets every element to value. False when there is not enough memory.
     bool size(std::ptrdiff_t bound, const T& value = T{}) {
+        const auto count = static_cast<std::size_t>(bound + 1);
         try {
-            cells.assign(static_cast<std::size_t>(bound + 1), value);
+            if (memorygranted && !memorygranted(count * sizeof(T))) throw std::bad_alloc();
+            cells.assign(count, value);
         } catch (const std::bad_alloc&) {
             cells.clear();
             return false;

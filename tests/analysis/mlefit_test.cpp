@@ -372,7 +372,7 @@ class MleEscape : public MleTest {
 protected:
     MleEscape() {
         session.sizeExponent = 4; // long enough for a search to look up in every pass
-        EXPECT_TRUE(sizearrays());
+        EXPECT_TRUE(allocatearrays());
     }
     Cells many() const {
         Cells cells;

@@ -40,7 +40,8 @@ protected:
                 const std::string& program = VANEXC) {
         write("stdin", input);
         const std::string command =
-            "cd '" + folder.string() + "' && '" + program + "' " + arguments + " <stdin >stdout 2>stderr";
+            "cd '" + folder.string() + "' && HOME='" + folder.string() + "' XDG_CONFIG_HOME= XDG_DATA_HOME= LC_ALL=C '"
+            + program + "' " + arguments + " <stdin >stdout 2>stderr";
         const int status = std::system(command.c_str());
         return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, contents(folder / "stdout"),
                 contents(folder / "stderr")};
@@ -153,12 +154,20 @@ TEST_F(Vanexc, NormalPlusTakesNegativeValuesAsData) {
 }
 
 TEST_F(Vanexc, AWrongUseEndsWithTwo) {
-    for (const char* arguments : {"-q 3", "-m 9", "-m", "-i 6", "-e CAUCHY", "-e WEIBAYES", "-e 'WEIBULL(0)'",
-                                  "--report", "--nonsense", "a.txt b.txt"}) {
+    for (const char* arguments : {"-n 3", "--report", "--nonsense", "--format excel", "a.txt b.txt"}) {
         const Outcome outcome = run(arguments);
         EXPECT_EQ(outcome.status, 2) << arguments;
         EXPECT_NE(outcome.err, "") << arguments;
         EXPECT_EQ(outcome.out, "") << arguments;
+    }
+}
+
+TEST_F(Vanexc, AValueThatIsNotUnderstoodIsToldAndTheRunGoesOnButNotAsIfObeyed) {
+    for (const char* arguments : {"-m 9", "-m", "-i 6", "-e CAUCHY", "-e WEIBAYES", "-e 'WEIBULL(0)'", "-b M9"}) {
+        const Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.status, 2) << arguments;
+        EXPECT_EQ(outcome.err.find("vanexc: Unknown: -"), 0u) << outcome.err;
+        EXPECT_NE(outcome.out.find("Eta=22.7971"), std::string::npos) << arguments;
     }
 }
 

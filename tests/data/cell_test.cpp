@@ -15,7 +15,7 @@ protected:
         tellfault = [](int number) { ADD_FAILURE() << "fault " << number; };
         session.sizeExponent = 1;
         chooseside(lifeSide);
-        sizearrays();
+        allocatearrays();
         session.dist = weibull;
         session.inputType = standard0;
     }

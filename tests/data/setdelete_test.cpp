@@ -12,7 +12,7 @@ protected:
         tellfault = [](int number) { ADD_FAILURE() << "fault " << number; };
         session.sizeExponent = 1;
         chooseside(GetParam());
-        sizearrays();
+        allocatearrays();
         for (int k = 1; k <= 3; ++k) fill(k);
         session.lastRow = 3 * session.sg;
     }
@@ -146,7 +146,7 @@ INSTANTIATE_TEST_SUITE_P(Sides, SetDelete, testing::Values(lifeSide, visualSide)
 TEST(SetDeleteWithBounds, MovesTheConfidenceRows) {
     session.sizeExponent = 1;
     chooseside(lifeSide);
-    sizearrays();
+    allocatearrays();
     session.lastRow = 6;
     session.ifylcnf = 9;
     for (int i = 1; i <= 6; ++i) {

@@ -458,7 +458,7 @@ TEST_F(ProbabilityPlot, ManyPointsOnTheScreenAreToldToBeSlow) {
     session = Session{};
     session.sizeExponent = 5;
     chooseside(lifeSide);
-    ASSERT_TRUE(sizearrays());
+    ASSERT_TRUE(allocatearrays());
     life(sample(20500, 1000, 2, 3));
     session.outdev = screenDevice;
     ScriptedPlatform screen;
@@ -613,7 +613,7 @@ class XyPlot : public ProbabilityPlot {
 protected:
     XyPlot() {
         chooseside(visualSide);
-        EXPECT_TRUE(sizearrays());
+        EXPECT_TRUE(allocatearrays());
     }
 };
 

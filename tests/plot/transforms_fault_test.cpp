@@ -61,7 +61,7 @@ TEST_F(Faults, DensitiesTellTheLineAndTheValue) {
 }
 
 TEST_F(Faults, MixedDensityTellsTheCurrentLine) {
-    ASSERT_TRUE(sizearrays());
+    ASSERT_TRUE(allocatearrays());
     session.mixKind = 4;
     session.mixEtas(1) = session.mixEtas(2) = 10;
     session.mixBetas(1) = session.mixBetas(2) = 0.5;
@@ -309,7 +309,7 @@ TEST_F(Battery, WideProbabilitiesStayInsideTheirLimitsForEveryNumber) {
 }
 
 TEST_F(Battery, MixedModelWithstandsEveryComponent) {
-    ASSERT_TRUE(sizearrays());
+    ASSERT_TRUE(allocatearrays());
     session.mixFlag = 1;
     for (int kind : {0, 4, 5, 7})
         for (float eta : {0.f, -1.f, 100.f, 1e-40f, 3e38f, static_cast<float>(NaN)})

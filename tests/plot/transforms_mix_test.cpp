@@ -6,7 +6,7 @@ class Mixture : public Transforms {
 protected:
     void SetUp() override {
         Transforms::SetUp();
-        ASSERT_TRUE(sizearrays());
+        ASSERT_TRUE(allocatearrays());
         mix(5, 0.3f);
     }
 

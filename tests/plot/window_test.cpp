@@ -13,7 +13,7 @@ class XyWindowTest : public LifeTest {
 protected:
     XyWindowTest() {
         chooseside(visualSide);
-        EXPECT_TRUE(sizearrays());
+        EXPECT_TRUE(allocatearrays());
     }
 };
 

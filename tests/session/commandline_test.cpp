@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "session/session.h"
+#include "support/freshsession.h"
 
 namespace {
 
@@ -15,6 +16,10 @@ protected:
 
     static void reset() {
         static_cast<CommandFields&>(session) = {};
+        static_cast<Confidence&>(session) = {};
+        session.scriptRequest.clear();
+        session.plotTitle = session.titleSecond = "";
+        session.xLimitLow = session.xLimitHigh = session.yLimitLow = session.yLimitHigh = 0;
         session.inputType = standard0;
         session.dist = weibull;
         session.gumbeltype = -1;
@@ -113,23 +118,126 @@ TEST_F(CommandLine, AThreeBehindTheNameAsksForAThreshold) {
     EXPECT_EQ(session.scaleAsRecorded, 1);
 }
 
-TEST_F(CommandLine, RefusesWhatItDoesNotKnowAndSaysWhat) {
-    for (const std::vector<std::string>& wrong : {std::vector<std::string>{"-q", "1"},
-                                                  {"-m", "0"},
+TEST_F(CommandLine, AValueThatIsNotUnderstoodHasNoEffectAndIsNoted) {
+    for (const std::vector<std::string>& wrong : {std::vector<std::string>{"-m", "0"},
                                                   {"-m", "9"},
                                                   {"-m", "12"},
                                                   {"-m"},
                                                   {"-i", "x"},
-                                                  {"-i", "-1"},
+                                                  {"-i-1"},
                                                   {"-e", "WEIBULLS"},
                                                   {"-e", "WEIBULL(-1)"},
                                                   {"-e", "LOGNORMAL(1)"},
                                                   {"-e", "WEIBAYES"},
                                                   {"-e", ""},
                                                   {"-p"},
-                                                  {"a.txt", "b.txt"},
-                                                  {"-i", "1", "a.txt", "b.txt"}}) {
-        EXPECT_FALSE(parse(wrong)) << wrong[0];
-        EXPECT_TRUE(session.msg.starts_with("Unknown: ")) << session.msg;
+                                                  {"-b", "M7D90"},
+                                                  {"-b", "M2D101"},
+                                                  {"-b", "M2L40"},
+                                                  {"-b", "Q5"},
+                                                  {"-z", "1_2_3"},
+                                                  {"-r", "5"},
+                                                  {"-6", "Z_1"},
+                                                  {"-8", "x"},
+                                                  {"-w", "B"},
+                                                  {"-x", "1_b"},
+                                                  {"-s"}}) {
+        EXPECT_TRUE(apply(wrong)) << wrong[0];
+        ASSERT_EQ(session.cmdNotes.size(), 1u) << wrong[0];
+        EXPECT_TRUE(session.cmdNotes[0].starts_with("Unknown: -")) << session.cmdNotes[0];
+        EXPECT_EQ(session.fitMethod, rankRegression);
+        EXPECT_EQ(session.dist, weibull);
+        EXPECT_EQ(session.confMethod, noBounds);
+        EXPECT_EQ(session.scriptRequest, "");
     }
+}
+
+TEST_F(CommandLine, RefusesUnknownSwitchesAndASecondFile) {
+    EXPECT_FALSE(parse({"a.txt", "-n", "1"}));
+    EXPECT_EQ(session.msg, "-n: Undefined sequence 7");
+    EXPECT_FALSE(parse({"a.txt", "b.txt"}));
+    EXPECT_EQ(session.msg, "Unknown: b.txt");
+    EXPECT_FALSE(parse({"-i", "1", "a.txt", "b.txt"}));
+}
+
+TEST_F(CommandLine, ReadsTheBoundsAskedFor) {
+    const struct {
+        const char* value;
+        int method;
+        double low, high;
+        int automatic;
+    } cases[] = {{"M2D90", 2, 5, 95, 0},  {"M3L95", 3, 5, 0, 0},     {"m1u90", 1, 0, 90, 0},
+                 {"M6_D80", 6, 10, 90, 0}, {"M5 A95", 5, 5, 95, 0},   {"D", 0, 5, 95, 1},
+                 {"M4", 4, 5, 95, 0},      {"M-2U95", -2, 0, 95, 0},  {"M0", 0, 0, 0, 0},
+                 {"D99.9M2", 2, .05, 99.95, 0}};
+    for (const auto& item : cases) {
+        EXPECT_TRUE(apply({"-b", item.value})) << item.value;
+        EXPECT_TRUE(session.cmdNotes.empty()) << item.value;
+        EXPECT_EQ(session.confMethod, item.method) << item.value;
+        EXPECT_FLOAT_EQ(session.confLow, static_cast<float>(item.low)) << item.value;
+        EXPECT_FLOAT_EQ(session.confHigh, static_cast<float>(item.high)) << item.value;
+        EXPECT_EQ(session.confAuto, item.automatic) << item.value;
+    }
+}
+
+TEST_F(CommandLine, AThresholdOfTheBoundsIsThatOfEverySet) {
+    const FreshSession fresh{lifeSide};
+    EXPECT_TRUE(parse({"-b", "M2D90T12.5"}));
+    cmdapply();
+    EXPECT_EQ(session.t0(1), 12.5f);
+    EXPECT_EQ(session.t0(8), 12.5f);
+}
+
+TEST_F(CommandLine, RecordsEverySwitch) {
+    EXPECT_TRUE(parse({"a.w", "-c", "c:\\cfg", "-t", "c:\\tmp", "-d", "c:\\data", "-f", "First title", "-k", "Second",
+                       "-a", "opt.txt", "-w", "h", "-h", "1", "-r", "4_2000", "-q", "3", "-u", "4", "-g", "500", "-x",
+                       "1_2", "-y", "3", "-j", "C", "-o", "5", "-1", "1_2_3_4#", "-2", "5_6 7", "-3", "6", "-4", "7",
+                       "-5", "8", "-6", "B_2.5", "-7", "R_.9", "-8", "N", "-v", "-9"}));
+    EXPECT_TRUE(session.cmdNotes.empty());
+    EXPECT_EQ(session.cmdConfig, "c:\\cfg");
+    EXPECT_EQ(session.cmdTemp, "c:\\tmp");
+    EXPECT_EQ(session.cmdData, "c:\\data");
+    EXPECT_EQ(session.cmdTitle, "First title");
+    EXPECT_EQ(session.cmdTitleSecond, "Second");
+    EXPECT_EQ(session.cmdOptionFile, "opt.txt");
+    EXPECT_EQ(session.cmdPlotChoice, 'H');
+    EXPECT_EQ(session.cmdShowWindow, 1);
+    EXPECT_EQ(session.cmdSets, 4);
+    EXPECT_EQ(session.cmdPoints, 2000);
+    EXPECT_EQ(session.cmdSamples, 500);
+    EXPECT_EQ(session.cmdX, (std::vector<double>{1, 2}));
+    EXPECT_EQ(session.cmdY, (std::vector<double>{3}));
+    EXPECT_EQ(session.cmdInput, intv5);
+    EXPECT_EQ(session.cmdRanges, (std::vector<double>{1, 2, 3, 4}));
+    EXPECT_EQ(session.cmdScale, (std::vector<double>{5, 6, 7}));
+    EXPECT_EQ(session.cmdMarks, (std::array<double, 6>{3, 4, 5, 6, 7, 8}));
+    EXPECT_EQ(session.cmdLine[0], 'B');
+    EXPECT_EQ(session.cmdLineAt[0], 2.5);
+    EXPECT_EQ(session.cmdLine[1], 'R');
+    EXPECT_EQ(session.cmdLineAt[1], .9);
+    EXPECT_EQ(session.cmdPlot, 0);
+}
+
+TEST_F(CommandLine, TitlesLimitsAndSamplesTakeEffect) {
+    EXPECT_TRUE(apply({"-f", "Bearings", "-k", "Plant 2", "-z", "1_100_0_0", "-g", "40000"}));
+    EXPECT_EQ(session.plotTitle, "Bearings");
+    EXPECT_EQ(session.titleSecond, "Plant 2");
+    EXPECT_EQ(session.xLimitLow, 1);
+    EXPECT_EQ(session.xLimitHigh, 100);
+    EXPECT_EQ(session.mcCount, 32000) << "no more samples than there can be";
+    EXPECT_EQ(session.fitMethod, maximumLikelihood) << "sampling goes by likelihood";
+    EXPECT_TRUE(apply({"-g", "100", "-m", "1"}));
+    EXPECT_EQ(session.fitMethod, rankRegression) << "unless the method is named";
+}
+
+TEST_F(CommandLine, APathBehindPIsNoSide) {
+    EXPECT_TRUE(parse({"-p", "c:\\vanex"}));
+    EXPECT_EQ(session.cmdSide, 0);
+}
+
+TEST_F(CommandLine, TheHelpNamesEverySwitchThatHasAnEffect) {
+    std::string letters;
+    for (const SwitchHelp& one : switchhelp()) letters += one.letter;
+    for (const char letter : std::string("ctdimefkaswzprbgxyj126780hq"))
+        EXPECT_NE(letters.find(letter), std::string::npos) << letter;
 }

@@ -24,7 +24,7 @@ protected:
 
     static void resize(int16_t exponent) {
         session.sizeExponent = exponent;
-        ASSERT_TRUE(sizearrays());
+        ASSERT_TRUE(allocatearrays());
     }
 };
 
@@ -89,7 +89,7 @@ INSTANTIATE_TEST_SUITE_P(EverySide, Capacity, testing::ValuesIn(sides),
 TEST(CapacityOfTheVisualSide, LeavesTheExtraLinesThatTheRowsInUseLeave) {
     FreshSession fresh(visualSide);
     session.lastRow = 20;
-    ASSERT_TRUE(sizearrays());
+    ASSERT_TRUE(allocatearrays());
     EXPECT_EQ(session.extraLines, 4);
     EXPECT_EQ(session.maxLines, 28);
 }
@@ -97,7 +97,7 @@ TEST(CapacityOfTheVisualSide, LeavesTheExtraLinesThatTheRowsInUseLeave) {
 TEST(CapacityOfTheLifeSide, DoesNotCountTheRowsInUseForItsExtraLines) {
     FreshSession fresh(lifeSide);
     session.lastRow = 24;
-    ASSERT_TRUE(sizearrays());
+    ASSERT_TRUE(allocatearrays());
     EXPECT_EQ(session.extraLines, 12);
 }
 

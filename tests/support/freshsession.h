@@ -11,7 +11,7 @@ public:
         session = Session{};
         session.sizeExponent = exponent;
         chooseside(side);
-        sizearrays();
+        allocatearrays();
     }
     ~FreshSession() { session = Session{}; }
     FreshSession(const FreshSession&) = delete;

@@ -24,7 +24,7 @@ protected:
     LifeTest() : former(std::exchange(platform, &desktop)) {
         session = Session{};
         chooseside(lifeSide);
-        EXPECT_TRUE(sizearrays());
+        EXPECT_TRUE(allocatearrays());
     }
     ~LifeTest() override {
         session = Session{};

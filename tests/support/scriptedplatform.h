@@ -9,10 +9,16 @@
 #include <vector>
 
 #include "platform/platform.h"
+#include "support/fakesystem.h"
 
 /// A platform that answers from a script. Prompts must come in the order in which they are expected; one that
 /// was not expected fails the test, and so does an answer left over at the end. In force while it lives.
-class ScriptedPlatform : public Platform, private Prompts, private MainWindow, private Clock {
+class ScriptedPlatform : public Platform,
+                         private Prompts,
+                         private MainWindow,
+                         private Clock,
+                         private Clipboard,
+                         private Pictures {
 public:
     /// What a prompt showed.
     struct Shown {
@@ -31,6 +37,9 @@ public:
     std::vector<Shown> shown;             ///< every prompt, in order
     std::vector<std::string> windowCalls; ///< "caption: Data", "repaintgrid", …, in order
     std::string today = "2024-02-29";
+    FakeSystem machine;
+    std::optional<std::string> clipboardText, clipboardPicture;
+    std::vector<std::string> bitmaps; ///< files of the bitmaps painted
 
     ScriptedPlatform() : former(platform) { platform = this; }
     ~ScriptedPlatform() override {
@@ -74,6 +83,9 @@ public:
     Prompts& prompts() override { return *this; }
     MainWindow& window() override { return *this; }
     Clock& clock() override { return *this; }
+    System& system() override { return machine; }
+    Clipboard& clipboard() override { return *this; }
+    Pictures& pictures() override { return *this; }
 
 private:
     enum class Kind { menu, message, number, text, slider, color };
@@ -163,6 +175,20 @@ private:
     bool pendingevents() override { return escapeIn > 0 && --escapeIn == 0; }
 
     std::string date() override { return today; }
+
+    std::optional<std::string> text() override { return clipboardText; }
+    bool settext(std::string_view text) override {
+        clipboardText = std::string(text);
+        return true;
+    }
+    bool setpicture(std::string_view svg) override {
+        clipboardPicture = std::string(svg);
+        return true;
+    }
+    bool bitmap(const std::string& path, std::string_view, int, int) override {
+        bitmaps.push_back(path);
+        return true;
+    }
 
     Platform* former;
     std::deque<Answer> script;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <ctime>
 
+#include "platform/files.h"
 #include "shell/prompts.h"
 
 int HeadlessPlatform::menu(const MenuPage& page) {
@@ -21,3 +22,7 @@ std::string HeadlessPlatform::date() {
     const std::size_t length = std::strftime(text, sizeof text, "%Y-%m-%d", std::localtime(&now));
     return {text, length};
 }
+
+std::optional<std::string> HeadlessPlatform::text() { return readfile("-"); }
+
+bool HeadlessPlatform::settext(std::string_view text) { return writefile("-", text); }

@@ -1,0 +1,182 @@
+#include "platform/system.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iomanip>
+#include <locale>
+#include <sstream>
+#include <stdexcept>
+#include <system_error>
+
+#include "platform/paths.h"
+
+#ifndef _WIN32
+#include <sys/types.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::optional<std::string> variable(const char* name) {
+    const char* const value = std::getenv(name);
+    if (!value || !*value) return std::nullopt;
+    return value;
+}
+
+char lower(char c) { return static_cast<char>(std::tolower(static_cast<unsigned char>(c))); }
+
+} // namespace
+
+bool fitspattern(std::string_view name, std::string_view pattern) {
+    std::size_t n = 0, p = 0;
+    std::size_t star = std::string_view::npos, taken = 0;
+    while (n < name.size()) {
+        if (p < pattern.size() && (pattern[p] == '?' || lower(pattern[p]) == lower(name[n]))) {
+            ++n;
+            ++p;
+        } else if (p < pattern.size() && pattern[p] == '*') {
+            star = p++;
+            taken = n;
+        } else if (star != std::string_view::npos) {
+            p = star + 1;
+            n = ++taken;
+        } else {
+            return false;
+        }
+    }
+    return pattern.find_first_not_of('*', p) == std::string_view::npos;
+}
+
+#ifndef _WIN32
+
+/// The names are those of Windows; each is answered with what stands for it here.
+std::optional<std::string> NativeSystem::environment(std::string_view name) {
+    const auto home = variable("HOME");
+    const auto own = [](const std::string& native) { return ownpath(native); };
+    if (name == "APPDATA") {
+        if (const auto config = variable("XDG_CONFIG_HOME")) return own(*config);
+        return home ? std::optional(own(*home + "/.config")) : std::nullopt;
+    }
+    if (name == "TEMP" || name == "TMP") {
+        const auto folder = variable("TMPDIR");
+        return own(folder ? *folder : "/tmp");
+    }
+    if (name == "HOMEDRIVE") return home ? std::optional<std::string>("") : std::nullopt;
+    if (name == "HOMEPATH") return home ? std::optional(own(*home)) : std::nullopt;
+    return variable(std::string(name).c_str());
+}
+
+std::string NativeSystem::programfile() {
+    std::error_code error;
+    const fs::path linked = fs::read_symlink("/proc/self/exe", error);
+    return ownpath(error ? fs::absolute(startName, error).string() : linked.string());
+}
+
+bool NativeSystem::start(const std::string& program, std::span<const std::string> arguments) {
+    const std::string file = nativepath(program);
+    if (::access(file.c_str(), X_OK) != 0) return false;
+    std::vector<std::string> words{file};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    std::vector<char*> pointers;
+    for (std::string& word : words) pointers.push_back(word.data());
+    pointers.push_back(nullptr);
+    // Twice forked: the program belongs to nobody, and leaves no trace when it ends before this one.
+    const pid_t child = ::fork();
+    if (child < 0) return false;
+    if (child == 0) {
+        if (::fork() == 0) {
+            ::setsid();
+            ::execv(pointers[0], pointers.data());
+        }
+        ::_exit(0);
+    }
+    ::waitpid(child, nullptr, 0);
+    return true;
+}
+
+#else
+
+std::optional<std::string> NativeSystem::environment(std::string_view name) {
+    return variable(std::string(name).c_str());
+}
+
+std::string NativeSystem::programfile() {
+    std::error_code error;
+    return ownpath(fs::absolute(startName, error).string());
+}
+
+bool NativeSystem::start(const std::string& program, std::span<const std::string> arguments) {
+    std::string line = "start \"\" \"" + program + "\"";
+    for (const std::string& argument : arguments) line += " \"" + argument + "\"";
+    return std::system(line.c_str()) == 0;
+}
+
+#endif
+
+std::string NativeSystem::numbertext(double value, int decimals) {
+    std::ostringstream text;
+    try {
+        text.imbue(std::locale(""));
+    } catch (const std::runtime_error&) { // an environment that names a locale the machine does not have
+    }
+    text << std::fixed << std::setprecision(decimals) << value;
+    return text.str();
+}
+
+std::string NativeSystem::currentfolder() {
+    std::error_code error;
+    const fs::path folder = fs::current_path(error);
+    return error ? std::string() : withbackslash(ownpath(folder.string()));
+}
+
+bool NativeSystem::enterfolder(const std::string& folder) {
+    std::error_code error;
+    fs::current_path(nativepath(folder), error);
+    return !error;
+}
+
+bool NativeSystem::makefolder(const std::string& folder) {
+    std::error_code error;
+    fs::create_directories(nativepath(folder), error);
+    return fs::is_directory(nativepath(folder), error);
+}
+
+bool NativeSystem::fileexists(const std::string& path) {
+    std::error_code error;
+    return fs::is_regular_file(nativepath(path), error);
+}
+
+bool NativeSystem::writable(const std::string& folder, const std::string& testname) {
+    const std::string file = nativepath(withbackslash(folder) + testname);
+    std::error_code error;
+    if (fs::exists(file, error)) return std::ofstream(file, std::ios::binary | std::ios::app).good();
+    bool written = false;
+    {
+        std::ofstream test(file, std::ios::binary);
+        written = static_cast<bool>(test << 'x') && static_cast<bool>(test.flush());
+    }
+    fs::remove(file, error);
+    return written;
+}
+
+std::vector<std::string> NativeSystem::files(const std::string& folder, std::string_view pattern) {
+    std::vector<std::string> names;
+    std::error_code error;
+    for (const auto& entry : fs::directory_iterator(nativepath(folder.empty() ? "." : folder), error)) {
+        const std::string found = entry.path().filename().string();
+        if (entry.is_regular_file(error) && fitspattern(found, pattern)) names.push_back(found);
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+bool NativeSystem::removefile(const std::string& path) {
+    std::error_code error;
+    return fs::remove(nativepath(path), error);
+}

@@ -1,0 +1,79 @@
+#include "session/optionfile.h"
+
+#include <algorithm>
+#include <cctype>
+#include <string>
+
+#include "data/numbertext.h"
+#include "numeric/sngguard.h"
+#include "platform/files.h"
+#include "session/session.h"
+
+namespace {
+
+constexpr std::string_view parts[] = {"KEY", "OPTREPL", "RISK", "LIBRARY"};
+constexpr std::size_t riskSteps = 12;
+
+/// Texts that a line under OPTREPL replaces, from A.
+constexpr std::string Session::*replaced[] = {
+    &Session::mtbfName,  &Session::thresholdName, &Session::equationsName, &Session::fontName,
+    &Session::exportDecimal, &Session::plotTitle, &Session::titleSecond,   &Session::axisTitleX,
+    &Session::axisTitleY,    &Session::languageFile};
+
+template <class T>
+void putat(std::vector<T>& list, std::size_t index, T value) {
+    if (list.size() <= index) list.resize(index + 1);
+    list[index] = std::move(value);
+}
+
+void takerisk(std::size_t letter, std::string_view value) {
+    const NumberText number = readnumber(value);
+    if (!number.readable || letter >= 2 * riskSteps) return;
+    auto& rates = letter < riskSteps ? session.riskUsageRate : session.riskProdRate;
+    putat(rates, letter % riskSteps, sngguard(number.value));
+}
+
+void takeoption(std::size_t letter, std::string_view value) {
+    if (letter >= std::size(replaced)) return;
+    std::string& text = session.*replaced[letter];
+    if (&text == &session.exportDecimal && value != "." && value != ",") return;
+    text = value;
+}
+
+void takeline(std::string_view part, std::size_t letter, std::string_view value) {
+    if (part == "OPTREPL") takeoption(letter, value);
+    if (part == "RISK") takerisk(letter, value);
+    if (part == "LIBRARY") putat(session.libraryTitles, letter, std::string(value));
+}
+
+std::string_view trimmed(std::string_view text) {
+    const auto begin = text.find_first_not_of(" \t\r=");
+    return begin == std::string_view::npos ? std::string_view()
+                                           : text.substr(begin, text.find_last_not_of(" \t\r") - begin + 1);
+}
+
+} // namespace
+
+void optionfiletake(std::string_view text) {
+    std::string_view part;
+    while (!text.empty()) {
+        const auto end = std::min(text.find('\n'), text.size());
+        const std::string_view line = trimmed(text.substr(0, end));
+        text.remove_prefix(std::min(end + 1, text.size()));
+        if (const auto* named = std::find(std::begin(parts), std::end(parts), line); named != std::end(parts)) {
+            part = *named;
+            continue;
+        }
+        const bool lettered = !line.empty() && std::isalpha(static_cast<unsigned char>(line[0]))
+                              && (line.size() == 1 || line[1] == ' ' || line[1] == '\t' || line[1] == '=');
+        if (!lettered) continue;
+        const int letter = std::toupper(static_cast<unsigned char>(line[0])) - 'A';
+        takeline(part, static_cast<std::size_t>(letter), trimmed(line.substr(1)));
+    }
+}
+
+bool optionfileread(std::string_view path) {
+    const auto text = readfile(std::string(path));
+    if (text) optionfiletake(*text);
+    return text.has_value();
+}

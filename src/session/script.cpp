@@ -1,0 +1,169 @@
+#include "session/script.h"
+
+#include <algorithm>
+
+#include "platform/files.h"
+#include "platform/platform.h"
+#include "session/commandline.h"
+#include "session/opendata.h"
+#include "session/scriptoutput.h"
+#include "session/scriptrequest.h"
+#include "session/session.h"
+#include "session/settings.h"
+#include "session/siblings.h"
+#include "session/sizing.h"
+#include "shell/calcplot.h"
+#include "shell/words.h"
+
+namespace {
+
+/// The codes of the bounds, in the order of the methods.
+struct BoundCode {
+    std::string_view code;
+    int16_t confMethod;
+};
+constexpr BoundCode boundCodes[] = {{"BN", noBounds},
+                                    {"BV", -fisherBounds},
+                                    {"BI", binomialBounds},
+                                    {"FM", fisherBounds},
+                                    {"LR", likelihoodBounds},
+                                    {"MC", simulationBounds},
+                                    {"PV", pivotalBounds},
+                                    {"NC", normalTheoryBounds}};
+
+void takemethod(const std::string& code) {
+    for (const BoundCode& known : boundCodes) {
+        if (known.code != code) continue;
+        session.confMethod = known.confMethod;
+        session.confAuto = 0;
+        const bool sided = session.confLow > 0 || session.confHigh > 0;
+        if (known.confMethod != noBounds && !sided) {
+            session.confLow = 5;
+            session.confHigh = 95;
+        }
+    }
+}
+
+/// The settings of a request: switches, and options by name. False with the one that is wrong in msg.
+bool takesettings(const std::string& settings) {
+    std::string switches;
+    std::string_view rest = settings;
+    while (!rest.empty()) {
+        const auto end = std::min(rest.find_first_of(" \t,;"), rest.size());
+        const std::string_view word = rest.substr(0, end);
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+        const auto equals = word.find('=');
+        const bool named = equals != std::string_view::npos && !word.starts_with('-');
+        if (!named) {
+            switches.append(" ").append(word);
+        } else if (!settingset(word.substr(0, equals), word.substr(equals + 1))) {
+            compose(session.msg, Word::Unknown, ": ", AsTyped{word});
+            return false;
+        }
+    }
+    const Keep keep{session.cmdFile, session.scriptRequest};
+    if (!cmdparse(std::string_view(switches))) return false;
+    cmdapply();
+    return true;
+}
+
+/// Reads the inputs one behind another; one without data gives way to the clipboard.
+bool readinputs(const std::vector<std::string>& files) {
+    bool further = false;
+    for (const std::string& file : files) {
+        DataRead read = opendata(file, further);
+        if (read == DataRead::empty && file != "CLIPBOARD") read = opendata("CLIPBOARD", further);
+        if (read != DataRead::read) {
+            compose(session.msg, Word::Cannot, " ", Word::Open, " ", Word::File, ": ", AsTyped{file});
+            return scripterror(session.msg, ScriptHint::filename);
+        }
+        further = true;
+    }
+    if (roomfor(longestcolumn())) return true;
+    compose(session.msg, Word::Not, " ", Word::Enough, " ", Word::Free, " ", Word::Memory);
+    return scripterror(session.msg, ScriptHint::filename);
+}
+
+/// True when the run left something to put out: a line, or on the visual side points.
+bool anyresult() {
+    for (int k = 1; k <= setcount(); ++k)
+        if (session.setFitted(k) == 1 || (session.progSide != lifeSide && pointcount(k) > 0)) return true;
+    return false;
+}
+
+bool calculate() {
+    calcplot();
+    if (anyresult()) return true;
+    std::string text = " No Plot.";
+    for (const auto& messages : session.setMessages)
+        for (const std::string& message : messages) text += "\n" + message;
+    return scripterror(text, ScriptHint::filename);
+}
+
+bool runrequest(const ScriptRequest& request) {
+    if (!takesettings(request.settings)) return scripterror(session.msg, ScriptHint::commandline);
+    takemethod(request.method);
+    std::vector<std::string> files = request.files;
+    if (files.empty() && !session.cmdFile.empty()) files.push_back(session.cmdFile);
+    if (files.empty()) files.emplace_back("CLIPBOARD");
+    if (!readinputs(files) || !calculate()) return false;
+    for (const ScriptCommand& command : request.commands)
+        if (!scriptoutput(command))
+            return scripterror(session.msg, command.file.empty() ? ScriptHint::commandline : ScriptHint::filename);
+    if (request.deleteInput)
+        for (const std::string& file : files)
+            if (file != "CLIPBOARD" && file != "-") platform->system().removefile(file);
+    if (request.clipboardHelper && !spawn("clipbrd.exe", {})) {
+        compose(session.msg, Word::Cannot, " ", Word::Open, " ", Word::File, ": clipbrd.exe");
+        return scripterror(session.msg, ScriptHint::filename);
+    }
+    return true;
+}
+
+// ---- script files ----
+
+bool answer(const std::string& file, const std::string& text) {
+    const bool written =
+        file.empty() ? platform && platform->clipboard().settext(text) : writefile(file, text);
+    if (written) return true;
+    compose(session.msg, Word::Cannot, " ", Word::Save, " ", Word::File, ": ", AsTyped{file});
+    return scripterror(session.msg, ScriptHint::filename);
+}
+
+bool runfile(const std::string& name) {
+    const auto text = readfile(name);
+    if (!text) {
+        compose(session.msg, Word::Cannot, " ", Word::Open, " ", Word::File, ": ", AsTyped{name});
+        return scripterror(session.msg, ScriptHint::filename);
+    }
+    const auto script = scriptfileof(*text);
+    if (!script) return scripterror(session.msg, ScriptHint::commandline);
+    std::string blives, risk;
+    for (const std::string& file : script->files) {
+        if (!readinputs({file}) || !calculate()) return false;
+        blives += blifelines(script->bLevels);
+        // The forecast is no part of this version: each usage asked for is answered by no value.
+        for (std::size_t i = 0; i < script->usages.size(); ++i) risk.append(noAnswerText).append("\n");
+    }
+    if (!script->bLevels.empty() && !answer(script->bLevelFile, blives)) return false;
+    return script->usages.empty() || answer(script->riskFile, risk);
+}
+
+} // namespace
+
+bool scripterror(const std::string& text, ScriptHint hint) {
+    std::string whole = "KXQM err: " + text + "\n";
+    whole += hint == ScriptHint::filename ? "Check file/path name." : "Check command line.";
+    if (platform) {
+        platform->prompts().message(session.productName, whole);
+        platform->clipboard().settext(whole + "\n");
+    }
+    return false;
+}
+
+bool scriptrun() {
+    const auto request = requestof(session.scriptRequest);
+    if (!request) return scripterror(session.msg, ScriptHint::commandline);
+    if (!request->scriptFile.empty()) return runfile(request->scriptFile);
+    return runrequest(*request);
+}

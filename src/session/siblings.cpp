@@ -1,0 +1,64 @@
+#include "session/siblings.h"
+
+#include <algorithm>
+#include <cctype>
+#include <vector>
+
+#include "platform/files.h"
+#include "platform/platform.h"
+#include "session/findfile.h"
+#include "session/opendata.h"
+#include "session/session.h"
+#include "shell/prompts.h"
+#include "shell/words.h"
+
+namespace {
+
+struct SideProgram {
+    char side;
+    std::string_view name, tag;
+};
+constexpr SideProgram sides[] = {{'W', "VANEXW.EXE", "WVW"}, {'V', "VANEXV.EXE", "VXV"}, {'Y', "VANEXY.EXE", "VXY"}};
+
+std::string nativename(std::string_view name) {
+    std::string native(name);
+    std::transform(native.begin(), native.end(), native.begin(), [](unsigned char c) { return std::tolower(c); });
+    if (native.ends_with(".exe")) native.resize(native.size() - 4);
+    return native;
+}
+
+bool tellmissing(std::string_view name) {
+    compose(session.msg, Word::Cannot, " ", Word::Open, " ", Word::File, ": ", AsTyped{name});
+    tellok();
+    return false;
+}
+
+} // namespace
+
+std::string programof(std::string_view name) {
+    const std::string named = session.programPath + std::string(name);
+    if (platform && platform->system().fileexists(named)) return named;
+    return session.programPath + nativename(name);
+}
+
+bool spawn(std::string_view name, std::span<const std::string> arguments) {
+    std::vector<std::string> words(arguments.begin(), arguments.end());
+    if (!session.tempPath.empty()) {
+        words.emplace_back("-t");
+        words.push_back(session.tempPath);
+    }
+    return platform && platform->system().start(programof(name), words);
+}
+
+bool sidestart(char side, std::string_view commands) {
+    const auto* const program = std::find_if(std::begin(sides), std::end(sides), [&](const SideProgram& one) {
+        return one.side == side;
+    });
+    if (program == std::end(sides)) return false;
+    const std::string file = temppath("-x.tmp");
+    if (!writefile(file, dataastext())) return tellmissing(file);
+    const std::string request =
+        "[" + std::string(program->tag) + " [" + file + "] " + std::string(commands) + " D]";
+    const std::string arguments[] = {"-s", request};
+    return spawn(program->name, arguments) || tellmissing(program->name);
+}

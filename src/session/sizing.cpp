@@ -1,0 +1,59 @@
+#include "session/sizing.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "session/session.h"
+#include "shell/prompts.h"
+#include "shell/words.h"
+
+namespace {
+
+constexpr float fewestPoints = 35;
+constexpr double largestExponent = 10;
+
+void tellshortage() {
+    compose(session.msg, Word::Not, " ", Word::Enough, " ", Word::Free, " ", Word::Memory, " ", Word::Setup, " ",
+            Word::Change, " ", Word::Possible, "?");
+    tellok();
+}
+
+} // namespace
+
+float pointswanted() {
+    const bool wide = session.progSide == lifeSide || session.progSide == simulationSide;
+    const float budget = std::ldexp(wide ? 18000.0f : 6000.0f, session.sizeExponent) * session.budgetShare;
+    return std::floor(budget / session.maxRowsBase);
+}
+
+bool sizearrays() {
+    session.budgetShare = 1;
+    while (pointswanted() >= fewestPoints) {
+        if (allocatearrays()) return true;
+        if (session.sizeExponent > 0) {
+            --session.sizeExponent;
+            tellshortage();
+        } else {
+            session.budgetShare /= 2;
+        }
+    }
+    tellshortage();
+    session.maxPoints = 0;
+    return false;
+}
+
+void raisefor(double sets, double points) {
+    const double wanted = sets * points * static_cast<double>(session.sg);
+    const double present = static_cast<double>(session.maxRowsBase) * static_cast<double>(pointswanted());
+    if (!(wanted >= present) || !std::isfinite(wanted)) return;
+    const double steps = std::floor(std::log2(wanted / present) + 1);
+    session.sizeExponent =
+        static_cast<int16_t>(std::min(largestExponent, static_cast<double>(session.sizeExponent) + steps));
+}
+
+bool roomfor(std::size_t cells) {
+    const auto wanted = static_cast<double>(cells);
+    if (static_cast<double>(session.maxPoints) >= wanted) return true;
+    while (static_cast<double>(pointswanted()) < wanted && session.sizeExponent < 10) ++session.sizeExponent;
+    return sizearrays();
+}

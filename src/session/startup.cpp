@@ -1,0 +1,124 @@
+#include "session/startup.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include "platform/paths.h"
+#include "platform/platform.h"
+#include "session/commandline.h"
+#include "session/findfile.h"
+#include "session/findpaths.h"
+#include "session/optionfile.h"
+#include "session/script.h"
+#include "session/scriptrequest.h"
+#include "session/session.h"
+#include "session/settings.h"
+#include "session/sizing.h"
+#include "session/switches.h"
+#include "shell/prompts.h"
+#include "shell/words.h"
+
+namespace {
+
+constexpr float manyPoints = 600; ///< from here on the arrays take a moment
+
+/// The side by the name of the program, by a script's tag, by -p; the later one holds.
+Side sidewanted(std::string_view name) {
+    std::string program = nameof(name);
+    std::transform(program.begin(), program.end(), program.begin(), [](unsigned char c) { return std::tolower(c); });
+    Side side = program.starts_with("vanexw") ? lifeSide : program.starts_with("vanexy") ? simulationSide : visualSide;
+    if (const auto request = requestof(session.scriptRequest); request && request->side != 0)
+        side = request->side == 'W' ? lifeSide : visualSide;
+    if (session.cmdSide != 0) side = static_cast<Side>(session.cmdSide);
+    return side;
+}
+
+/// The folder of the settings comes with the first start of a window; a script run leaves nothing behind.
+void makeconfigfolder(bool windowed) {
+    if (!windowed || !platform) return;
+    if (const auto settings = platform->system().environment("APPDATA"))
+        platform->system().makefolder(*settings + "\\OmniVANEX");
+}
+
+/// Folders asked for on the command line that could not be used: told, for the run goes on elsewhere.
+void notefolders() {
+    const auto note = [](char letter, const std::string& wanted, const std::string& used) {
+        if (wanted.empty() || used == withbackslash(ownpath(wanted))) return;
+        std::string text;
+        compose(text, Word::Cannot, " ", Word::Save, ": -", letter, " ", AsTyped{wanted});
+        session.cmdNotes.push_back(text);
+    };
+    note('c', session.cmdConfig, session.configPath);
+    note('t', session.cmdTemp, session.tempPath);
+}
+
+/// Folders, command line, side and settings. False when the command line is wrong.
+bool firstpass(const std::string& line, std::string_view name, bool windowed) {
+    session.startDir = platform ? platform->system().currentfolder() : std::string();
+    session.languageFile.clear();
+    wordload();
+    makeconfigfolder(windowed);
+    findpaths(line);
+    const bool understood = cmdparse(std::string_view(line));
+    const std::string fault = session.msg;
+    notefolders();
+    newtempbase();
+    chooseside(sidewanted(name));
+    decimalsep();
+    settingsread();
+    if (!session.cmdOptionFile.empty() && !optionfileread(session.cmdOptionFile))
+        session.cmdNotes.push_back(
+            compose(session.msg, Word::Cannot, " ", Word::Open, " ", Word::File, ": ", AsTyped{session.cmdOptionFile}));
+    if (windowed && session.settingsWritten == 0) settingswrite();
+    if (windowed) settingsmark(session.progSide == lifeSide ? 'W' : session.progSide == visualSide ? 'V' : 'Y', true);
+    session.msg = fault;
+    return understood;
+}
+
+bool sizeall() {
+    raisefor(static_cast<double>(session.cmdSets), static_cast<double>(session.cmdPoints));
+    if (pointswanted() >= manyPoints && platform)
+        platform->window().caption("Making Extra Large Array Dimensions - Please Wait ...");
+    return sizearrays();
+}
+
+StartEnd runscript(bool windowed) {
+    const bool good = scriptrun();
+    if (!windowed || session.cmdShowWindow == 0) return good ? StartEnd::exit : StartEnd::failed;
+    session.scriptRequest.clear();
+    return StartEnd::mainWindow;
+}
+
+} // namespace
+
+StartEnd startup(std::span<const std::string> words, std::string_view name, bool windowed) {
+    const bool first = session.startPasses++ == 0;
+    if (first) {
+        if (!firstpass(linefrom(words), name, windowed)) return StartEnd::wrongUse;
+        if (!sizeall()) return StartEnd::noMemory;
+    }
+    wordload();
+    cmdapply();
+    if (!session.scriptRequest.empty()) return runscript(windowed);
+    if (!windowed) return StartEnd::ready;
+    return session.skipStartScreen == 1 ? StartEnd::mainWindow : StartEnd::startWindow;
+}
+
+void shutdown() {
+    session.lastFile.clear();
+    settingswrite();
+    removetemporaries();
+    if (platform) platform->system().enterfolder(session.startDir);
+}
+
+void welcome() {
+    constexpr int16_t shownTwice = 2;
+    if (session.firstRunStage >= shownTwice) return;
+    ++session.firstRunStage;
+    settingswrite();
+    compose(session.msg, " WELCOME! Some Ways To Start:\n\n", Word::Type, " ", Word::Data, " ", Word::In, " ",
+            Word::Grid, "\n", Word::Open, " / ", Word::Get, " / ", Word::Import, "\n", Word::Paste, " ", Word::Data,
+            "\n", Word::Demonstrate, " / ", Word::Sample, "\n\n   (Select Language With The Computer Icon)");
+    if (session.firstRunStage == shownTwice) extend(session.msg, "\n\nThis Message Will Not Be Shown Again");
+    tellok();
+}
