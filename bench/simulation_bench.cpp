@@ -34,6 +34,16 @@ void pivotal(benchmark::State& state, SamplePlan plan, double censored) {
     }
 }
 
+/// Drawing and fitting alone.
+void samples(benchmark::State& state, SamplePlan plan) {
+    plan.leaves.assign(20, std::numeric_limits<double>::infinity());
+    plan.parent = {1, -1, 1000, 1.8};
+    SampleFitter fitter(plan);
+    RandomSource source;
+    SampleLine line;
+    for (auto _ : state) benchmark::DoNotOptimize(fitter.fit(fitter.draw(source), line));
+}
+
 SamplePlan planof(Shape shape, bool byLikelihood) {
     SamplePlan plan;
     plan.shape = shape;
@@ -43,6 +53,8 @@ SamplePlan planof(Shape shape, bool byLikelihood) {
 SamplePlan regression(Shape shape) { return planof(shape, false); }
 SamplePlan likelihood(Shape shape) { return planof(shape, true); }
 
+BENCHMARK_CAPTURE(samples, rr, regression(Shape::smallest));
+BENCHMARK_CAPTURE(samples, mle, likelihood(Shape::smallest));
 BENCHMARK_CAPTURE(pivotal, rr, regression(Shape::smallest), 0)->Arg(20)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(pivotal, mle, likelihood(Shape::smallest), 0)->Arg(20)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(pivotal, rrSuspensions, regression(Shape::smallest), 0.5)

@@ -9,6 +9,7 @@
 #include "analysis/newton.h"
 #include "analysis/ranks.h"
 #include "numeric/normal.h"
+#include "plot/transforms_register.h"
 #include "session/options.h"
 
 namespace {
@@ -18,7 +19,7 @@ bool never() { return false; }
 /// Quantile of the standard distribution.
 double standardquantile(Shape shape, double p) {
     switch (shape) {
-    case Shape::smallest: return std::log(-std::log1p(-p));
+    case Shape::smallest: return std::log(cumulatedhazard(p));
     case Shape::largest: return -std::log(-std::log(p));
     default: return normquantile(p);
     }
