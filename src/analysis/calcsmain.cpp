@@ -8,6 +8,7 @@
 #include "analysis/notices.h"
 #include "analysis/order.h"
 #include "analysis/regress.h"
+#include "analysis/threshold.h"
 #include "data/cell.h"
 #include "data/methodlabels.h"
 #include "data/numbertext.h"
@@ -73,6 +74,7 @@ void clearresults(const Set& set) {
     session.etaFit(set.row, 2) = session.betaFit(set.row, 2) = 0;
     for (const int method : {1, 2}) session.paramA(method, set.k) = session.paramB(method, set.k) = 0;
     session.paramThree(set.k) = 0;
+    if (session.findThreshold == 1) session.t0(set.k) = 0;
     session.setCorrelation(set.k) = 0;
     session.correlation(set.k) = 0;
     session.correlationLabel(set.k).clear();
@@ -154,15 +156,6 @@ bool fitpossible(const Set& set) {
     }
     if (failuresnotpositive(set)) {
         tellset(set.k, Word::Data, "? ... <= 0?\n", Word::Possible, " ", Word::Analysis, " = Weibayes");
-        return false;
-    }
-    return true;
-}
-
-/// A fit that is asked for and that this version does not have: told, never answered by another.
-bool methodready(const Set& set) {
-    if (session.findThreshold == 1) {
-        tellset(set.k, Word::Find, " t0 ", Word::Not, " ", Word::Ready);
         return false;
     }
     return true;
@@ -254,6 +247,7 @@ bool likelihoodline(const Set& set, const PlotLine& line) {
 }
 
 void fitset(const Set& set) {
+    if (session.findThreshold == 1 && !findthreshold(set.k)) return;
     placepoints(set.k);
     regressselect();
     session.setLabel(set.k).clear();
@@ -297,7 +291,7 @@ void analyseset(const Set& set) {
     if (!set.active || set.points == 0) return;
     appendstatus(session.setLabel(set.k), set.k);
     cautionunreadz(set);
-    if (!fitpossible(set) || !methodready(set)) return;
+    if (!fitpossible(set)) return;
     // By likelihood one failure will do, when other units are known not to have failed by its age.
     const bool oneFailure = session.fixedSlope > 0 || (bylikelihood() && session.countQuantity(set.k) > 1);
     const double needed = oneFailure ? 1 : 2;

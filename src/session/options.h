@@ -29,6 +29,7 @@ struct Options {
     int16_t findThreshold = 0;         ///< 1: a threshold t0 is searched
     int16_t scaleAsRecorded = 0;       ///< 1: the plot keeps the recorded scale when a t0 is in force
     int16_t thresholdByRegression = 0; ///< 1: the threshold of a likelihood fit is the one rr finds
+    int16_t normalCandidate = 0;       ///< 1: the distribution analysis tries the Normal, too
     int16_t variableSlopes = 0;        ///< variable-slope set-ups of a likelihood fit
     int16_t intervalPlot = 0;          ///< 1: the points of an X-Y plot may be intervals
 

@@ -402,13 +402,6 @@ TEST_F(CalcsmainTest, OneInspectionRowHasALineWhereTheSlopeIsKnown) {
 
 // ---- methods ----
 
-TEST_F(CalcsmainTest, TheSearchForAThresholdIsNotReady) {
-    session.findThreshold = 1;
-    life(good);
-    EXPECT_FALSE(fit().fitted);
-    EXPECT_EQ(told(), Notices{"Set 1: Find t0 Not Ready"});
-}
-
 TEST_F(CalcsmainTest, AtMleAFailureAboveAllSuspensionsIsRefused) {
     choosemethod(maximumLikelihood);
     for (const Cells& cells : {Cells{"-50", "100"}, Cells{"100", "-100"}, Cells{"-50x0x9", "100", "-100"}}) {

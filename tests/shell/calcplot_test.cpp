@@ -166,7 +166,7 @@ TEST_F(Discoveries, RefuseNothingWhereNoSearchIsAskedFor) {
 
 TEST_F(Discoveries, RefuseNothingWhereThereAreNone) {
     lifecells(1, {"100", "200", ">300"});
-    platform.expectmessage("Find t0 Not Ready");
+    platform.expectmessage("Set 1: Find t0 Not Possible");
     calcplot();
     EXPECT_EQ(session.findThreshold, 1);
 }
