@@ -3,14 +3,17 @@
 #include <algorithm>
 #include <cmath>
 
+#include "analysis/goodness.h"
 #include "analysis/linefit.h"
 #include "analysis/mlefit.h"
 #include "analysis/notices.h"
 #include "analysis/order.h"
 #include "analysis/regress.h"
+#include "analysis/twosets.h"
 #include "data/cell.h"
 #include "data/methodlabels.h"
 #include "data/numbertext.h"
+#include "data/reportgoodness.h"
 #include "numeric/sngguard.h"
 #include "plot/transforms.h"
 #include "session/session.h"
@@ -40,6 +43,14 @@ int activesets() {
 
 // ---- start of a run ----
 
+/// The comparison of two sets stands in the title before anything that is said of the contours.
+void comparesets() {
+    session.PVALUEFF.fill(static_cast<float>(noAnswer));
+    if (!twosetsasked()) return;
+    twosettest();
+    appenddifference(session.runTitle, session.PVALUEFF(1));
+}
+
 void runtitle() {
     const int kind = std::abs(session.confMethod);
     session.runTitle = "(";
@@ -48,6 +59,7 @@ void runtitle() {
     append(session.runTitle, Word::Fit);
     session.runTitle += ')';
     const auto extend = [](const auto&... parts) { (append(session.runTitle, parts), ...); };
+    comparesets();
     if (kind == 3 && session.confMethod < 0) extend(" ", Word::Assurance, " ... 1 vs. 2");
     if (kind == 3 && session.confMethod > 0) extend(" ", Word::Likelihood, " ", Word::Contour, " ");
     if (kind == 4 || kind == 5) extend(" ", Word::Simulation, " ", Word::Results, " ");
@@ -84,6 +96,7 @@ void clearresults(const Set& set) {
     session.LOGLYKMLE(set.k) = noAnswer;
     session.setLabel(set.k).clear();
     session.sums = {};
+    cleargoodness(set.k);
     if (session.sg < 3) return;
     if (session.confLow == 0) session.n(set.row - 2) = 0;
     if (session.confHigh == 0) session.n(set.row - 1) = 0;
@@ -270,6 +283,7 @@ void fitset(const Set& set) {
     if (spread && session.countSusp(set.k) == 0) session.sampleSd(set.k) = samplesd(session.sums);
     correlationofset(set, line);
     storeline(set);
+    goodnessofset(set.k);
 }
 
 // ---- the sets ----

@@ -2,6 +2,7 @@
 
 #include "data/methodlabels.h"
 #include "data/report.h"
+#include "data/reportgoodness.h"
 #include "data/settitle.h"
 #include "platform/platform.h"
 #include "plot/transforms.h"
@@ -157,7 +158,9 @@ void reportsetup() {
 void reportfit(int k) {
     if (session.LOGLYKMLE(k) > noLowLimit) report("mle (LL)=", Reported{session.LOGLYKMLE(k)});
     reportcell(0, Word::Correlation, "(r)=", Reported{session.setCorrelation(k)});
-    reportend(secondColumn, "r^2=", Reported{session.setCorrelation(k) * session.setCorrelation(k)});
+    reportcell(secondColumn, "r^2=", Reported{session.setCorrelation(k) * session.setCorrelation(k)});
+    reportcorrelationtest(k);
+    reportgoodness(k);
     compose(session.msg, ";", Word::Method, "=", session.setLabel(k));
     reportline();
     if (session.fitMethod == rankRegression
@@ -174,6 +177,11 @@ void reportfit(int k) {
 void reportanalysis() {
     const int lines = setcount();
     for (int k = 1; k <= lines; ++k) reportblock(k, lines);
+    if (!twosetsasked()) return;
+    std::string difference;
+    appenddifference(difference, session.PVALUEFF(1));
+    report();
+    report(difference);
 }
 
 void reportsummary() {
