@@ -5,11 +5,13 @@
 
 #include "analysis/goodness.h"
 #include "analysis/linefit.h"
+#include "analysis/loglik.h"
 #include "analysis/mlefit.h"
 #include "analysis/notices.h"
 #include "analysis/order.h"
 #include "analysis/regress.h"
 #include "analysis/twosets.h"
+#include "analysis/weibayes.h"
 #include "data/cell.h"
 #include "data/methodlabels.h"
 #include "data/numbertext.h"
@@ -286,6 +288,39 @@ void fitset(const Set& set) {
     goodnessofset(set.k);
 }
 
+/// A Weibull line of known slope that its points alone do not give: no failure, or something added to them.
+bool weibayesneeded(const Set& set) {
+    if (session.dist != weibull || session.fixedSlope <= 0 || groupedinput()) return false;
+    return occurrences(set) == 0 || weibayesadditions();
+}
+
+/// At rr a line without failures is no regression: the method that stands behind it is told.
+void tellweibayes(const Set& set) {
+    tellset(set.k, Word::Not, " ", Word::Enough, " ", Word::Occurrence, " ", Word::For, " ", Word::Regression,
+            " ", Word::With, " Weibayes [rr]\nWeibayes ", Word::For, " mle = ", Word::Only, " ",
+            Word::Maximum, " ", Word::Likelihood);
+}
+
+void fitweibayes(const Set& set) {
+    placepoints(set.k);
+    regresspositions();
+    if (session.calcError > 0 || session.abortCode == escapePressed) return;
+    if (occurrences(set) == 0 && !bylikelihood()) tellweibayes(set);
+    if (!weibayesready(set.k)) return;
+    weibayescalc();
+    if (session.beta <= 0 || !parametersinrange()) {
+        tellset(set.k, session.setLabel(set.k), " ", Word::Calculation, " ", Word::Truncated);
+        return;
+    }
+    if (bylikelihood()) {
+        loglyk();
+        session.LOGLYKMLE(set.k) = session.logLik;
+    }
+    correlationofset(set, fitline(session.sums, regressxony(), fixedplotslope()));
+    storeline(set);
+    goodnessofset(set.k);
+}
+
 // ---- the sets ----
 
 /// Cells that carry an interval or a discovery mark which the input type in force does not read.
@@ -314,6 +349,10 @@ void analyseset(const Set& set) {
     if (!fitpossible(set) || !methodready(set)) return;
     // By likelihood one failure will do, when other units are known not to have failed by its age.
     const bool oneFailure = session.fixedSlope > 0 || (bylikelihood() && session.countQuantity(set.k) > 1);
+    if (weibayesneeded(set)) {
+        fitweibayes(set);
+        return;
+    }
     const double needed = oneFailure ? 1 : 2;
     if (groupedinput() || occurrences(set) >= needed) {
         fitset(set);
@@ -364,6 +403,7 @@ void methodcheck() {
     if (session.fitMethod == rankRegression) session.mleVariant = 0;
     if (session.mleVariant < 0 || session.mleVariant > 5) session.mleVariant = 0;
     if (session.fixedSlope < 0 || !std::isfinite(session.fixedSlope)) session.fixedSlope = 0;
+    weibayescheck();
 }
 
 void calcsmain() {

@@ -68,6 +68,20 @@ void reportparameters(int k) {
     reportend(thirdColumn, parametername(session.dist, 2), "=", Reported{session.betaFit(row, 1)});
 }
 
+/// What was added to a Weibayes line, and the confidence that stands for the failures it has none of.
+void reportweibayes(int k) {
+    if (session.dist != weibull || session.fixedSlope <= 0) return;
+    const bool added = session.wbFail > 0 || session.wbSusp > 0;
+    const bool failed =
+        session.countOccr(k) + session.countDisc(k) + session.countIntv(k) + session.wbFail > 0;
+    if (failed && !added) return;
+    reportcell(0, session.lineLabelA(k));
+    if (failed)
+        report();
+    else
+        reportend(secondColumn, "wbcnf = ", session.wbConf);
+}
+
 /// Mean, counts and threshold.
 void reportcounts(int k) {
     if (session.occurrenceMean(k) > noLowLimit)
@@ -116,6 +130,7 @@ void reportblock(int k, int lines) {
     reportset(k);
     if (session.setFitted(k) == 1) {
         reportparameters(k);
+        reportweibayes(k);
         reportfit(k);
     }
     reportcounts(k);
