@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "analysis/goodness.h"
+#include "analysis/lifeterms.h"
 #include "analysis/linefit.h"
 #include "analysis/loglik.h"
 #include "analysis/mlefit.h"
@@ -50,6 +51,7 @@ void comparesets() {
     session.PVALUEFF.fill(static_cast<float>(noAnswer));
     if (!twosetsasked()) return;
     twosettest();
+    if (session.PVALUEFF(1) < 0) session.runTitle += ' ';
     appenddifference(session.runTitle, session.PVALUEFF(1));
 }
 
@@ -302,6 +304,10 @@ void tellweibayes(const Set& set) {
 }
 
 void fitweibayes(const Set& set) {
+    if (portionatrisk() < 1) { // the sum knows no units that never fail
+        tellnoline(set);
+        return;
+    }
     placepoints(set.k);
     regresspositions();
     if (session.calcError > 0 || session.abortCode == escapePressed) return;

@@ -60,7 +60,10 @@ double differenceofsets() {
 } // namespace
 
 double largestloglikelihood(Shape shape, std::span<const LifeTerm> terms, double portion, double fixedScale) {
-    if (terms.empty()) return noAnswer;
+    const auto placed = [](const LifeTerm& term) {
+        return std::isfinite(term.low) && std::isfinite(term.high);
+    };
+    if (terms.empty() || !std::all_of(terms.begin(), terms.end(), placed)) return noAnswer;
     const LineSearch found = maximumlikelihood(shape, terms, portion, fixedScale, escaped);
     if (found.end != SearchEnd::found) return noAnswer;
     const double sum = loglikelihoodof({shape, false, found.location, found.scale}, terms, portion);

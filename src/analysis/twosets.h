@@ -8,8 +8,9 @@
 /// with one. Cox and Hinkley, Theoretical Statistics (1974), ch. 9; Lawless, Statistical Models and Methods
 /// for Lifetime Data (2003), ch. 5.
 
-/// Largest log likelihood of a line over terms on the plot scale; noAnswer when there is no maximum. A
-/// density is that of the plot scale, so that only differences over the same values mean anything.
+/// Largest log likelihood of a line over terms on the plot scale; noAnswer when there is no maximum, and when
+/// a term has no place on that scale. A density is that of the plot scale, so that only differences over the
+/// same values mean anything.
 double largestloglikelihood(Shape shape, std::span<const LifeTerm> terms, double portion, double fixedScale);
 
 /// p-value in percent of twice a log likelihood ratio, 100 (1 - P(T)) with P the chi-square distribution of

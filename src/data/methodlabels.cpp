@@ -20,10 +20,11 @@ void appendinputmark(std::string& text) {
     if (grouped && session.groupingOption == 2) text += 'd';
 }
 
-/// Units added to a Weibayes line: " + 2 F", " + 3 S".
+/// Units added to a Weibayes line: " + 2 F", " + 3 S". Grouped rows take none.
 void appendadded(std::string& text) {
     const float added = session.wbFail > 0 ? session.wbFail : session.wbSusp;
-    if (added <= 0) return;
+    const bool grouped = session.inputType >= prbt2 && session.inputType <= km4;
+    if (added <= 0 || grouped) return;
     extend(text, " + ", added, session.wbFail > 0 ? " F" : " S");
 }
 

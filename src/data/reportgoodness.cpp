@@ -17,13 +17,18 @@ constexpr double fewFailures = 14; ///< below, pve has rows of its own for each 
 /// A measure of the regression line means nothing beside a line that was fitted by likelihood.
 bool byregression(int k) { return !(session.LOGLYKMLE(k) > noLowLimit); }
 
+double failures(int k) {
+    const bool intervals = session.setInputType(k) == intv5;
+    return session.countOccr(k) + (intervals ? session.countIntv(k) + session.countDisc(k) : 0);
+}
+
 void reportpve(int k) {
     const double percent = session.pvePercent(k);
     compose(session.msg, "pve%=");
     if (percent <= 0) {
         append(session.msg, "0");
     } else {
-        appendpercent(session.msg, percent, session.countOccr(k) < fewFailures);
+        appendpercent(session.msg, percent, failures(k) < fewFailures);
         appendtenpercentmark(session.msg, "pve%", percent, false);
     }
     const std::string text = session.msg;
@@ -108,7 +113,10 @@ void appenddifference(std::string& text, double pFF) {
     if (!grade.empty()) extend(text, " (", grade, ")");
 }
 
-bool twosetsasked() { return setcount() == 2 && std::abs(session.confMethod) == likelihoodBounds; }
+bool twosetsasked() {
+    return setcount() == 2 && session.lineHide(1) == 0 && session.lineHide(2) == 0
+           && std::abs(session.confMethod) == likelihoodBounds;
+}
 
 void reportcorrelationtest(int k) {
     if (session.fitMeasure != 1 || !byregression(k)) {

@@ -23,7 +23,8 @@ void appenddifferencegrade(std::string& text, double confidence);
 /// " pFF-Difference [%] = 3.2 (Strong)", or "No LR Test Results" where the test gave no value. percent in.
 void appenddifference(std::string& text, double pFF);
 
-/// True when the run compares two sets by their likelihood: exactly two sets, and contours asked for.
+/// True when the run compares two sets by their likelihood: exactly two sets, both
+/// shown, and contours asked for.
 bool twosetsasked();
 
 /// Critical r^2 of set k with its mark, as the last cell of the line of the correlation.

@@ -50,7 +50,7 @@ TEST_F(TwoSets, NeedThreeFailures) {
     session.fixedSlope = 1;
     sets({{"100", "-200"}, {"300"}});
     EXPECT_EQ(pFF(), static_cast<float>(noAnswer));
-    EXPECT_NE(session.runTitle.find("No LR Test Results"), std::string::npos) << session.runTitle;
+    EXPECT_NE(session.runTitle.find(") No LR Test Results"), std::string::npos) << session.runTitle;
 }
 
 TEST_F(TwoSets, WithoutALineOfTheirOwnHaveNoTest) {
@@ -65,6 +65,19 @@ TEST_F(TwoSets, AreComparedLessTheirThresholds) {
     session.t0(2) = 90;
     sets({{"140", "240", "390"}, {"240", "390", "410"}});
     EXPECT_RELATIVE(pFF(), plain, 1e-4);
+}
+
+TEST_F(TwoSets, HaveNoTestWhereAValueLiesBelowTheThreshold) {
+    session.t0(1) = 150;
+    sets({{"100", "200", "350"}, {"150", "300", "320"}});
+    EXPECT_EQ(pFF(), static_cast<float>(noAnswer));
+}
+
+TEST_F(TwoSets, AreNotComparedWhenOneIsHidden) {
+    session.lineHide(2) = 1;
+    sets({{"100", "200", "350"}, {"150", "300", "320"}});
+    EXPECT_EQ(pFF(), static_cast<float>(noAnswer));
+    EXPECT_EQ(session.runTitle.find("LR"), std::string::npos);
 }
 
 TEST_F(TwoSets, AreComparedInGroupedInputToo) {

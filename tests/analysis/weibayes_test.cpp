@@ -204,6 +204,21 @@ TEST_F(WeibayesTest, NeedsAWeibullLineAndASlope) {
     EXPECT_FALSE(fit().fitted);
 }
 
+TEST_F(WeibayesTest, KnowsNoUnitsThatNeverFail) {
+    session.popPortion = 0.5f;
+    life({"-300", "-400"});
+    EXPECT_FALSE(fit().fitted);
+    EXPECT_EQ(told(), std::vector<std::string>{"Set 1: mle/tP%=50 Fit Not Possible"});
+}
+
+TEST_F(WeibayesTest, AddsNothingToGroupedRows) {
+    session.inputType = prbt2;
+    session.wbFail = 2;
+    life({"10x0x2x20", "20x0x8x20", "30x0x15x20"});
+    EXPECT_TRUE(fit().fitted);
+    EXPECT_EQ(session.lineLabelA(1), "R");
+}
+
 TEST_F(WeibayesTest, StoresItsResultsAsAnyFitDoes) {
     life({"-300", "-400"});
     EXPECT_EQ(session.paramA(2, 1), fit().eta);
