@@ -11,8 +11,9 @@
 // largest r^2. There the null distribution depends on the shape; a Weibull slope of 3.5 and a Lognormal
 // spread of 0.8 come closest to the tables of ccc^2.
 //
-// Each n is fitted on the scale of its own critical value: rho = (1 - r^2) / (1 - q), q the simulated tenth
-// percentile, so that pve and the table of ccc^2 agree at the level of 10 percent.
+// Every curve goes through 10 percent at rho = 1, so that pve and the table of ccc^2 never contradict each
+// other. With a threshold and fewer than 8 failures the table lies below the simulated value (6 to 9 percent
+// of the samples are under it); there the levels near 10 percent give way to it.
 
 #include <algorithm>
 #include <cmath>
@@ -117,6 +118,8 @@ double shareupto(const Values& sorted, double limit) {
            / static_cast<double>(sorted.size());
 }
 
+double criticalvalue(const Case& of, int n) { return cccsquare(of.family, of.threshold, n); }
+
 // ---- the fit
 
 const double tenPercent = std::log(std::log(10));
@@ -129,8 +132,7 @@ struct Curve {
 };
 
 /// The levels of pve between two r^2, and for each what the form must give there.
-std::vector<Level> levelsof(const Values& sorted, double low, double high) {
-    const double critical = quantile(sorted, 0.1);
+std::vector<Level> levelsof(const Values& sorted, double critical, double low, double high) {
     std::vector<Level> levels;
     for (double p = 0.005; p < 0.9975; p += 0.0025) {
         const double r2 = quantile(sorted, p);
@@ -175,19 +177,16 @@ struct Rows {
 
 /// One row, or two that meet at the better of the two splits.
 Rows fitrows(const Case& of, int n) {
-    const Values sorted = simulate(of, n, of.threshold ? 400000 : 2000000);
-    if (n >= 8) return {0, bestcurve(levelsof(sorted, 0, 1), 1, tenPercent), {}};
+    const Values sorted = simulate(of, n, of.threshold ? 300000 : 2000000);
+    const double critical = criticalvalue(of, n);
+    if (n >= 8) return {0, bestcurve(levelsof(sorted, critical, 0, 1), 1, tenPercent), {}};
     Rows best;
     double error = HUGE_VAL;
-    const double tail = 1 - quantile(sorted, 0.1);
     for (const double split : {0.93, 0.96}) {
-        // The split is at an r^2, and so at a rho of the table of ccc^2; the samples have a scale of their
-        // own.
-        const double rho = (1 - split) / (1 - cccsquare(of.family, of.threshold, n));
-        const double border = 1 - rho * tail;
-        const Curve lower = bestcurve(levelsof(sorted, 0, border), 1, tenPercent);
+        const double rho = (1 - split) / (1 - critical);
+        const Curve lower = bestcurve(levelsof(sorted, critical, 0, split), 1, tenPercent);
         const Curve upper =
-            bestcurve(levelsof(sorted, border, 1), rho, lower.B * std::pow(rho, lower.A) + lower.C);
+            bestcurve(levelsof(sorted, critical, split, 1), rho, lower.B * std::pow(rho, lower.A) + lower.C);
         if (lower.error + upper.error >= error) continue;
         error = lower.error + upper.error;
         best = {split, upper, lower};
@@ -222,7 +221,7 @@ void fitrange(const Case& of, const std::vector<int>& sizes) {
     std::vector<std::vector<Level>> levels;
     for (const int n : sizes) {
         const Values sorted = simulate(of, n, std::clamp(12000000 / n, 8000, 300000));
-        levels.push_back(levelsof(sorted, 0, 1));
+        levels.push_back(levelsof(sorted, criticalvalue(of, n), 0, 1));
         l.push_back(std::log(n));
         first.push_back(bestcurve(levels.back(), 1, tenPercent).A);
     }
