@@ -3,15 +3,21 @@
 #include <algorithm>
 #include <cmath>
 
+#include "analysis/goodness.h"
+#include "analysis/lifeterms.h"
 #include "analysis/linefit.h"
+#include "analysis/loglik.h"
 #include "analysis/mlefit.h"
 #include "analysis/notices.h"
 #include "analysis/order.h"
 #include "analysis/regress.h"
 #include "analysis/threshold.h"
+#include "analysis/twosets.h"
+#include "analysis/weibayes.h"
 #include "data/cell.h"
 #include "data/methodlabels.h"
 #include "data/numbertext.h"
+#include "data/reportgoodness.h"
 #include "numeric/sngguard.h"
 #include "plot/transforms.h"
 #include "session/session.h"
@@ -41,6 +47,15 @@ int activesets() {
 
 // ---- start of a run ----
 
+/// The comparison of two sets stands in the title before anything that is said of the contours.
+void comparesets() {
+    session.PVALUEFF.fill(static_cast<float>(noAnswer));
+    if (!twosetsasked()) return;
+    twosettest();
+    if (session.PVALUEFF(1) < 0) session.runTitle += ' ';
+    appenddifference(session.runTitle, session.PVALUEFF(1));
+}
+
 void runtitle() {
     const int kind = std::abs(session.confMethod);
     session.runTitle = "(";
@@ -49,6 +64,7 @@ void runtitle() {
     append(session.runTitle, Word::Fit);
     session.runTitle += ')';
     const auto extend = [](const auto&... parts) { (append(session.runTitle, parts), ...); };
+    comparesets();
     if (kind == 3 && session.confMethod < 0) extend(" ", Word::Assurance, " ... 1 vs. 2");
     if (kind == 3 && session.confMethod > 0) extend(" ", Word::Likelihood, " ", Word::Contour, " ");
     if (kind == 4 || kind == 5) extend(" ", Word::Simulation, " ", Word::Results, " ");
@@ -86,6 +102,7 @@ void clearresults(const Set& set) {
     session.LOGLYKMLE(set.k) = noAnswer;
     session.setLabel(set.k).clear();
     session.sums = {};
+    cleargoodness(set.k);
     if (session.sg < 3) return;
     if (session.confLow == 0) session.n(set.row - 2) = 0;
     if (session.confHigh == 0) session.n(set.row - 1) = 0;
@@ -264,6 +281,44 @@ void fitset(const Set& set) {
     if (spread && session.countSusp(set.k) == 0) session.sampleSd(set.k) = samplesd(session.sums);
     correlationofset(set, line);
     storeline(set);
+    goodnessofset(set.k);
+}
+
+/// A Weibull line of known slope that its points alone do not give: no failure, or something added to them.
+bool weibayesneeded(const Set& set) {
+    if (session.dist != weibull || session.fixedSlope <= 0 || groupedinput()) return false;
+    return occurrences(set) == 0 || weibayesadditions();
+}
+
+/// At rr a line without failures is no regression: the method that stands behind it is told.
+void tellweibayes(const Set& set) {
+    tellset(set.k, Word::Not, " ", Word::Enough, " ", Word::Occurrence, " ", Word::For, " ", Word::Regression,
+            " ", Word::With, " Weibayes [rr]\nWeibayes ", Word::For, " mle = ", Word::Only, " ",
+            Word::Maximum, " ", Word::Likelihood);
+}
+
+void fitweibayes(const Set& set) {
+    if (portionatrisk() < 1) { // the sum knows no units that never fail
+        tellnoline(set);
+        return;
+    }
+    placepoints(set.k);
+    regresspositions();
+    if (session.calcError > 0 || session.abortCode == escapePressed) return;
+    if (occurrences(set) == 0 && !bylikelihood()) tellweibayes(set);
+    if (!weibayesready(set.k)) return;
+    weibayescalc();
+    if (session.beta <= 0 || !parametersinrange()) {
+        tellset(set.k, session.setLabel(set.k), " ", Word::Calculation, " ", Word::Truncated);
+        return;
+    }
+    if (bylikelihood()) {
+        loglyk();
+        session.LOGLYKMLE(set.k) = session.logLik;
+    }
+    correlationofset(set, fitline(session.sums, regressxony(), fixedplotslope()));
+    storeline(set);
+    goodnessofset(set.k);
 }
 
 // ---- the sets ----
@@ -294,6 +349,10 @@ void analyseset(const Set& set) {
     if (!fitpossible(set)) return;
     // By likelihood one failure will do, when other units are known not to have failed by its age.
     const bool oneFailure = session.fixedSlope > 0 || (bylikelihood() && session.countQuantity(set.k) > 1);
+    if (weibayesneeded(set)) {
+        fitweibayes(set);
+        return;
+    }
     const double needed = oneFailure ? 1 : 2;
     if (groupedinput() || occurrences(set) >= needed) {
         fitset(set);
@@ -344,6 +403,7 @@ void methodcheck() {
     if (session.fitMethod == rankRegression) session.mleVariant = 0;
     if (session.mleVariant < 0 || session.mleVariant > 5) session.mleVariant = 0;
     if (session.fixedSlope < 0 || !std::isfinite(session.fixedSlope)) session.fixedSlope = 0;
+    weibayescheck();
 }
 
 void calcsmain() {

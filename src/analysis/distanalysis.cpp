@@ -1,3 +1,4 @@
+#include "analysis/goodness.h"
 #include "analysis/distanalysis.h"
 
 #include <algorithm>
@@ -22,9 +23,6 @@ constexpr double leastOccurrences = 3;
 constexpr double fewOccurrences = 21;   ///< below, the standard family is the better choice
 constexpr double leastConfidence = 0.5; ///< of a winner at mle
 constexpr Candidate standardPick{weibull, -1};
-
-/// Correction of a likelihood ratio for the sample size.
-double ratiocorrection(double n) { return n > 1 ? (n - 1) / (n + 0.618) : 0; }
 
 Candidate present() {
     const bool threshold = session.findThreshold == 1 && session.dist <= lognormal;
@@ -184,7 +182,7 @@ int bestcandidate(std::span<const double> measures) {
 }
 
 double confidenceofwinner(double winner, double standard, double n) {
-    const double ratio = 2 * (winner - standard) * ratiocorrection(n);
+    const double ratio = 2 * (winner - standard) * fultonfactor(n);
     return ratio > 0 ? chi2cdf(ratio, 1) : 0;
 }
 

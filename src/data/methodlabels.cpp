@@ -20,6 +20,14 @@ void appendinputmark(std::string& text) {
     if (grouped && session.groupingOption == 2) text += 'd';
 }
 
+/// Units added to a Weibayes line: " + 2 F", " + 3 S". Grouped rows take none.
+void appendadded(std::string& text) {
+    const float added = session.wbFail > 0 ? session.wbFail : session.wbSusp;
+    const bool grouped = session.inputType >= prbt2 && session.inputType <= km4;
+    if (added <= 0 || grouped) return;
+    extend(text, " + ", added, session.wbFail > 0 ? " F" : " S");
+}
+
 } // namespace
 
 std::string_view familyname(int family) {
@@ -60,9 +68,13 @@ void appendletter(std::string& text, int k) {
     const float slope = session.fixedSlope;
     switch (session.dist) {
     case weibull:
-        if (slope > 0)
-            text += slope == 1 ? "E" : slope == 2 ? "R" : "WB";
-        else
+        if (slope > 0) {
+            text += session.wbPlan == 3 && session.wbSusp > 0 ? "DS"
+                    : slope == 1                              ? "E"
+                    : slope == 2                              ? "R"
+                                                              : "WB";
+            appendadded(text);
+        } else
             text += static_cast<char>('A' + (k - 1) % 26);
         break;
     case lognormal:

@@ -2,6 +2,7 @@
 
 #include "data/methodlabels.h"
 #include "data/report.h"
+#include "data/reportgoodness.h"
 #include "data/settitle.h"
 #include "platform/platform.h"
 #include "plot/transforms.h"
@@ -67,6 +68,20 @@ void reportparameters(int k) {
     reportend(thirdColumn, parametername(session.dist, 2), "=", Reported{session.betaFit(row, 1)});
 }
 
+/// What was added to a Weibayes line, and the confidence that stands for the failures it has none of.
+void reportweibayes(int k) {
+    if (session.dist != weibull || session.fixedSlope <= 0) return;
+    const bool added = session.wbFail > 0 || session.wbSusp > 0;
+    const bool failed =
+        session.countOccr(k) + session.countDisc(k) + session.countIntv(k) + session.wbFail > 0;
+    if (failed && !added) return;
+    reportcell(0, session.lineLabelA(k));
+    if (failed)
+        report();
+    else
+        reportend(secondColumn, "wbcnf = ", session.wbConf);
+}
+
 /// Mean, counts and threshold.
 void reportcounts(int k) {
     if (session.occurrenceMean(k) > noLowLimit)
@@ -115,6 +130,7 @@ void reportblock(int k, int lines) {
     reportset(k);
     if (session.setFitted(k) == 1) {
         reportparameters(k);
+        reportweibayes(k);
         reportfit(k);
     }
     reportcounts(k);
@@ -157,7 +173,9 @@ void reportsetup() {
 void reportfit(int k) {
     if (session.LOGLYKMLE(k) > noLowLimit) report("mle (LL)=", Reported{session.LOGLYKMLE(k)});
     reportcell(0, Word::Correlation, "(r)=", Reported{session.setCorrelation(k)});
-    reportend(secondColumn, "r^2=", Reported{session.setCorrelation(k) * session.setCorrelation(k)});
+    reportcell(secondColumn, "r^2=", Reported{session.setCorrelation(k) * session.setCorrelation(k)});
+    reportcorrelationtest(k);
+    reportgoodness(k);
     compose(session.msg, ";", Word::Method, "=", session.setLabel(k));
     reportline();
     if (session.fitMethod == rankRegression
@@ -174,6 +192,11 @@ void reportfit(int k) {
 void reportanalysis() {
     const int lines = setcount();
     for (int k = 1; k <= lines; ++k) reportblock(k, lines);
+    if (!twosetsasked()) return;
+    std::string difference;
+    appenddifference(difference, session.PVALUEFF(1));
+    report();
+    report(difference);
 }
 
 void reportsummary() {

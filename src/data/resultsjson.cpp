@@ -16,6 +16,8 @@ struct SetField {
     void (*write)(JsonWriter&, int k);
 };
 
+constexpr auto noFigure = static_cast<float>(noAnswer);
+
 int dataRow(int k) { return static_cast<int>(rowofset(static_cast<float>(k))); }
 
 /// A result of the fit: no value for a set without a line.
@@ -26,6 +28,9 @@ void fitted(JsonWriter& json, int k, T value) {
     else
         json.null();
 }
+
+/// A figure of goodness: none where it is not positive.
+void percentage(JsonWriter& json, int k, float value) { fitted(json, k, value > 0 ? value : noFigure); }
 
 void writetype(JsonWriter& json, int16_t type) {
     static constexpr const char* names[] = {"occr", "susp", "disc", "intv", "intv"};
@@ -102,6 +107,10 @@ constexpr SetField setFields[] = {
     {"r", [](JsonWriter& json, int k) { fitted(json, k, session.setCorrelation(k)); }},
     {"r2",
      [](JsonWriter& json, int k) { fitted(json, k, session.setCorrelation(k) * session.setCorrelation(k)); }},
+    {"ccc2", [](JsonWriter& json, int k) { percentage(json, k, session.cccSquared(k)); }},
+    {"pve", [](JsonWriter& json, int k) { percentage(json, k, session.pvePercent(k)); }},
+    {"pAD", [](JsonWriter& json, int k) { percentage(json, k, session.pADPercent(k)); }},
+    {"pFF", [](JsonWriter& json, int k) { percentage(json, k, session.PVALUEFF(k)); }},
     {"logLik",
      [](JsonWriter& json, int k) {
          fitted(json, k, session.LOGLYKMLE(k) > noLowLimit ? session.LOGLYKMLE(k) : noAnswer);

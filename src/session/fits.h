@@ -63,10 +63,11 @@ struct Fits {
     int16_t fitKindCount = 10;
     List<float> CI;               ///< confidence level
     List<double> LOGLYKMLE;       ///< log likelihood of a likelihood fit; noAnswer for any other
-    List<float> PVALUE, PVALUEFF; ///< p-values: of the fit and of the comparison of two sets
+    List<float> PVALUE, PVALUEFF; ///< p-values in percent: of the fit and of the comparison of two sets
     List<float> cccSquared;       ///< critical r^2 of the family and the failure count
     List<float> pvePercent;       ///< pve%: share of samples of the family that fit no better
     List<float> pADPercent;       ///< pAD%: p-value of the Anderson-Darling test; noAnswer for none
+    List<double> modifiedA2;      ///< its statistic, modified for the sample size; 0 for none
     List<float> ETABARR1, BETABARR1, ETABARR2, BETABARR2; ///< process reliability lines
     Table<float> BARRXA, BARRYA;                          ///< process reliability points
     List<float> BARRN;                                    ///< and their count

@@ -15,7 +15,7 @@ inline constexpr List<float> Session::*setFloats[] = {
 inline constexpr List<double> Session::*setDoubles[] = {
     &Session::countOccr, &Session::setCorrelation, &Session::countSusp,      &Session::countDisc,
     &Session::countIntv, &Session::countQuantity,  &Session::occurrenceMean, &Session::timeTotal,
-    &Session::sampleSd,  &Session::LOGLYKMLE};
+    &Session::sampleSd,  &Session::LOGLYKMLE,      &Session::modifiedA2};
 
 inline constexpr List<int16_t> Session::*setFlags[] = {&Session::setFitted, &Session::setCorrected,
                                                        &Session::setPlaced, &Session::setInputType,

@@ -243,7 +243,8 @@ TEST_F(CalcsmainTest, ParametersBeyondTheNumericRangeAreTold) {
     EXPECT_EQ(told(), Notices{"Set 1: Parameter Too Big Or Too Small ..."});
 }
 
-TEST_F(CalcsmainTest, AFixedSlopeStillNeedsAFailure) {
+TEST_F(CalcsmainTest, AFixedSpreadStillNeedsAFailure) {
+    choose(lognormal);
     session.fixedSlope = 2;
     life({"-10", "-20"});
     EXPECT_FALSE(fit().fitted);
