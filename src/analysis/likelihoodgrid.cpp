@@ -1,4 +1,4 @@
-#include "analysis/contour.h"
+#include "analysis/likelihoodgrid.h"
 
 #include <cmath>
 

@@ -1,6 +1,6 @@
 // The table of the likelihood over the two parameters.
 
-#include "analysis/contour.h"
+#include "analysis/likelihoodgrid.h"
 
 #include <gtest/gtest.h>
 
