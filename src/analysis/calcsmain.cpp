@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "analysis/bounds.h"
+#include "analysis/boundsofset.h"
 #include "analysis/linefit.h"
 #include "analysis/mlefit.h"
 #include "analysis/notices.h"
@@ -53,13 +55,23 @@ void runtitle() {
     if (kind == 4 || kind == 5) extend(" ", Word::Simulation, " ", Word::Results, " ");
 }
 
+/// The rule looks at one set. A single set among several can be chosen by hiding the others.
+void refuseautomaticbounds() {
+    if (session.confAuto == 0 || activesets() <= 1) return;
+    session.confAuto = 0;
+    if (session.confLow == 0 && session.confHigh == 0) return;
+    tellrun(Word::Automatic, " ", Word::Confidence, " ", Word::Method, " ", Word::Only, " ", Word::For, " ",
+            Word::Single, " ", Word::Set);
+}
+
 void startrun() {
     if (session.fixedSlope != 0) session.fitMethod = session.fitMethodSaved;
     if (session.confMethod < -49 && session.findThreshold == 1) {
         tellrun("t0 = 0 ", Word::For, " BW ", Word::Results);
         session.findThreshold = 0;
     }
-    if (activesets() > 1) session.confAuto = 0;
+    refuseautomaticbounds();
+    session.ifylcnf = 0;
     session.calcError = 0;
     session.abortCode = 0;
     session.loglykErrorTold = session.minimumTold = 0;
@@ -84,9 +96,7 @@ void clearresults(const Set& set) {
     session.LOGLYKMLE(set.k) = noAnswer;
     session.setLabel(set.k).clear();
     session.sums = {};
-    if (session.sg < 3) return;
-    if (session.confLow == 0) session.n(set.row - 2) = 0;
-    if (session.confHigh == 0) session.n(set.row - 1) = 0;
+    clearbounds(set.k);
 }
 
 /// Occurrences that count for a fit: intervals and discoveries are failures in interval input.
@@ -270,6 +280,7 @@ void fitset(const Set& set) {
     if (spread && session.countSusp(set.k) == 0) session.sampleSd(set.k) = samplesd(session.sums);
     correlationofset(set, line);
     storeline(set);
+    boundsofset(set.k);
 }
 
 // ---- the sets ----

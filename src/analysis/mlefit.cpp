@@ -8,6 +8,7 @@
 #include "analysis/newton.h"
 #include "analysis/notices.h"
 #include "analysis/order.h"
+#include "analysis/plotterms.h"
 #include "session/session.h"
 
 namespace {
@@ -22,42 +23,6 @@ bool profileapplies() {
     return true;
 }
 
-/// The current set on the plot scale.
-class PlotTerms {
-public:
-    std::vector<LifeTerm> terms;
-
-    PlotTerms(int k, const StandardLine& family) : line(family) {
-        if (!groupedinput()) {
-            const int points = pointcount(k);
-            terms.reserve(static_cast<std::size_t>(points));
-            for (int j = 1; j <= points; ++j) take(termofpoint(k, j));
-            return;
-        }
-        GroupedRows rows(k);
-        for (GroupedRow row; rows.next(row);) {
-            take(row.failures());
-            take(row.survivors());
-        }
-    }
-
-private:
-    void take(LifeTerm term) {
-        if (term.weight == 0) return;
-        term.low = line.plotvalue(term.low);
-        if (term.known == Known::between || term.known == Known::outside)
-            term.high = line.plotvalue(term.high);
-        if (std::isinf(term.low)) {
-            if (term.known == Known::above) return; // alive when nothing could fail: no knowledge
-            if (term.known == Known::between) term = {Known::below, term.weight, term.high, 0};
-            if (term.known == Known::outside) term = {Known::above, term.weight, term.high, 0};
-        }
-        terms.push_back(term);
-    }
-
-    StandardLine line;
-};
-
 /// The scale on the plot scale that a fixed slope gives; 0 when the slope is free.
 double fixedscale() {
     if (session.fixedSlope <= 0) return 0;
@@ -68,8 +33,8 @@ SearchEnd generalsearch() {
     const double scale = fixedscale();
     if (session.fixedSlope > 0 && !(scale > 0)) return SearchEnd::noMaximum;
     const StandardLine family = standardline({session.dist, session.gumbeltype, 1, 1});
-    const PlotTerms data(session.currentSet, family);
-    const LineSearch found = maximumlikelihood(family.shape, data.terms, portionatrisk(), scale, escaped);
+    const std::vector<LifeTerm> terms = plotterms(session.currentSet, family);
+    const LineSearch found = maximumlikelihood(family.shape, terms, portionatrisk(), scale, escaped);
     if (found.end != SearchEnd::found) return found.end;
     const FamilyLine line = familyline(session.dist, session.gumbeltype, found.location, found.scale);
     session.eta = line.eta;
