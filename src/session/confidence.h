@@ -17,6 +17,9 @@ enum BoundMethod : int16_t {
     normalTheoryBounds = 6 ///< nr
 };
 
+/// Percentages of the B life table: bound curves have a point at each.
+inline constexpr double bLives[] = {.1, .5, 1, 5, 10, 20, 50, 63.212, 90, 95, 99, 99.9};
+
 /// Confidence bounds: how they are made, and those of each set. The curves stand in the two rows before the
 /// set's own: X the data value, Y the probability, n the count of points. A single point is a row of one.
 struct Confidence {

@@ -50,7 +50,7 @@ TEST(FisherReference, TheInverseInformationIsThatOfTheTable) {
             errors.add(covariance.ll, expected("var_lnscale"), place + " var_lnscale");
         }
     EXPECT_EQ(errors.count, 60u);
-    errors.expectwithin(1e-10);
+    errors.expectwithin(1e-12);
 }
 
 TEST(LikelihoodRatioReference, TheExtremesOfTheContourAreTheProfileBounds) {
@@ -76,7 +76,7 @@ TEST(LikelihoodRatioReference, TheExtremesOfTheContourAreTheProfileBounds) {
                     std::max(betaof(scale.low), betaof(scale.high)));
         }
     EXPECT_EQ(errors.count, 120u);
-    errors.expectwithin(1e-8);
+    errors.expectwithin(1e-12);
 }
 
 class BoundsReference : public LifeTest {
