@@ -75,6 +75,7 @@ public:
 
     bool operator()(BoundSide side, double x, double p) const {
         if (x <= 0 && session.negativeXAllowed != 1) return true;
+        if (session.confMethod < 0) return false; // a single point answers what was asked
         const double place = line.z(x - t0);
         const double distance = place - plotyofp(session.dist, session.gumbeltype, p); // right, below: > 0
         const bool right = bounded == Bounded::value ? side == BoundSide::high : side == BoundSide::low;

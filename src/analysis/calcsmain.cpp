@@ -107,6 +107,7 @@ double occurrences(const Set& set) {
 }
 
 void checknormalbounds(const Set& set) {
+    if (session.confAuto == 1) return; // the rule takes another method for such a set
     const bool withoutBounds = session.dist == lognormal && session.confLow == 0 && session.confHigh == 0;
     if (std::abs(session.confMethod) != 6 || session.countSusp(set.k) == 0 || withoutBounds) return;
     session.confLow = session.confHigh = 0;

@@ -11,5 +11,5 @@
 ///
 /// Negative confMethod: the one probability singleP, no curve. Refused, and told, for other families and
 /// for anything but exact failures.
-/// Hahn and Meeker, Statistical Intervals (1991), ch. 4; the curve to 1e-9 of the distance from the mean.
+/// Hahn and Meeker, Statistical Intervals (1991), ch. 4; the curve to 1e-11 of the deviation.
 void confidnormal();
