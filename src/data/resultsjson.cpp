@@ -99,7 +99,7 @@ double valueat(int k, double p) {
     return session.ud + static_cast<double>(session.t0(k));
 }
 
-/// Bounds of the parameters and of the B lives; a side without a bound is null.
+/// Bounds of the parameters and of the B lives, which are singles; a side without a bound is null.
 void writebounds(JsonWriter& json, int k) {
     if (!hasbounds(k)) return json.null();
     json.open('{');
@@ -115,8 +115,8 @@ void writebounds(JsonWriter& json, int k) {
         json.open('{');
         json.field("p", percent / 100);
         json.field("x", valueat(k, percent / 100));
-        json.field("lo", bounds.low);
-        json.field("hi", bounds.high);
+        json.field("lo", static_cast<float>(bounds.low));
+        json.field("hi", static_cast<float>(bounds.high));
         json.close('}');
     }
     json.close(']');

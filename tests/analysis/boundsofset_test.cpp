@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "analysis/bounds.h"
+#include "analysis/contour.h"
 #include "analysis/information.h"
 #include "analysis/plotterms.h"
 #include "data/boundvalues.h"
@@ -336,6 +337,31 @@ TEST_F(BoundsTest, TheContourStandsWhereTheLikelihoodIsBelowItsMaximumByHalfTheC
     const double off = std::sqrt(variance * std::expm1(chi2inv(0.9, 1) / 3));
     EXPECT_RELATIVE(session.paramLow(1, 1), 200 - off, 1e-10);
     EXPECT_RELATIVE(session.paramHigh(1, 1), 200 + off, 1e-10);
+}
+
+TEST(LikelihoodContour, HasTheSameExtremesHoweverManyDirectionsAreWalked) {
+    // One failure among suspensions, intervals, a hundred suspensions: contours far from a circle.
+    const std::vector<std::vector<LifeTerm>> all = {
+        {{Known::exactly, 1, 0, 0}, {Known::above, 3, 0.2, 0}, {Known::above, 1, 0.7, 0}},
+        {{Known::between, 2, -1, 0.5}, {Known::below, 1, -0.5, 0}, {Known::between, 2, 0.7, 2}},
+        {{Known::exactly, 2, -1, 0}, {Known::exactly, 1, 0.4, 0}, {Known::above, 100, 0.5, 0}}};
+    const auto never = [] { return false; };
+    for (const auto& terms : all)
+        for (const Shape shape : {Shape::smallest, Shape::largest, Shape::bell}) {
+            const LineSearch found = maximumlikelihood(shape, terms, 1, 0, never);
+            ASSERT_EQ(found.end, SearchEnd::found);
+            const StandardLine line{shape, false, found.location, found.scale};
+            Contour few(line, terms, 1);
+            Contour many(line, terms, 1);
+            ASSERT_TRUE(few.walk(chi2inv(0.9, 1) / 2, 30, never));
+            ASSERT_TRUE(many.walk(chi2inv(0.9, 1) / 2, 1440, never));
+            for (const double t : {-13.8, -4.0, -1.0, 0.0, 2.0}) {
+                EXPECT_RELATIVE(few.value(t).low, many.value(t).low, 1e-9);
+                EXPECT_RELATIVE(few.value(t).high, many.value(t).high, 1e-9);
+            }
+            EXPECT_RELATIVE(few.scale().low, many.scale().low, 1e-9);
+            EXPECT_RELATIVE(few.scale().high, many.scale().high, 1e-9);
+        }
 }
 
 TEST_F(BoundsTest, TheTestOfTwoSetsIsNoBound) {
