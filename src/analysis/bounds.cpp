@@ -4,6 +4,7 @@
 #include <cmath>
 #include <vector>
 
+#include "numeric/normal.h"
 #include "numeric/sngguard.h"
 #include "plot/ladder.h"
 #include "session/session.h"
@@ -40,4 +41,38 @@ std::span<const double> boundprobabilities() {
         return list;
     }();
     return all;
+}
+
+std::span<const double> askedprobabilities() {
+    if (session.confMethod < 0) return {&session.singleP, 1};
+    return boundprobabilities();
+}
+
+double confidenceofside() {
+    const double low = static_cast<double>(session.confLow) / 100;
+    const double high = static_cast<double>(session.confHigh) / 100;
+    double q = low > 0 ? high + 1 - low : high;
+    if (low > 0 && high > 0) q /= 2;
+    return q > 0 && q < 1 ? q : 0;
+}
+
+double fmzvalue() {
+    const double q = confidenceofside();
+    return q > 0 ? std::fabs(normquantile(q)) : 0;
+}
+
+void addbounds(int k, double p, const Limits& x) {
+    const double t0 = session.t0(k);
+    if (boundasked(BoundSide::low)) addbound(k, BoundSide::low, x.low + t0, p);
+    if (boundasked(BoundSide::high)) addbound(k, BoundSide::high, x.high + t0, p);
+}
+
+void keepparameterbounds(int k, const Limits& eta, const Limits& beta) {
+    if (boundasked(BoundSide::low)) {
+        session.paramLow(k, 1) = eta.low;
+        session.paramLow(k, 2) = beta.low;
+    }
+    if (!boundasked(BoundSide::high)) return;
+    session.paramHigh(k, 1) = eta.high;
+    session.paramHigh(k, 2) = beta.high;
 }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "analysis/bounds.h"
+#include "analysis/boundsofset.h"
 #include "analysis/goodness.h"
 #include "analysis/lifeterms.h"
 #include "analysis/linefit.h"
@@ -70,13 +72,23 @@ void runtitle() {
     if (kind == 4 || kind == 5) extend(" ", Word::Simulation, " ", Word::Results, " ");
 }
 
+/// The rule looks at one set. A single set among several can be chosen by hiding the others.
+void refuseautomaticbounds() {
+    if (session.confAuto == 0 || activesets() <= 1) return;
+    session.confAuto = 0;
+    if (session.confLow == 0 && session.confHigh == 0) return;
+    tellrun(Word::Automatic, " ", Word::Confidence, " ", Word::Method, " ", Word::Only, " ", Word::For, " ",
+            Word::Single, " ", Word::Set);
+}
+
 void startrun() {
     if (session.fixedSlope != 0) session.fitMethod = session.fitMethodSaved;
     if (session.confMethod < -49 && session.findThreshold == 1) {
         tellrun("t0 = 0 ", Word::For, " BW ", Word::Results);
         session.findThreshold = 0;
     }
-    if (activesets() > 1) session.confAuto = 0;
+    refuseautomaticbounds();
+    session.ifylcnf = 0;
     session.calcError = 0;
     session.abortCode = 0;
     session.loglykErrorTold = session.minimumTold = 0;
@@ -103,9 +115,7 @@ void clearresults(const Set& set) {
     session.setLabel(set.k).clear();
     session.sums = {};
     cleargoodness(set.k);
-    if (session.sg < 3) return;
-    if (session.confLow == 0) session.n(set.row - 2) = 0;
-    if (session.confHigh == 0) session.n(set.row - 1) = 0;
+    clearbounds(set.k);
 }
 
 /// Occurrences that count for a fit: intervals and discoveries are failures in interval input.
@@ -116,6 +126,7 @@ double occurrences(const Set& set) {
 }
 
 void checknormalbounds(const Set& set) {
+    if (session.confAuto == 1) return; // the rule takes another method for such a set
     const bool withoutBounds = session.dist == lognormal && session.confLow == 0 && session.confHigh == 0;
     if (std::abs(session.confMethod) != 6 || session.countSusp(set.k) == 0 || withoutBounds) return;
     session.confLow = session.confHigh = 0;
@@ -217,6 +228,12 @@ void storeline(const Set& set) {
     appendletter(session.lineLabelA(set.k), set.k);
 }
 
+/// What a line that stands is worth.
+void judgeline(const Set& set) {
+    goodnessofset(set.k);
+    boundsofset(set.k);
+}
+
 void tellnoline(const Set& set) {
     std::string& label = session.setLabel(set.k);
     tellset(set.k, label, " ", Word::Fit, " ", Word::Not, " ", Word::Possible);
@@ -281,7 +298,7 @@ void fitset(const Set& set) {
     if (spread && session.countSusp(set.k) == 0) session.sampleSd(set.k) = samplesd(session.sums);
     correlationofset(set, line);
     storeline(set);
-    goodnessofset(set.k);
+    judgeline(set);
 }
 
 /// A Weibull line of known slope that its points alone do not give: no failure, or something added to them.
@@ -318,7 +335,7 @@ void fitweibayes(const Set& set) {
     }
     correlationofset(set, fitline(session.sums, regressxony(), fixedplotslope()));
     storeline(set);
-    goodnessofset(set.k);
+    judgeline(set);
 }
 
 // ---- the sets ----

@@ -184,20 +184,10 @@ void parameterbounds(int k, Simulated& simulated, BoundSide side) {
 }
 
 void curve(int k, Simulated& simulated, BoundSide side) {
-    for (const double p : boundprobabilities()) {
+    for (const double p : askedprobabilities()) {
         const double plot = simulated.quantile(standardplace(p), confidenceof(side));
         addbound(k, side, simulated.datavalue(plot) + session.t0(k), p);
     }
-}
-
-void singlepoint(int k, Simulated& simulated) {
-    const auto bound = [&](BoundSide side) {
-        if (!boundasked(side)) return noAnswer;
-        const double plot = simulated.quantile(standardplace(session.ydd), confidenceof(side));
-        return answer(simulated.datavalue(plot) + session.t0(k));
-    };
-    session.ud = bound(BoundSide::low);
-    session.udq = bound(BoundSide::high);
 }
 
 void keepcorrelations(const std::vector<SampleLine>& lines) {
@@ -239,7 +229,6 @@ void confidmc() {
     const int k = session.currentSet;
     const int row = static_cast<int>(rowofset(static_cast<float>(k)));
     clearbounds(k);
-    session.ud = session.udq = noAnswer;
     if (session.setFitted(k) != 1 || !simulable(k)) return;
     const Keep keep(session.eta, session.beta);
     session.eta = session.etaFit(row, 1);
@@ -255,14 +244,10 @@ void confidmc() {
     if (!simulationserves(k, ending, static_cast<int>(lines.size()), count)) return;
     keepcorrelations(lines);
     Simulated simulated(lines, line, std::abs(session.confMethod) == pivotalBounds);
-    if (session.confMethod < 0) {
-        singlepoint(k, simulated);
-        return;
-    }
     for (const BoundSide side : {BoundSide::low, BoundSide::high}) {
         if (!boundasked(side)) continue;
         parameterbounds(k, simulated, side);
         curve(k, simulated, side);
     }
-    session.setBoundLabel(k) = session.confMethod == pivotalBounds ? "pv" : "mc";
+    session.setBoundLabel(k) = std::abs(session.confMethod) == pivotalBounds ? "pv" : "mc";
 }

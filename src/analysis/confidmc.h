@@ -17,8 +17,7 @@
 /// samples in mcCorrelations. A locked rndStart gives the same digits every run. Escape ends the simulation
 /// with the samples done, if they suffice for both confidences: then it is used up, and the count is told.
 ///
-/// A negative confMethod makes no curve: for the probability in ydd, ud and udq take the low and the high
-/// bound of x, noAnswer for a side that is not asked or cannot be had.
+/// A negative confMethod makes no curve but the single point at singleP.
 ///
 /// Points with discoveries or intervals, grouped rows, tied inspection rows and a portion of the population
 /// are told to be not possible: their samples would need the plan of the inspections.

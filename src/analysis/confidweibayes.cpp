@@ -13,7 +13,7 @@ double fillside(int k, BoundSide side, const WeibayesData& data, double percent)
     const double eta = weibayeslimit(data.sum.logarithm(), beta, data.failures, 100 - percent);
     if (eta <= 0) return 0;
     const FamilyLine line{weibull, session.gumbeltype, eta, beta};
-    for (const double p : boundprobabilities())
+    for (const double p : askedprobabilities())
         addbound(k, side, quantileofp(line, p, false) + session.t0(k), p);
     return eta;
 }

@@ -26,8 +26,7 @@ SearchEnd generalsearch() {
     const double scale = fixedscale();
     if (session.fixedSlope > 0 && !(scale > 0)) return SearchEnd::noMaximum;
     const StandardLine family = standardline({session.dist, session.gumbeltype, 1, 1});
-    std::vector<LifeTerm> terms;
-    appendplotterms(terms, session.currentSet, family);
+    const std::vector<LifeTerm> terms = plotterms(session.currentSet, family);
     const LineSearch found = maximumlikelihood(family.shape, terms, portionatrisk(), scale, escaped);
     if (found.end != SearchEnd::found) return found.end;
     const FamilyLine line = familyline(session.dist, session.gumbeltype, found.location, found.scale);

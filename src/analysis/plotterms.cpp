@@ -35,6 +35,12 @@ void appendplotterms(std::vector<LifeTerm>& terms, int k, const StandardLine& fa
     }
 }
 
+std::vector<LifeTerm> plotterms(int k, const StandardLine& family) {
+    std::vector<LifeTerm> terms;
+    appendplotterms(terms, k, family);
+    return terms;
+}
+
 double fixedscale() {
     if (session.fixedSlope <= 0) return 0;
     return standardline({session.dist, session.gumbeltype, 1, session.fixedSlope}).scale;

@@ -10,3 +10,6 @@ void appendplotterms(std::vector<LifeTerm>& terms, int k, const StandardLine& fa
 
 /// The scale on the plot scale that a fixed slope gives; 0 when the slope is free.
 double fixedscale();
+
+/// The same as a list of its own.
+std::vector<LifeTerm> plotterms(int k, const StandardLine& family);

@@ -1,5 +1,6 @@
 #include "data/reportanalysis.h"
 
+#include "data/boundvalues.h"
 #include "data/methodlabels.h"
 #include "data/report.h"
 #include "data/reportgoodness.h"
@@ -9,9 +10,6 @@
 #include "shell/prompts.h"
 
 namespace {
-
-/// Percentages of the B life table.
-constexpr double bLives[] = {.1, .5, 1, 5, 10, 20, 50, 63.212, 90, 95, 99, 99.9};
 
 // Columns of the fit block.
 constexpr int secondColumn = 25;
@@ -82,10 +80,22 @@ void reportweibayes(int k) {
         reportend(secondColumn, "wbcnf = ", session.wbConf);
 }
 
-/// Mean, counts and threshold.
+/// Mean of the occurrences. It has bounds of its own where it is the parameter: a Normal set by normal
+/// theory.
+void reportmean(int k) {
+    if (!(session.occurrenceMean(k) > noLowLimit)) return;
+    reportcell(0, Word::Mean, " (", Word::Occurrence, " ", Word::Sum,
+               ")=", Reported{session.occurrenceMean(k)});
+    if (session.dist == normal && session.setBoundLabel(k) == "nr") {
+        if (session.paramLow(k, 1) > noLowLimit) reportcell(0, "  >", Reported{session.paramLow(k, 1)});
+        if (session.paramHigh(k, 1) > noLowLimit) reportcell(0, "  <", Reported{session.paramHigh(k, 1)});
+    }
+    report();
+}
+
+/// Counts and threshold.
 void reportcounts(int k) {
-    if (session.occurrenceMean(k) > noLowLimit)
-        report(Word::Mean, " (", Word::Occurrence, " ", Word::Sum, ")=", Reported{session.occurrenceMean(k)});
+    reportmean(k);
     const auto counts = [k](const auto&... lead) {
         report(lead..., Word::Total, " =", session.countQuantity(k), "  ", Word::Occurrence, "=",
                session.countOccr(k), " (Susp=", session.countSusp(k), " Disc=", session.countDisc(k),
@@ -103,20 +113,54 @@ void reportcounts(int k) {
         report();
 }
 
-/// The value by which each percentage of the population has failed.
+/// Confidence and method of the bounds, and the bounds of the parameters.
+void reportbounds(int k) {
+    if (!hasbounds(k)) return;
+    reportend(0, "c%=", boundconfidence(), " ", session.setBoundLabel(k));
+    for (const int j : {1, 2}) {
+        const double low = session.paramLow(k, j);
+        const double high = session.paramHigh(k, j);
+        if (!(low > noLowLimit) && !(high > noLowLimit)) continue;
+        reportcell(3, parametername(session.dist, j));
+        if (low > noLowLimit) reportcell(secondColumn, "(-)=", Reported{low});
+        if (high > noLowLimit) reportcell(thirdColumn, "(+)=", Reported{high});
+        report();
+    }
+}
+
+// Columns of the B life table: the value, and its bounds behind it.
+constexpr int valueColumn = 14;
+constexpr int lowerColumn = 30;
+constexpr int upperColumn = 46;
+
+void reportblifehead(int k) {
+    report();
+    reportcell(4, "B%");
+    reportcell(valueColumn + 1, Word::Median, " ", Word::Value);
+    if (hasbounds(k)) {
+        const ValueBounds percent = valuepercentages(k);
+        if (percent.low > 0) reportcell(lowerColumn + 1, percent.low, "% ", Word::Lower);
+        if (percent.high > 0) reportcell(upperColumn + 1, percent.high, "% ", Word::Upper);
+    }
+    report();
+}
+
+/// The value by which each percentage of the population has failed, and its bounds.
 void reportblives(int k) {
     const int row = static_cast<int>(rowofset(static_cast<float>(k)));
     const Keep keep{session.eta, session.beta, session.ud};
     session.eta = session.etaFit(row, 1);
     session.beta = session.betaFit(row, 1);
-    report();
-    reportcell(4, "B%");
-    reportend(15, Word::Median, " ", Word::Value);
+    reportblifehead(k);
     for (const double percent : bLives) {
         session.ud = percent / 100;
         txp2xd();
         reportcell(3, ReportedColumn{percent});
-        reportend(14, ReportedColumn{session.ud + session.t0(k)});
+        reportcell(valueColumn, ReportedColumn{session.ud + session.t0(k)});
+        const ValueBounds bounds = valuebounds(k, percent / 100);
+        if (bounds.low > noLowLimit) reportcell(lowerColumn, ReportedColumn{bounds.low});
+        if (bounds.high > noLowLimit) reportcell(upperColumn, ReportedColumn{bounds.high});
+        report();
     }
 }
 
@@ -134,7 +178,9 @@ void reportblock(int k, int lines) {
         reportfit(k);
     }
     reportcounts(k);
-    if (session.setFitted(k) == 1) reportblives(k);
+    if (session.setFitted(k) != 1) return;
+    reportbounds(k);
+    reportblives(k);
 }
 
 /// Sums over the sets of a summary.
@@ -177,6 +223,7 @@ void reportfit(int k) {
     reportcorrelationtest(k);
     reportgoodness(k);
     compose(session.msg, ";", Word::Method, "=", session.setLabel(k));
+    if (hasbounds(k)) extend(session.msg, " (", session.setBoundLabel(k), ")");
     reportline();
     if (session.fitMethod == rankRegression
         && !(session.setInputType(k) >= prbt2 && session.setInputType(k) <= km4))

@@ -2,10 +2,12 @@
 
 #include <cmath>
 
+#include "data/boundvalues.h"
 #include "data/cell.h"
 #include "data/json.h"
 #include "data/methodlabels.h"
 #include "data/settitle.h"
+#include "plot/transforms.h"
 #include "session/session.h"
 
 namespace {
@@ -84,6 +86,48 @@ void writepoints(JsonWriter& json, int k) {
     json.close(']');
 }
 
+void writepair(JsonWriter& json, const char* name, double low, double high) {
+    json.name(name);
+    json.open('[');
+    json.value(low);
+    json.value(high);
+    json.close(']');
+}
+
+/// Value of the line of set k at a probability.
+double valueat(int k, double p) {
+    const Keep keep{session.eta, session.beta, session.ud};
+    session.eta = session.etaFit(dataRow(k), 1);
+    session.beta = session.betaFit(dataRow(k), 1);
+    session.ud = p;
+    txp2xd();
+    return session.ud + static_cast<double>(session.t0(k));
+}
+
+/// Bounds of the parameters and of the B lives, which are singles; a side without a bound is null.
+void writebounds(JsonWriter& json, int k) {
+    if (!hasbounds(k)) return json.null();
+    json.open('{');
+    json.field("method", std::string_view(session.setBoundLabel(k)));
+    json.field("low", session.confLow);
+    json.field("high", session.confHigh);
+    writepair(json, "eta", session.paramLow(k, 1), session.paramHigh(k, 1));
+    writepair(json, "beta", session.paramLow(k, 2), session.paramHigh(k, 2));
+    json.name("blives");
+    json.open('[');
+    for (const double percent : bLives) {
+        const ValueBounds bounds = valuebounds(k, percent / 100);
+        json.open('{');
+        json.field("p", percent / 100);
+        json.field("x", valueat(k, percent / 100));
+        json.field("lo", static_cast<float>(bounds.low));
+        json.field("hi", static_cast<float>(bounds.high));
+        json.close('}');
+    }
+    json.close(']');
+    json.close('}');
+}
+
 void writetext(JsonWriter& json, void (*appendtext)(std::string&)) {
     std::string text;
     appendtext(text);
@@ -115,6 +159,7 @@ constexpr SetField setFields[] = {
      [](JsonWriter& json, int k) {
          fitted(json, k, session.LOGLYKMLE(k) > noLowLimit ? session.LOGLYKMLE(k) : noAnswer);
      }},
+    {"bounds", writebounds},
     {"messages", writemessages},
     {"points", writepoints},
 };

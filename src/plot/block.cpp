@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "data/boundvalues.h"
 #include "data/settitle.h"
 #include "plot/drawing.h"
 #include "plot/numbermask.h"
@@ -71,6 +72,7 @@ void legendlines(std::vector<BlockLine>& lines, BlockKind kind) {
 struct SetLines {
     std::string parameters[2];
     std::string fit[2];
+    std::string bounds[2];
 };
 
 SetLines wordsofset(int k) {
@@ -87,6 +89,10 @@ SetLines wordsofset(int k) {
     const double r = session.setCorrelation(k);
     if (hasline(k) && std::isfinite(r) && r != 0) compose(words.fit[0], "r^2=", numbertext(r * r, fitUse));
     words.fit[words.fit[0].empty() ? 0 : 1] = counts;
+    if (hasline(k) && hasbounds(k)) {
+        compose(words.bounds[0], "c%=", boundconfidence());
+        words.bounds[1] = session.setBoundLabel(k);
+    }
     return words;
 }
 
@@ -118,7 +124,9 @@ void linesofset(std::vector<BlockLine>& lines, int k, const SetLines& words, Blo
     }
     lines.push_back(std::move(heading));
     pushcells(lines, words.parameters, column);
-    if (kind == fullBlock) pushcells(lines, words.fit, column);
+    if (kind != fullBlock) return;
+    pushcells(lines, words.fit, column);
+    pushcells(lines, words.bounds, column);
 }
 
 void paramlines(std::vector<BlockLine>& lines, BlockKind kind) {

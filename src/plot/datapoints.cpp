@@ -4,6 +4,7 @@
 #include <cmath>
 #include <vector>
 
+#include "data/boundvalues.h"
 #include "data/cell.h"
 #include "plot/block.h"
 #include "plot/drawing.h"
@@ -19,6 +20,8 @@ namespace {
 
 /// From here on the marks of a screen take longer than the eye likes to wait.
 constexpr int slowPoints = 20000;
+
+constexpr int dashedPen = 100; ///< taken off the number of a pen: its dashed form
 
 double canvasx(double plotx) {
     return session.window.left + (plotx - session.window.xlow) * session.window.xfactor;
@@ -123,6 +126,28 @@ void fittedline(int k) {
     traceend();
 }
 
+/// A bound curve through its points, dashed and thin beside the line.
+void boundcurve(int k, int row) {
+    const auto points = static_cast<int>(session.n(row));
+    if (points < 2) return;
+    const Keep keep{session.plotpen, session.linewidth};
+    session.plotpen = static_cast<float>(colourofset(k) - dashedPen);
+    session.linewidth = 1;
+    const double shift = scaleshift(k) - static_cast<double>(session.t0(k));
+    bool started = false;
+    for (int m = 1; m <= points && plotting(); ++m) {
+        const double x = session.X(row, m) + shift;
+        const double y = session.Y(row, m);
+        if (!hasplotx(x) || !hasploty(y)) continue;
+        if (started)
+            traceto(canvasx(plotxof(x)), canvasy(plotyof(y)));
+        else
+            tracestart(canvasx(plotxof(x)), canvasy(plotyof(y)));
+        started = true;
+    }
+    traceend();
+}
+
 bool drawnaspoints(int k) {
     return session.plotMode == 1 || session.rowKind(static_cast<int>(rowofset(static_cast<float>(k)))) == "P";
 }
@@ -131,10 +156,14 @@ void lineofset(int k) {
     const Keep keep{session.plotpen, session.linewidth};
     session.plotpen = static_cast<float>(colourofset(k));
     session.linewidth = 2;
-    if (session.plotMode == 1 && hasline(k))
+    if (session.plotMode == 1 && hasline(k)) {
         fittedline(k);
-    else if (!drawnaspoints(k))
+        if (!hasbounds(k)) return;
+        boundcurve(k, lowboundrow(k));
+        boundcurve(k, highboundrow(k));
+    } else if (!drawnaspoints(k)) {
         polylineofset(k);
+    }
 }
 
 // ---- labels of the points ----

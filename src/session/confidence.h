@@ -17,12 +17,16 @@ enum BoundMethod : int16_t {
     normalTheoryBounds = 6 ///< nr
 };
 
+/// Percentages of the B life table: bound curves have a point at each.
+inline constexpr double bLives[] = {.1, .5, 1, 5, 10, 20, 50, 63.212, 90, 95, 99, 99.9};
+
 /// Confidence bounds: how they are made, and those of each set. The curves stand in the two rows before the
-/// set's own: X the data value, Y the probability, n the count of points.
+/// set's own: X the data value, Y the probability, n the count of points. A single point is a row of one.
 struct Confidence {
     int16_t confMethod = noBounds; ///< BoundMethod; negative: a single point is asked for
     float confLow = 0;             ///< low confidence in percent; 0 no low side
     float confHigh = 0;            ///< high confidence in percent; 0 no high side
+    double singleP = 0.1;          ///< probability of the single point that a negative confMethod asks for
     int16_t confAuto = 0;          ///< 1: the bound method is chosen by rule
     int16_t fisherForm = 0;        ///< Weibull: 0 on the logarithms, 1 mb, 2 mc
     float rndStart = 0;            ///< "Rnd #": start of the simulation; 0 variable, else locked

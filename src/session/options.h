@@ -33,6 +33,9 @@ struct Options {
     int16_t variableSlopes = 0;        ///< variable-slope set-ups of a likelihood fit
     int16_t intervalPlot = 0;          ///< 1: the points of an X-Y plot may be intervals
 
+    int16_t distributionAsked = 0; ///< 1: the run is followed by the choice among families
+    int16_t mixtureAsked = 0;      ///< 4 or 5: by a fit of two failure modes, without or with a portion
+    int16_t gridAsked = 0;         ///< 1: by the table of the likelihood
     int16_t fitMeasure = 1; ///< 1 r^2 with ccc^2, 2 pve%, 3 pAD%, else r alone
 
     /// Significant digits by UseClass: general, parameter, slope, axis, fit.

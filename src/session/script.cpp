@@ -5,6 +5,7 @@
 #include "platform/files.h"
 #include "platform/platform.h"
 #include "session/commandline.h"
+#include "session/followups.h"
 #include "session/opendata.h"
 #include "session/scriptoutput.h"
 #include "session/scriptrequest.h"
@@ -93,6 +94,7 @@ bool anyresult() {
 
 bool calculate() {
     calcplot();
+    followups();
     if (anyresult()) return true;
     std::string text = " No Plot.";
     for (const auto& messages : session.setMessages)

@@ -104,6 +104,11 @@ constexpr Setting newparam[] = {
 /// Options that follow the data at hand: a script sets them, the file does not keep them.
 constexpr Setting dataOptions[] = {
     {0, "fixedSlope", at<&S::fixedSlope>, 0, 1e6},
+    {0, "singleP", at<&S::singleP>, 1e-9, 1 - 1e-9},
+    {0, "normalCandidate", at<&S::normalCandidate>, 0, 1},
+    {0, "distributionAnalysis", at<&S::distributionAsked>, 0, 1},
+    {0, "mixtureFit", at<&S::mixtureAsked>, 0, 7},
+    {0, "likelihoodGrid", at<&S::gridAsked>, 0, 1},
     {0, "popPortion", at<&S::popPortion>, 0, 1},
     {0, "negativeXAllowed", at<&S::negativeXAllowed>, 0, 1},
     {0, "findThreshold", at<&S::findThreshold>, 0, 1},

@@ -498,11 +498,11 @@ TEST_F(CalcsmainTest, NormalBoundsAreClearedForASetWithSuspensions) {
     EXPECT_TRUE(fit().fitted);
 }
 
-TEST_F(CalcsmainTest, TheBoundRowsOfASideThatIsNotAskedForAreCleared) {
+TEST_F(CalcsmainTest, ARunWithoutBoundsLeavesNoneOfAnEarlierRun) {
     session.n(1) = session.n(2) = 7; // low and high bound of set 1
     session.confLow = 5;
     life(good);
-    EXPECT_EQ(session.n(1), 7);
+    EXPECT_EQ(session.n(1), 0);
     EXPECT_EQ(session.n(2), 0);
 }
 

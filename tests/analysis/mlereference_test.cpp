@@ -3,41 +3,17 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
-
 #include "analysis/linesearch.h"
 #include "analysis/loglik.h"
 #include "plot/transforms.h"
 #include "support/families.h"
 #include "support/lifefixture.h"
+#include "support/publisheddata.h"
 #include "support/reference.h"
 
 namespace {
 
-constexpr const char* dataSets[] = {"bearings", "cracks", "fans", "leukemia6mp"};
 constexpr const char* methods[] = {"mle_scipy", "mle_survreg"};
-
-const std::map<std::string, double>& published() {
-    static const auto table = [] {
-        std::map<std::string, double> found;
-        const ReferenceTable rows = reference("mle.csv");
-        for (std::size_t row = 0; row < rows.rows.size(); ++row) {
-            std::string key;
-            for (const char* column : {"dataset", "family", "method", "quantity"})
-                (key += rows.text(row, column)) += ',';
-            found[key] = rows.number(row, "value");
-        }
-        return found;
-    }();
-    return table;
-}
-
-Known known(std::string_view type) {
-    return type == "susp"   ? Known::above
-           : type == "disc" ? Known::below
-           : type == "intv" ? Known::between
-                            : Known::exactly;
-}
 
 /// Adds the line and its log likelihood to the errors, once for each of the two fits of the table.
 void compare(ErrorSummary& parameters, ErrorSummary& likelihoods, const std::string& dataSet,
@@ -57,19 +33,10 @@ TEST(MaximumLikelihoodReference, TheKernelsFindTheMaximaOfTheTable) {
     ErrorSummary parameters;
     ErrorSummary likelihoods;
     for (const std::string dataSet : dataSets) {
-        const ReferenceTable data = reference("data_" + dataSet + ".csv");
         for (const ReferenceFamily& family : families) {
             const StandardLine plot = standardline({family.family, family.extreme, 1, 1});
-            std::vector<LifeTerm> values;
-            std::vector<LifeTerm> terms;
-            for (std::size_t row = 0; row < data.rows.size(); ++row) {
-                const Known type = known(data.text(row, "type"));
-                const double high = type == Known::between ? data.number(row, "upper") : 0;
-                values.push_back({type, data.number(row, "quantity"), data.number(row, "value"), high});
-                terms.push_back(values.back());
-                terms.back().low = plot.plotvalue(terms.back().low);
-                if (type == Known::between) terms.back().high = plot.plotvalue(high);
-            }
+            const std::vector<LifeTerm> values = publishedterms(dataSet);
+            const std::vector<LifeTerm> terms = onplotscale(plot, values);
             const LineSearch found = maximumlikelihood(plot.shape, terms, 1, 0, [] { return false; });
             ASSERT_EQ(found.end, SearchEnd::found) << dataSet << ' ' << family.name;
             const FamilyLine line = familyline(family.family, family.extreme, found.location, found.scale);
@@ -91,18 +58,7 @@ TEST_F(MleReference, TheRunFindsTheMaximaOfTheTable) {
     ErrorSummary likelihoods;
     choosemethod(maximumLikelihood);
     for (const std::string dataSet : dataSets) {
-        const ReferenceTable data = reference("data_" + dataSet + ".csv");
-        Cells cells;
-        bool intervals = false;
-        for (std::size_t row = 0; row < data.rows.size(); ++row) {
-            const Known type = known(data.text(row, "type"));
-            std::string cell = type == Known::above ? "-" : "";
-            ((cell += data.text(row, "value")) += "x0x") += data.text(row, "quantity");
-            cell += 'x';
-            cell += type == Known::between ? data.text(row, "upper") : type == Known::below ? "-3.3e33" : "0";
-            intervals = intervals || type == Known::between;
-            cells.push_back(cell);
-        }
+        const auto [cells, intervals] = publishedcells(dataSet);
         session.inputType = intervals ? intv5 : standard0;
         for (const ReferenceFamily& family : families) {
             choose(family.family, family.extreme);
