@@ -287,21 +287,21 @@ TEST_F(ConfidmcTest, ScalesWithTheDataFromTheSmallestToTheLargest) {
     EXPECT_RELATIVE(at(BoundSide::low, 0.1) / fit().eta, byLikelihood, 1e-6);
 }
 
-TEST_F(ConfidmcTest, ANegativeMethodGivesTheBoundsOfOnePointAndNoCurve) {
+TEST_F(ConfidmcTest, ANegativeMethodGivesTheBoundsOfOnePointAlone) {
     bounds(ages);
     const double low = at(BoundSide::low, 0.1);
     const double high = at(BoundSide::high, 0.1);
     session.confMethod = -pivotalBounds;
     life(ages);
     session.currentSet = 1;
-    session.ydd = 0.1;
+    session.singleP = 0.1;
     confidmc();
-    EXPECT_RELATIVE(session.ud, low, 1e-6);
-    EXPECT_RELATIVE(session.udq, high, 1e-6);
-    EXPECT_TRUE(curve(BoundSide::low).x.empty());
+    ASSERT_EQ(curve(BoundSide::low).x.size(), 1u);
+    EXPECT_RELATIVE(at(BoundSide::low, 0.1), low, 1e-6);
+    EXPECT_RELATIVE(at(BoundSide::high, 0.1), high, 1e-6);
     session.confHigh = 0;
     confidmc();
-    EXPECT_EQ(session.udq, noAnswer);
+    EXPECT_TRUE(curve(BoundSide::high).x.empty());
 }
 
 // ---- sets at the edge ----
