@@ -11,8 +11,8 @@
 double noncentraltcdf(double t, double dof, double delta);
 
 /// Quantile: the t with P(T <= t) = p, by Newton's method on the normal deviate of P within a bracket.
-/// 0 < p < 1, else, and where noncentraltcdf has no answer, 0. Relative error of 1 + |t| below 1e-11 for p within
-/// 0.01 and 0.99, against 40-digit values.
+/// 0 < p < 1, else, and where noncentraltcdf has no answer, 0. Error below 1e-11 (1 + |t|) for p within 0.01
+/// and 0.99, against 40-digit values.
 double noncentraltquantile(double p, double dof, double delta);
 
 /// Factor k of a one-sided tolerance limit of n normal values: mean + k s is with confidence conf above the

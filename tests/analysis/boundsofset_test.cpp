@@ -115,15 +115,17 @@ TEST_F(BoundsTest, TheRuleIsRefusedForSeveralSets) {
     EXPECT_EQ(session.confAuto, 0);
 }
 
-TEST_F(BoundsTest, MethodsOfLaterVersionsAreToldAndNotReplaced) {
+TEST_F(BoundsTest, SimulationAndWeibayesLinesHaveTheirRoutines) {
     session.confMethod = simulationBounds;
+    session.rndStart = 7;
     life(censored);
-    EXPECT_EQ(told(), Notices{"Set 1: Confidence mc Not Ready"});
-    EXPECT_EQ(session.ifylcnf, 0);
+    EXPECT_EQ(session.setBoundLabel(1), "mc");
+    EXPECT_EQ(session.ifylcnf, 9);
     session.confMethod = fisherBounds;
     session.fixedSlope = 2;
     life(censored);
-    EXPECT_EQ(told(), Notices{"Set 1: Confidence wb Not Ready"});
+    EXPECT_EQ(session.setBoundLabel(1), "wb") << "whatever method is chosen";
+    EXPECT_EQ(session.ifylcnf, 9);
 }
 
 TEST_F(BoundsTest, ASetOfOnePointHasNone) {
