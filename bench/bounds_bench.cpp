@@ -18,7 +18,7 @@ void bounds(benchmark::State& state, Dist family, int16_t method, bool complete)
     platform = &desktop;
     session = Session{};
     chooseside(lifeSide);
-    sizearrays();
+    allocatearrays();
     session.dist = family;
     session.fitMethod = session.fitMethodSaved = maximumLikelihood;
     gridclear();

@@ -1,5 +1,5 @@
-#include "analysis/goodness.h"
 #include "analysis/distanalysis.h"
+#include "analysis/goodness.h"
 
 #include <algorithm>
 #include <cmath>

@@ -93,9 +93,9 @@ struct LongOption {
     std::string_view name;
     std::optional<std::string> Outputs::*value;
 };
-constexpr LongOption longOptions[] = {{"--report", &Outputs::report},      {"--json", &Outputs::json},
-                                      {"--plot", &Outputs::plot},          {"--plot-size", &Outputs::plotSize},
-                                      {"--language", &Outputs::language},  {"--format", &Outputs::format}};
+constexpr LongOption longOptions[] = {{"--report", &Outputs::report},     {"--json", &Outputs::json},
+                                      {"--plot", &Outputs::plot},         {"--plot-size", &Outputs::plotSize},
+                                      {"--language", &Outputs::language}, {"--format", &Outputs::format}};
 
 /// The help: usage, every switch in columns, outputs and examples.
 std::string helptext() {
@@ -120,9 +120,8 @@ bool takeoutputs(std::vector<std::string>& arguments, Outputs& outputs) {
             rest.push_back(arguments[i]);
             continue;
         }
-        const auto* option = std::find_if(std::begin(longOptions), std::end(longOptions), [&](const LongOption& one) {
-            return one.name == arguments[i];
-        });
+        const auto* option = std::find_if(std::begin(longOptions), std::end(longOptions),
+                                          [&](const LongOption& one) { return one.name == arguments[i]; });
         if (option == std::end(longOptions) || i + 1 == arguments.size()) {
             complainof(Word::Unknown, ": ", AsTyped{arguments[i]});
             return false;
@@ -223,7 +222,8 @@ bool writeoutput(const std::optional<std::string>& path, const std::string& text
 }
 
 int run(const Outputs& outputs, HeadlessPlatform& console) {
-    const bool loaded = session.cmdFile.empty() ? loadsample() : opendata(session.cmdFile) != DataRead::unreadable;
+    const bool loaded =
+        session.cmdFile.empty() ? loadsample() : opendata(session.cmdFile) != DataRead::unreadable;
     if (!loaded) {
         complainof(Word::Cannot, " ", Word::Open, " ", Word::File, ": ", AsTyped{session.cmdFile});
         return noResult;

@@ -29,7 +29,8 @@ bool numberin(std::string_view text, double& value) {
 bool wholein(std::string_view text, int low, int high, int16_t& value) {
     if (text.size() > 2 && text.front() == '(' && text.back() == ')') text = text.substr(1, text.size() - 2);
     double number = 0;
-    if (!numberin(text, number) || number != std::floor(number) || number < low || number > high) return false;
+    if (!numberin(text, number) || number != std::floor(number) || number < low || number > high)
+        return false;
     value = static_cast<int16_t>(number);
     return true;
 }
@@ -204,12 +205,14 @@ constexpr SwitchHelp help[] = {
     {'i', "N", "input: 0 standard, 1 inspection, 2 and 3 probit, 4 Kaplan-Meier, 5 interval"},
     {'j', "N", "the same, or A standard, B inspection, C interval, W standard"},
     {'m', "N", "method: 1 rr, 2 rrs, 3 mle, 4 mleN-1, 5 RBAmd, 6 RBAmu, 7 RBApb, 8 RBAjjm"},
-    {'e', "NAME", "distribution: WEIBULL, LOGNORMAL, NORMAL, NORMAL+ (values may be negative), GUMBEL-,\n"
-                  "GUMBEL+, EXPONENTIAL, RAYLEIGH, WEIBAYES; behind it 3 for a threshold, 3AR for one\n"
-                  "with the scale as recorded, or (n) for a known slope: WEIBULL(2.5)"},
-    {'b', "LIST", "bounds: M1 binomial, M2 Fisher matrix, M3 likelihood ratio, M4 Monte Carlo,\n"
-                  "M5 pivotal, M6 normal theory; D90 double-sided, L95 lower, U95 upper, A95 either\n"
-                  "side; T100 a known threshold: M2D90, M3L95"},
+    {'e', "NAME",
+     "distribution: WEIBULL, LOGNORMAL, NORMAL, NORMAL+ (values may be negative), GUMBEL-,\n"
+     "GUMBEL+, EXPONENTIAL, RAYLEIGH, WEIBAYES; behind it 3 for a threshold, 3AR for one\n"
+     "with the scale as recorded, or (n) for a known slope: WEIBULL(2.5)"},
+    {'b', "LIST",
+     "bounds: M1 binomial, M2 Fisher matrix, M3 likelihood ratio, M4 Monte Carlo,\n"
+     "M5 pivotal, M6 normal theory; D90 double-sided, L95 lower, U95 upper, A95 either\n"
+     "side; T100 a known threshold: M2D90, M3L95"},
     {'g', "N", "samples of a simulation; maximum likelihood unless -m says otherwise"},
     {'x', "A[_B...]", "values at which SURV and RATE are asked for"},
     {'y', "A[_B...]", "the same for Y"},
@@ -267,7 +270,9 @@ constexpr Method methods[] = {{rankRegression, 0, 0},    {rankRegression, 1, 0},
 
 void applymethod() {
     constexpr int16_t plainLikelihood = 3;
-    const int16_t number = session.cmdMethod > 0 ? session.cmdMethod : session.cmdSamples > 0 ? plainLikelihood : 0;
+    const int16_t number = session.cmdMethod > 0    ? session.cmdMethod
+                           : session.cmdSamples > 0 ? plainLikelihood
+                                                    : 0;
     if (number == 0) return;
     const Method& method = methods[number - 1];
     session.fitMethod = session.fitMethodSaved = method.fitMethod;
@@ -295,7 +300,8 @@ void applyconfidence() {
     session.confHigh = sngguard(choice->high);
     session.confAuto = choice->automatic ? 1 : 0;
     if (choice->threshold != 0)
-        for (int k = 1; k <= static_cast<int>(session.maxSets); ++k) session.t0(k) = sngguard(choice->threshold);
+        for (int k = 1; k <= static_cast<int>(session.maxSets); ++k)
+            session.t0(k) = sngguard(choice->threshold);
 }
 
 void applyplot() {

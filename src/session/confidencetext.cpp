@@ -54,8 +54,7 @@ bool takelevel(ConfidenceChoice& choice, const Group& group) {
 bool take(ConfidenceChoice& choice, const Group& group) {
     switch (group.letter) {
     case 'M':
-        if (!group.valued || std::fabs(group.value) > most
-            || group.value != std::floor(group.value))
+        if (!group.valued || std::fabs(group.value) > most || group.value != std::floor(group.value))
             return false;
         choice.method = static_cast<int16_t>(group.value);
         choice.automatic = false;

@@ -6,10 +6,10 @@
 
 /// Confidence bounds as the command line asks for them.
 struct ConfidenceChoice {
-    int16_t method = 0;    ///< confMethod; negative for the assurance of a single point
-    double low = 0;        ///< confLow, percent; 0 no low side
-    double high = 0;       ///< confHigh, percent; 0 no high side
-    double threshold = 0;  ///< t0 to use; 0 none
+    int16_t method = 0;     ///< confMethod; negative for the assurance of a single point
+    double low = 0;         ///< confLow, percent; 0 no low side
+    double high = 0;        ///< confHigh, percent; 0 no high side
+    double threshold = 0;   ///< t0 to use; 0 none
     bool automatic = false; ///< no method was named: it is chosen by rule
 };
 

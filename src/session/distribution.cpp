@@ -61,9 +61,9 @@ std::optional<DistributionChoice> distributionof(std::string_view text) {
         const bool known = rest.empty() ? !family.needsSlope : threshold || slope > 0;
         const bool logSpreadZero = family.dist == lognormal && slope > 0 && slope <= 1;
         if (!known || logSpreadZero) return std::nullopt;
-        return DistributionChoice{family.dist,          family.gumbeltype,
-                                  slope > 0 ? slope : family.fixedSlope,
-                                  family.negative == 1, threshold, rest == "3AR"};
+        return DistributionChoice{
+            family.dist,          family.gumbeltype, slope > 0 ? slope : family.fixedSlope,
+            family.negative == 1, threshold,         rest == "3AR"};
     }
     return std::nullopt;
 }

@@ -26,10 +26,9 @@ struct ClassRule {
     FileClass kind;
 };
 constexpr ClassRule classRules[] = {
-    {"", ".INI", FileClass::settings},   {"", ".TMP", FileClass::temporary},
-    {"GRID", "", FileClass::grid},       {"AIAG", "", FileClass::samples},
-    {"LIB", "", FileClass::library},     {"", ".EXE", FileClass::program},
-    {"VXLNG", "", FileClass::language},  {"", ".TXT", FileClass::text},
+    {"", ".INI", FileClass::settings},  {"", ".TMP", FileClass::temporary}, {"GRID", "", FileClass::grid},
+    {"AIAG", "", FileClass::samples},   {"LIB", "", FileClass::library},    {"", ".EXE", FileClass::program},
+    {"VXLNG", "", FileClass::language}, {"", ".TXT", FileClass::text},
 };
 
 enum class Home : uint8_t { config, program, temp };
@@ -40,11 +39,16 @@ struct OwnName {
     Home home;
 };
 constexpr OwnName ownNames[] = {
-    {"VANEX.INI", "VANEX.INI", Home::config}, {"", ".EXE", Home::program},
-    {"WV2RUDGE.RGD", "WV2RUDGE.RGD", Home::temp}, {"WV2RUDGE.RGM", "WV2RUDGE.RGM", Home::temp},
-    {"X.TMP", "X.TMP", Home::temp},           {"RUDGE2WV.RGR", "RUDGE2WV.RGR", Home::temp},
-    {"VX", ".TMP", Home::temp},               {"LIBCMNT", "", Home::program},
-    {"VXLNG", "", Home::program},             {"VANEXLNG.", "", Home::program},
+    {"VANEX.INI", "VANEX.INI", Home::config},
+    {"", ".EXE", Home::program},
+    {"WV2RUDGE.RGD", "WV2RUDGE.RGD", Home::temp},
+    {"WV2RUDGE.RGM", "WV2RUDGE.RGM", Home::temp},
+    {"X.TMP", "X.TMP", Home::temp},
+    {"RUDGE2WV.RGR", "RUDGE2WV.RGR", Home::temp},
+    {"VX", ".TMP", Home::temp},
+    {"LIBCMNT", "", Home::program},
+    {"VXLNG", "", Home::program},
+    {"VANEXLNG.", "", Home::program},
 };
 
 template <class Rule>
@@ -58,11 +62,16 @@ constexpr const char* standardFolders[] = {"C:\\VANEXW", "?:\\VANEXW", "\\VANEXW
 constexpr const char* relatedFolders[] = {"C:\\RG", "C:\\RUDGE"};
 constexpr const char* systemFolders[] = {"?:\\WINDOWS", "C:\\WINDOWS", "\\WINDOWS",
                                          "?:\\WINNT",   "C:\\WINNT",   "\\WINNT"};
-constexpr const char* programFolders[] = {
-    "C:\\PROGRAM FILES\\OMNIVANEX", "\\PROGRAM FILES\\OMNIVANEX", "C:\\PROGRAM FILES\\WEIBUll",
-    "\\PROGRAM FILES\\WEIBUll",     "C:\\PROGRAM FILES\\VISUAL",  "\\PROGRAM FILES\\VISUAL",
-    "C:\\PROGRAM FILES\\RUDGE",     "\\PROGRAM FILES\\RUDGE",     "C:\\PROGRAM FILES",
-    "\\PROGRAM FILES"};
+constexpr const char* programFolders[] = {"C:\\PROGRAM FILES\\OMNIVANEX",
+                                          "\\PROGRAM FILES\\OMNIVANEX",
+                                          "C:\\PROGRAM FILES\\WEIBUll",
+                                          "\\PROGRAM FILES\\WEIBUll",
+                                          "C:\\PROGRAM FILES\\VISUAL",
+                                          "\\PROGRAM FILES\\VISUAL",
+                                          "C:\\PROGRAM FILES\\RUDGE",
+                                          "\\PROGRAM FILES\\RUDGE",
+                                          "C:\\PROGRAM FILES",
+                                          "\\PROGRAM FILES"};
 
 /// Gathers folders, each once, in order.
 class FolderList {
@@ -172,7 +181,9 @@ void newtempbase() {
     session.undoFile = temppath("-1.tmp");
 }
 
-std::string temppath(std::string_view ending) { return session.tempPath + session.tempBase + std::string(ending); }
+std::string temppath(std::string_view ending) {
+    return session.tempPath + session.tempBase + std::string(ending);
+}
 
 void removetemporaries() {
     if (!platform || session.tempBase.empty()) return;

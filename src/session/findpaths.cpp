@@ -31,7 +31,8 @@ std::string withvariables(std::string_view text) {
         const auto close = text.find('%', open + 1);
         if (close == std::string_view::npos) break;
         out += text.substr(0, open);
-        if (platform) out += platform->system().environment(text.substr(open + 1, close - open - 1)).value_or("");
+        if (platform)
+            out += platform->system().environment(text.substr(open + 1, close - open - 1)).value_or("");
         text.remove_prefix(close + 1);
     }
     return out += text;
@@ -93,10 +94,11 @@ void findprogram() {
 /// Asks until the folder can be written in; an empty answer gives up.
 void asktemp() {
     while (session.tempPath.empty() && platform) {
-        const TextPage page{session.productName,
-                            "VANEX needs a path for temporary files but cannot use the system temporary paths.  "
-                            "Please enter a directory (c:\\temp)",
-                            {}};
+        const TextPage page{
+            session.productName,
+            "VANEX needs a path for temporary files but cannot use the system temporary paths.  "
+            "Please enter a directory (c:\\temp)",
+            {}};
         const auto answer = platform->prompts().text(page);
         if (!answer || answer->empty()) return;
         take(session.tempPath, *answer, tempTest);

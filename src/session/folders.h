@@ -15,7 +15,7 @@ struct Folders {
     std::string tempPath;    ///< folder of temporary files
     std::string startDir;    ///< current folder when the program was started; entered again at the end
     std::string dataPath = "c:\\vanex\\"; ///< default data folder
-    std::string extraPaths; ///< further data folders of the settings, ";" between them
+    std::string extraPaths;               ///< further data folders of the settings, ";" between them
     std::array<std::string, fileClasses> classFolder; ///< folder that served the class last
     std::string tempBase; ///< begin of the names of this session's temporary files; no two sessions share it
     std::string undoFile; ///< undo snapshot: tempPath, tempBase and "-1.tmp"

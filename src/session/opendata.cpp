@@ -48,7 +48,8 @@ std::string dataastext() {
     // A single column of plain cells needs no tab; a label with blanks in it does.
     bool tabbed = columns.size() > 1;
     for (const auto& column : columns)
-        for (const std::string& cell : column) tabbed = tabbed || cell.find_first_of(" ;,") != std::string::npos;
+        for (const std::string& cell : column)
+            tabbed = tabbed || cell.find_first_of(" ;,") != std::string::npos;
     for (std::size_t row = 0; row < longestcolumn(); ++row) {
         for (std::size_t set = 0; set < columns.size(); ++set) {
             if (set > 0) text += '\t';

@@ -6,9 +6,9 @@
 
 enum class DataRead { read, unreadable, empty };
 
-/// Reads a file, standard input ("-") or the clipboard ("CLIPBOARD") into the grid; further data stand as sets
-/// of their own behind those that are there. A name without a folder that is not in the current one is looked
-/// for in dataPath. An unreadable or empty input changes nothing.
+/// Reads a file, standard input ("-") or the clipboard ("CLIPBOARD") into the grid; further data stand as
+/// sets of their own behind those that are there. A name without a folder that is not in the current one is
+/// looked for in dataPath. An unreadable or empty input changes nothing.
 DataRead opendata(const std::string& name, bool further = false);
 
 /// The grid as text that opendata reads back: one line a row, tabs between the sets.

@@ -16,8 +16,8 @@ constexpr std::size_t riskSteps = 12;
 
 /// Texts that a line under OPTREPL replaces, from A.
 constexpr std::string Session::*replaced[] = {
-    &Session::mtbfName,  &Session::thresholdName, &Session::equationsName, &Session::fontName,
-    &Session::exportDecimal, &Session::plotTitle, &Session::titleSecond,   &Session::axisTitleX,
+    &Session::mtbfName,      &Session::thresholdName, &Session::equationsName, &Session::fontName,
+    &Session::exportDecimal, &Session::plotTitle,     &Session::titleSecond,   &Session::axisTitleX,
     &Session::axisTitleY,    &Session::languageFile};
 
 template <class T>
@@ -60,7 +60,8 @@ void optionfiletake(std::string_view text) {
         const auto end = std::min(text.find('\n'), text.size());
         const std::string_view line = trimmed(text.substr(0, end));
         text.remove_prefix(std::min(end + 1, text.size()));
-        if (const auto* named = std::find(std::begin(parts), std::end(parts), line); named != std::end(parts)) {
+        if (const auto* named = std::find(std::begin(parts), std::end(parts), line);
+            named != std::end(parts)) {
             part = *named;
             continue;
         }

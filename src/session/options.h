@@ -36,7 +36,7 @@ struct Options {
     int16_t distributionAsked = 0; ///< 1: the run is followed by the choice among families
     int16_t mixtureAsked = 0;      ///< 4 or 5: by a fit of two failure modes, without or with a portion
     int16_t gridAsked = 0;         ///< 1: by the table of the likelihood
-    int16_t fitMeasure = 1; ///< 1 r^2 with ccc^2, 2 pve%, 3 pAD%, else r alone
+    int16_t fitMeasure = 1;        ///< 1 r^2 with ccc^2, 2 pve%, 3 pAD%, else r alone
 
     /// Significant digits by UseClass: general, parameter, slope, axis, fit.
     std::array<int16_t, 5> maskDigits = {6, 6, 5, 4, 4};

@@ -23,14 +23,9 @@ struct BoundCode {
     std::string_view code;
     int16_t confMethod;
 };
-constexpr BoundCode boundCodes[] = {{"BN", noBounds},
-                                    {"BV", -fisherBounds},
-                                    {"BI", binomialBounds},
-                                    {"FM", fisherBounds},
-                                    {"LR", likelihoodBounds},
-                                    {"MC", simulationBounds},
-                                    {"PV", pivotalBounds},
-                                    {"NC", normalTheoryBounds}};
+constexpr BoundCode boundCodes[] = {
+    {"BN", noBounds},         {"BV", -fisherBounds},    {"BI", binomialBounds}, {"FM", fisherBounds},
+    {"LR", likelihoodBounds}, {"MC", simulationBounds}, {"PV", pivotalBounds},  {"NC", normalTheoryBounds}};
 
 void takemethod(const std::string& code) {
     for (const BoundCode& known : boundCodes) {
@@ -111,7 +106,8 @@ bool runrequest(const ScriptRequest& request) {
     if (!readinputs(files) || !calculate()) return false;
     for (const ScriptCommand& command : request.commands)
         if (!scriptoutput(command))
-            return scripterror(session.msg, command.file.empty() ? ScriptHint::commandline : ScriptHint::filename);
+            return scripterror(session.msg,
+                               command.file.empty() ? ScriptHint::commandline : ScriptHint::filename);
     if (request.deleteInput)
         for (const std::string& file : files)
             if (file != "CLIPBOARD" && file != "-") platform->system().removefile(file);

@@ -154,7 +154,8 @@ bool tocannot(Word what, const std::string& file) {
 
 bool bitmap(const ScriptCommand& command) {
     const auto svg = picture();
-    if (svg && platform && platform->pictures().bitmap(command.file, *svg, pixelsAcross, pixelsDown)) return true;
+    if (svg && platform && platform->pictures().bitmap(command.file, *svg, pixelsAcross, pixelsDown))
+        return true;
     compose(session.msg, "Bitmap ", Word::Not, " ", Word::Possible, ": ", AsTyped{command.file});
     return false;
 }

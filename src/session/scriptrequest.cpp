@@ -16,7 +16,8 @@ constexpr std::array<std::string_view, 8> methods = {"BN", "BV", "BI", "FM", "LR
 
 std::string uppercase(std::string_view text) {
     std::string upper(text);
-    std::transform(upper.begin(), upper.end(), upper.begin(), [](unsigned char c) { return std::toupper(c); });
+    std::transform(upper.begin(), upper.end(), upper.begin(),
+                   [](unsigned char c) { return std::toupper(c); });
     return upper;
 }
 
@@ -66,7 +67,8 @@ std::string_view unbracketed(std::string_view text) {
     int depth = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] == '[') ++depth;
-        if (text[i] == ']' && --depth == 0) return i + 1 == text.size() ? trimmed(text.substr(1, i - 1)) : text;
+        if (text[i] == ']' && --depth == 0)
+            return i + 1 == text.size() ? trimmed(text.substr(1, i - 1)) : text;
     }
     return trimmed(text.substr(1));
 }
@@ -91,7 +93,8 @@ public:
 
     ScriptRequest finished() {
         ScriptCommand last = request.commands.empty() ? ScriptCommand{} : request.commands.back();
-        const bool ending = request.commands.size() > 1 && last.file.empty() && (last.word == "D" || last.word == "C");
+        const bool ending =
+            request.commands.size() > 1 && last.file.empty() && (last.word == "D" || last.word == "C");
         if (ending) {
             (last.word == "D" ? request.deleteInput : request.clipboardHelper) = true;
             request.commands.pop_back();
@@ -113,7 +116,8 @@ private:
             request.side = upper.front();
             return true;
         }
-        if (request.commands.empty() && request.method.empty() && request.side != 'V' && oneof(methods, upper)) {
+        if (request.commands.empty() && request.method.empty() && request.side != 'V'
+            && oneof(methods, upper)) {
             request.method = upper;
             return true;
         }
@@ -171,7 +175,8 @@ public:
         if (!series || colon == std::string_view::npos) return false;
         const NumberText index = readnumber(line.substr(0, colon));
         return index.readable && index.value >= 1 && index.value < 1e6
-               && setvalue(script.*series, static_cast<std::size_t>(index.value), trimmed(line.substr(colon + 1)));
+               && setvalue(script.*series, static_cast<std::size_t>(index.value),
+                           trimmed(line.substr(colon + 1)));
     }
 
     ScriptFile script;

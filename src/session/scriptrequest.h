@@ -10,10 +10,10 @@
 ///   [ TAG {settings} METHOD [file] [file] commands ]
 ///
 /// TAG "VXV" the visual side, "WVW" the life side; without one the side stays. Settings are switches of the
-/// command line and options "name=value", blanks between them. METHOD, on the life side, a code of the bounds:
-/// BN none, BV a single point, BI, FM, LR, MC, PV, NC. Files stand in brackets of their own; "CLIPBOARD" is
-/// the clipboard. Commands are letters, alone or packed ("PD"), or the words of single values, each with the
-/// file for its output behind it: a text with a ".", "\" or "/" in it, or in quotes.
+/// command line and options "name=value", blanks between them. METHOD, on the life side, a code of the
+/// bounds: BN none, BV a single point, BI, FM, LR, MC, PV, NC. Files stand in brackets of their own;
+/// "CLIPBOARD" is the clipboard. Commands are letters, alone or packed ("PD"), or the words of single values,
+/// each with the file for its output behind it: a text with a ".", "\" or "/" in it, or in quotes.
 ///
 /// A last D behind another command deletes the input file when all is done, a last C starts the clipboard
 /// helper. "@name" is a script file.

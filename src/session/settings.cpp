@@ -59,18 +59,20 @@ bool take(const Setting& setting, std::string_view text) {
 }
 
 std::string oneline(std::string text) {
-    std::replace_if(text.begin(), text.end(), [](unsigned char c) { return c < ' '; }, ' ');
+    std::replace_if(
+        text.begin(), text.end(), [](unsigned char c) { return c < ' '; }, ' ');
     return text;
 }
 
 std::string textof(const Setting& setting) {
     std::string text;
-    std::visit(Cases{[&](const std::string* held) { text = oneline(*held); },
-                     [&](const float* held) {
-                         appendtrimmed(text, static_cast<float>(static_cast<double>(*held) / setting.scale));
-                     },
-                     [&](const auto* held) { appendtrimmed(text, static_cast<double>(*held) / setting.scale); }},
-               setting.at(session));
+    std::visit(
+        Cases{[&](const std::string* held) { text = oneline(*held); },
+              [&](const float* held) {
+                  appendtrimmed(text, static_cast<float>(static_cast<double>(*held) / setting.scale));
+              },
+              [&](const auto* held) { appendtrimmed(text, static_cast<double>(*held) / setting.scale); }},
+        setting.at(session));
     return text;
 }
 
@@ -107,8 +109,19 @@ bool headerat(std::span<const std::string_view> lines, std::size_t i) {
     return !count.empty() && count.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-/// The sections of a file, each as many lines as its count tells, or fewer where the next one begins too
-/// early or the file ends.
+/// End of the values that begin at a place and should be so many. Where the count fits, and another section
+/// or the end of the file follows, it holds, whatever the values look like; else the next section ends them.
+std::size_t valuesend(std::span<const std::string_view> lines, std::size_t begin, double wanted) {
+    const auto room = static_cast<double>(lines.size() - begin);
+    if (wanted == room) return lines.size();
+    if (wanted < room && headerat(lines, begin + static_cast<std::size_t>(wanted)))
+        return begin + static_cast<std::size_t>(wanted);
+    std::size_t end = begin;
+    while (end < lines.size() && static_cast<double>(end - begin) < wanted && !headerat(lines, end)) ++end;
+    return end;
+}
+
+/// The sections of a file.
 std::vector<Found> sectionsof(std::span<const std::string_view> lines) {
     std::vector<Found> found;
     for (std::size_t i = 0; i < lines.size();) {
@@ -118,8 +131,7 @@ std::vector<Found> sectionsof(std::span<const std::string_view> lines) {
         }
         const double wanted = readnumber(lines[i + 1]).value;
         const std::size_t begin = i + 2;
-        std::size_t end = begin;
-        while (end < lines.size() && static_cast<double>(end - begin) < wanted && !headerat(lines, end)) ++end;
+        const std::size_t end = valuesend(lines, begin, wanted);
         found.push_back({sectionnamed(lines[i]), lines.subspan(begin, end - begin)});
         i = end;
     }
@@ -131,7 +143,8 @@ std::vector<Found> sectionsof(std::span<const std::string_view> lines) {
 void takelist(const Found& found) {
     const std::size_t count = std::min(found.values.size(), static_cast<std::size_t>(found.section->count));
     if (const auto texts = found.section->texts) {
-        (session.*texts).assign(found.values.begin(), found.values.begin() + static_cast<std::ptrdiff_t>(count));
+        (session.*texts)
+            .assign(found.values.begin(), found.values.begin() + static_cast<std::ptrdiff_t>(count));
         return;
     }
     auto& numbers = session.*found.section->numbers;
@@ -156,7 +169,8 @@ void settle() { session.fitMethod = session.fitMethodSaved; }
 
 std::string uppercase(std::string_view text) {
     std::string upper(text);
-    std::transform(upper.begin(), upper.end(), upper.begin(), [](unsigned char c) { return std::toupper(c); });
+    std::transform(upper.begin(), upper.end(), upper.begin(),
+                   [](unsigned char c) { return std::toupper(c); });
     return upper;
 }
 
@@ -195,7 +209,11 @@ std::vector<std::string> linesof(const Section& section) {
     return lines;
 }
 
-std::string wholefile() {
+std::string markof(char side) { return std::string("WV") + side + "=ON"; }
+
+} // namespace
+
+std::string settingstext() {
     std::string text = oneline(session.programTags);
     text += lineEnd;
     for (const Section& section : settingsections()) {
@@ -212,20 +230,19 @@ std::string wholefile() {
     return text;
 }
 
-std::string markof(char side) { return std::string("WV") + side + "=ON"; }
-
-} // namespace
-
-bool settingsread() {
-    const auto text = readfile(settingspath());
-    if (!text) return false;
-    const std::vector<std::string_view> lines = linesof(std::string_view(*text));
+void settingstake(std::string_view text) {
+    const std::vector<std::string_view> lines = linesof(text);
     if (!lines.empty() && uppercase(lines[0]).find(productTag) != std::string::npos)
         session.programTags = lines[0];
     session.keptSettings.clear();
     for (const Found& found : sectionsof(lines)) takesection(found);
     settle();
-    return true;
+}
+
+bool settingsread() {
+    const auto text = readfile(settingspath());
+    if (text) settingstake(*text);
+    return text.has_value();
 }
 
 bool settingswrite() {
@@ -233,7 +250,7 @@ bool settingswrite() {
     if (session.programTags.empty()) session.programTags = productTag;
     session.settingsWritten = 1;
     const std::string path = settingspath();
-    if (writefile(path, wholefile())) return true;
+    if (writefile(path, settingstext())) return true;
     compose(session.msg, Word::File, " ", Word::Open, " (", Word::File, "=", AsTyped{path},
             ") NOT POSSIBLE ... PATH OKAY?");
     tellok();

@@ -8,6 +8,10 @@
 /// a count and that many values. What a reader does not know, and what is missing, broken or out of its
 /// limits, keeps the default; nothing that is read can cost more than the file itself.
 
+/// The same without a file: takes the text of one, and gives the text of one.
+void settingstake(std::string_view text);
+std::string settingstext();
+
 /// Reads the whole file into the session. False when there is none; the defaults then stand.
 bool settingsread();
 

@@ -123,9 +123,9 @@ constexpr Setting dataOptions[] = {
 };
 
 constexpr Setting parameterNames[] = {
-    {1, "", parameterName<0, 0>}, {2, "", parameterName<0, 1>},   {3, "", parameterName<1, 0>},
-    {4, "", parameterName<1, 1>}, {5, "", parameterName<2, 0>},   {6, "", parameterName<2, 1>},
-    {7, "", parameterName<3, 0>}, {8, "", parameterName<3, 1>},   {9, "", parameterName<4, 0>},
+    {1, "", parameterName<0, 0>},  {2, "", parameterName<0, 1>},    {3, "", parameterName<1, 0>},
+    {4, "", parameterName<1, 1>},  {5, "", parameterName<2, 0>},    {6, "", parameterName<2, 1>},
+    {7, "", parameterName<3, 0>},  {8, "", parameterName<3, 1>},    {9, "", parameterName<4, 0>},
     {10, "", parameterName<4, 1>}, {11, "", at<&S::thresholdName>},
 };
 

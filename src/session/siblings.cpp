@@ -18,11 +18,13 @@ struct SideProgram {
     char side;
     std::string_view name, tag;
 };
-constexpr SideProgram sides[] = {{'W', "VANEXW.EXE", "WVW"}, {'V', "VANEXV.EXE", "VXV"}, {'Y', "VANEXY.EXE", "VXY"}};
+constexpr SideProgram sides[] = {
+    {'W', "VANEXW.EXE", "WVW"}, {'V', "VANEXV.EXE", "VXV"}, {'Y', "VANEXY.EXE", "VXY"}};
 
 std::string nativename(std::string_view name) {
     std::string native(name);
-    std::transform(native.begin(), native.end(), native.begin(), [](unsigned char c) { return std::tolower(c); });
+    std::transform(native.begin(), native.end(), native.begin(),
+                   [](unsigned char c) { return std::tolower(c); });
     if (native.ends_with(".exe")) native.resize(native.size() - 4);
     return native;
 }
@@ -51,9 +53,8 @@ bool spawn(std::string_view name, std::span<const std::string> arguments) {
 }
 
 bool sidestart(char side, std::string_view commands) {
-    const auto* const program = std::find_if(std::begin(sides), std::end(sides), [&](const SideProgram& one) {
-        return one.side == side;
-    });
+    const auto* const program = std::find_if(std::begin(sides), std::end(sides),
+                                             [&](const SideProgram& one) { return one.side == side; });
     if (program == std::end(sides)) return false;
     const std::string file = temppath("-x.tmp");
     if (!writefile(file, dataastext())) return tellmissing(file);

@@ -13,8 +13,8 @@ constexpr float fewestPoints = 35;
 constexpr double largestExponent = 10;
 
 void tellshortage() {
-    compose(session.msg, Word::Not, " ", Word::Enough, " ", Word::Free, " ", Word::Memory, " ", Word::Setup, " ",
-            Word::Change, " ", Word::Possible, "?");
+    compose(session.msg, Word::Not, " ", Word::Enough, " ", Word::Free, " ", Word::Memory, " ", Word::Setup,
+            " ", Word::Change, " ", Word::Possible, "?");
     tellok();
 }
 

@@ -5,8 +5,8 @@
 /// Sizing of the session's arrays, with less where memory falls short.
 
 /// Allocates every array; where memory falls short it lowers the size exponent, and at its floor halves the
-/// budget, until it succeeds. Each step down of the exponent is told. False, and told, when fewer than 35 points a set
-/// would be left: the program cannot go on.
+/// budget, until it succeeds. Each step down of the exponent is told. False, and told, when fewer than 35
+/// points a set would be left: the program cannot go on.
 bool sizearrays();
 
 /// Points a set that the present size exponent gives, where memory allows.

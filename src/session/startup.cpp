@@ -25,8 +25,11 @@ constexpr float manyPoints = 600; ///< from here on the arrays take a moment
 /// The side by the name of the program, by a script's tag, by -p; the later one holds.
 Side sidewanted(std::string_view name) {
     std::string program = nameof(name);
-    std::transform(program.begin(), program.end(), program.begin(), [](unsigned char c) { return std::tolower(c); });
-    Side side = program.starts_with("vanexw") ? lifeSide : program.starts_with("vanexy") ? simulationSide : visualSide;
+    std::transform(program.begin(), program.end(), program.begin(),
+                   [](unsigned char c) { return std::tolower(c); });
+    Side side = program.starts_with("vanexw")   ? lifeSide
+                : program.starts_with("vanexy") ? simulationSide
+                                                : visualSide;
     if (const auto request = requestof(session.scriptRequest); request && request->side != 0)
         side = request->side == 'W' ? lifeSide : visualSide;
     if (session.cmdSide != 0) side = static_cast<Side>(session.cmdSide);
@@ -67,10 +70,11 @@ bool firstpass(const std::string& line, std::string_view name, bool windowed) {
     decimalsep();
     settingsread();
     if (!session.cmdOptionFile.empty() && !optionfileread(session.cmdOptionFile))
-        session.cmdNotes.push_back(
-            compose(session.msg, Word::Cannot, " ", Word::Open, " ", Word::File, ": ", AsTyped{session.cmdOptionFile}));
+        session.cmdNotes.push_back(compose(session.msg, Word::Cannot, " ", Word::Open, " ", Word::File, ": ",
+                                           AsTyped{session.cmdOptionFile}));
     if (windowed && session.settingsWritten == 0) settingswrite();
-    if (windowed) settingsmark(session.progSide == lifeSide ? 'W' : session.progSide == visualSide ? 'V' : 'Y', true);
+    if (windowed)
+        settingsmark(session.progSide == lifeSide ? 'W' : session.progSide == visualSide ? 'V' : 'Y', true);
     session.msg = fault;
     return understood;
 }
@@ -117,8 +121,9 @@ void welcome() {
     ++session.firstRunStage;
     settingswrite();
     compose(session.msg, " WELCOME! Some Ways To Start:\n\n", Word::Type, " ", Word::Data, " ", Word::In, " ",
-            Word::Grid, "\n", Word::Open, " / ", Word::Get, " / ", Word::Import, "\n", Word::Paste, " ", Word::Data,
-            "\n", Word::Demonstrate, " / ", Word::Sample, "\n\n   (Select Language With The Computer Icon)");
+            Word::Grid, "\n", Word::Open, " / ", Word::Get, " / ", Word::Import, "\n", Word::Paste, " ",
+            Word::Data, "\n", Word::Demonstrate, " / ", Word::Sample,
+            "\n\n   (Select Language With The Computer Icon)");
     if (session.firstRunStage == shownTwice) extend(session.msg, "\n\nThis Message Will Not Be Shown Again");
     tellok();
 }

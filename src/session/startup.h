@@ -18,8 +18,9 @@ enum class StartEnd {
 };
 
 /// Settles the folders, takes the command line, the side, the settings and the language, sizes the arrays and
-/// runs a script request. The first call does all of it; a further one, after a change of the language, leaves
-/// out what stands already. `name` is the program as started: vanexw is the life side, vanexv the visual one.
+/// runs a script request. The first call does all of it; a further one, after a change of the language,
+/// leaves out what stands already. `name` is the program as started: vanexw is the life side, vanexv the
+/// visual one.
 StartEnd startup(std::span<const std::string> words, std::string_view name, bool windowed);
 
 /// The last things of a process: the file marks are cleared, the settings saved, the temporary files removed

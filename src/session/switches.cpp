@@ -52,7 +52,8 @@ public:
         if (at < line.size() && isquote(line[at])) return quoted();
         const std::size_t begin = at;
         if (at < line.size() && line[at] == '[') at = bracketend();
-        while (at < line.size() && line[at] != ';' && !switchat(line, at) && !(oneWord && isblank(line[at]))) ++at;
+        while (at < line.size() && line[at] != ';' && !switchat(line, at) && !(oneWord && isblank(line[at])))
+            ++at;
         return singleblanks(line.substr(begin, at - begin));
     }
 
@@ -96,9 +97,8 @@ private:
 
 bool isnone(std::string_view text) {
     constexpr std::string_view none = "NONE";
-    return std::equal(text.begin(), text.end(), none.begin(), none.end(), [](unsigned char a, char b) {
-        return std::toupper(a) == b;
-    });
+    return std::equal(text.begin(), text.end(), none.begin(), none.end(),
+                      [](unsigned char a, char b) { return std::toupper(a) == b; });
 }
 
 } // namespace

@@ -39,9 +39,9 @@ protected:
     Outcome run(const std::string& arguments, const std::string& input = "",
                 const std::string& program = VANEXC) {
         write("stdin", input);
-        const std::string command =
-            "cd '" + folder.string() + "' && HOME='" + folder.string() + "' XDG_CONFIG_HOME= XDG_DATA_HOME= LC_ALL=C '"
-            + program + "' " + arguments + " <stdin >stdout 2>stderr";
+        const std::string command = "cd '" + folder.string() + "' && HOME='" + folder.string()
+                                    + "' XDG_CONFIG_HOME= XDG_DATA_HOME= LC_ALL=C '" + program + "' "
+                                    + arguments + " <stdin >stdout 2>stderr";
         const int status = std::system(command.c_str());
         return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, contents(folder / "stdout"),
                 contents(folder / "stderr")};
@@ -163,7 +163,8 @@ TEST_F(Vanexc, AWrongUseEndsWithTwo) {
 }
 
 TEST_F(Vanexc, AValueThatIsNotUnderstoodIsToldAndTheRunGoesOnButNotAsIfObeyed) {
-    for (const char* arguments : {"-m 9", "-m", "-i 6", "-e CAUCHY", "-e WEIBAYES", "-e 'WEIBULL(0)'", "-b M9"}) {
+    for (const char* arguments :
+         {"-m 9", "-m", "-i 6", "-e CAUCHY", "-e WEIBAYES", "-e 'WEIBULL(0)'", "-b M9"}) {
         const Outcome outcome = run(arguments);
         EXPECT_EQ(outcome.status, 2) << arguments;
         EXPECT_EQ(outcome.err.find("vanexc: Unknown: -"), 0u) << outcome.err;

@@ -166,9 +166,9 @@ TEST_F(CommandLine, ReadsTheBoundsAskedFor) {
         int method;
         double low, high;
         int automatic;
-    } cases[] = {{"M2D90", 2, 5, 95, 0},  {"M3L95", 3, 5, 0, 0},     {"m1u90", 1, 0, 90, 0},
-                 {"M6_D80", 6, 10, 90, 0}, {"M5 A95", 5, 5, 95, 0},   {"D", 0, 5, 95, 1},
-                 {"M4", 4, 5, 95, 0},      {"M-2U95", -2, 0, 95, 0},  {"M0", 0, 0, 0, 0},
+    } cases[] = {{"M2D90", 2, 5, 95, 0},       {"M3L95", 3, 5, 0, 0},    {"m1u90", 1, 0, 90, 0},
+                 {"M6_D80", 6, 10, 90, 0},     {"M5 A95", 5, 5, 95, 0},  {"D", 0, 5, 95, 1},
+                 {"M4", 4, 5, 95, 0},          {"M-2U95", -2, 0, 95, 0}, {"M0", 0, 0, 0, 0},
                  {"D99.9M2", 2, .05, 99.95, 0}};
     for (const auto& item : cases) {
         EXPECT_TRUE(apply({"-b", item.value})) << item.value;
@@ -189,10 +189,13 @@ TEST_F(CommandLine, AThresholdOfTheBoundsIsThatOfEverySet) {
 }
 
 TEST_F(CommandLine, RecordsEverySwitch) {
-    EXPECT_TRUE(parse({"a.w", "-c", "c:\\cfg", "-t", "c:\\tmp", "-d", "c:\\data", "-f", "First title", "-k", "Second",
-                       "-a", "opt.txt", "-w", "h", "-h", "1", "-r", "4_2000", "-q", "3", "-u", "4", "-g", "500", "-x",
-                       "1_2", "-y", "3", "-j", "C", "-o", "5", "-1", "1_2_3_4#", "-2", "5_6 7", "-3", "6", "-4", "7",
-                       "-5", "8", "-6", "B_2.5", "-7", "R_.9", "-8", "N", "-v", "-9"}));
+    EXPECT_TRUE(
+        parse({"a.w",    "-c", "c:\\cfg", "-t", "c:\\tmp",  "-d", "c:\\data", "-f", "First title", "-k",
+               "Second", "-a", "opt.txt", "-w", "h",        "-h", "1",        "-r", "4_2000",      "-q",
+               "3",      "-u", "4",       "-g", "500",      "-x", "1_2",      "-y", "3",           "-j",
+               "C",      "-o", "5",       "-1", "1_2_3_4#", "-2", "5_6 7",    "-3", "6",           "-4",
+               "7",      "-5", "8",       "-6", "B_2.5",    "-7", "R_.9",     "-8", "N",           "-v",
+               "-9"}));
     EXPECT_TRUE(session.cmdNotes.empty());
     EXPECT_EQ(session.cmdConfig, "c:\\cfg");
     EXPECT_EQ(session.cmdTemp, "c:\\tmp");

@@ -45,14 +45,36 @@ TEST_F(Findfile, KnowsTheClassesByNameAndExtension) {
 TEST_F(Findfile, WalksTheCandidateFoldersInTheirOrder) {
     machine.current = "d:\\work\\";
     session.classFolder[static_cast<std::size_t>(FileClass::library)] = "c:\\last\\";
-    const std::vector<std::string> expected = {
-        "c:\\last\\", "c:\\prog\\", "C:\\VANEXW\\", "d:\\VANEXW\\", "\\VANEXW\\", "c:\\start\\", "d:\\work\\",
-        "C:\\VANEXDAT\\", "d:\\VANEXDAT\\", "\\VANEXDAT\\",
-        "C:\\RG\\", "C:\\RUDGE\\", "c:\\data1\\", "c:\\data2\\",
-        "d:\\WINDOWS\\", "C:\\WINDOWS\\", "\\WINDOWS\\", "d:\\WINNT\\", "C:\\WINNT\\", "\\WINNT\\",
-        "C:\\PROGRAM FILES\\OMNIVANEX\\", "\\PROGRAM FILES\\OMNIVANEX\\", "C:\\PROGRAM FILES\\WEIBUll\\",
-        "\\PROGRAM FILES\\WEIBUll\\", "C:\\PROGRAM FILES\\VISUAL\\", "\\PROGRAM FILES\\VISUAL\\",
-        "C:\\PROGRAM FILES\\RUDGE\\", "\\PROGRAM FILES\\RUDGE\\", "C:\\PROGRAM FILES\\", "\\PROGRAM FILES\\"};
+    const std::vector<std::string> expected = {"c:\\last\\",
+                                               "c:\\prog\\",
+                                               "C:\\VANEXW\\",
+                                               "d:\\VANEXW\\",
+                                               "\\VANEXW\\",
+                                               "c:\\start\\",
+                                               "d:\\work\\",
+                                               "C:\\VANEXDAT\\",
+                                               "d:\\VANEXDAT\\",
+                                               "\\VANEXDAT\\",
+                                               "C:\\RG\\",
+                                               "C:\\RUDGE\\",
+                                               "c:\\data1\\",
+                                               "c:\\data2\\",
+                                               "d:\\WINDOWS\\",
+                                               "C:\\WINDOWS\\",
+                                               "\\WINDOWS\\",
+                                               "d:\\WINNT\\",
+                                               "C:\\WINNT\\",
+                                               "\\WINNT\\",
+                                               "C:\\PROGRAM FILES\\OMNIVANEX\\",
+                                               "\\PROGRAM FILES\\OMNIVANEX\\",
+                                               "C:\\PROGRAM FILES\\WEIBUll\\",
+                                               "\\PROGRAM FILES\\WEIBUll\\",
+                                               "C:\\PROGRAM FILES\\VISUAL\\",
+                                               "\\PROGRAM FILES\\VISUAL\\",
+                                               "C:\\PROGRAM FILES\\RUDGE\\",
+                                               "\\PROGRAM FILES\\RUDGE\\",
+                                               "C:\\PROGRAM FILES\\",
+                                               "\\PROGRAM FILES\\"};
     EXPECT_EQ(candidatefolders(FileClass::library), expected);
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -37,7 +38,9 @@ protected:
     void write(const std::string& name, const std::string& text) const {
         std::ofstream(folder / name, std::ios::binary) << text;
     }
-    std::optional<std::string> written(const std::string& name) const { return readfile((folder / name).string()); }
+    std::optional<std::string> written(const std::string& name) const {
+        return readfile((folder / name).string());
+    }
     std::string path(const std::string& name) const { return (folder / name).string(); }
 
     bool run(const std::string& request) {
@@ -59,7 +62,8 @@ protected:
 
 TEST_F(Script, WritesEachOutputToItsFile) {
     ASSERT_TRUE(run("[WVW [" + path("one.txt") + "] A " + path("a.txt") + " R " + path("r.txt") + " E "
-                    + path("e.txt") + " D " + path("d.txt") + " P " + path("p.svg") + " Q " + path("q.txt") + "]"));
+                    + path("e.txt") + " D " + path("d.txt") + " P " + path("p.svg") + " Q " + path("q.txt")
+                    + "]"));
     EXPECT_NE(written("a.txt")->find("Analysis Report"), std::string::npos);
     EXPECT_NE(written("r.txt")->find("Eta=312.88"), std::string::npos) << *written("r.txt");
     EXPECT_TRUE(written("e.txt")->starts_with("Set 1: F(x) = 1 - exp(-(x / 312.88"));
@@ -132,9 +136,11 @@ TEST_F(Script, FaultsTellWhereToLook) {
     const std::string text = fault("[WVW [" + path("none.txt") + "] R]");
     EXPECT_EQ(text, "KXQM err: Cannot Open File: " + path("none.txt") + "\nCheck file/path name.");
     EXPECT_NE(fault("[WVW X]").find("Unknown: X\nCheck command line."), std::string::npos);
-    EXPECT_NE(fault("[WVW [" + path("one.txt") + "] R " + path("no/such/r.txt") + "]").find("Check file/path name."),
+    EXPECT_NE(fault("[WVW [" + path("one.txt") + "] R " + path("no/such/r.txt") + "]")
+                  .find("Check file/path name."),
               std::string::npos);
-    EXPECT_NE(fault("[WVW [" + path("one.txt") + "] P " + path("p.xyz") + "]").find("Cannot Plot"), std::string::npos);
+    EXPECT_NE(fault("[WVW [" + path("one.txt") + "] P " + path("p.xyz") + "]").find("Cannot Plot"),
+              std::string::npos);
 }
 
 TEST_F(Script, WithoutAResultThereIsNoPlot) {
@@ -160,7 +166,8 @@ TEST_F(Script, SingleValuesOfTheLifeSideFollowTheLine) {
     session.cmdX = {0, 50};
     ASSERT_TRUE(run("[WVW {-e EXPONENTIAL} [" + path("exp.txt") + "] R]"));
     const double eta = session.etaFit(3, 1);
-    EXPECT_NEAR(std::stod(*outputtext("MTBF")), eta, 1e-5 * eta) << "the mean of an exponential line is its eta";
+    EXPECT_NEAR(std::stod(*outputtext("MTBF")), eta, 1e-5 * eta)
+        << "the mean of an exponential line is its eta";
     std::istringstream survival(*outputtext("SURV")), rate(*outputtext("RATE"));
     double at0 = 0, at50 = 0;
     survival >> at0 >> at50;
@@ -183,8 +190,8 @@ TEST_F(Script, AValueThatDoesNotExistIsTheMarkOfNoValue) {
 }
 
 TEST_F(Script, AScriptFileAsksForBLivesOfEachInput) {
-    write("job.txt", "WV-SCRIPT\nFILE=" + path("one.txt") + "\nFILE=" + path("two.txt") + "\nBVALUEIN%=10\n2:63.212\n"
-                         + "BVALUEOUTFILE=" + path("b.txt") + "\n");
+    write("job.txt", "WV-SCRIPT\nFILE=" + path("one.txt") + "\nFILE=" + path("two.txt")
+                         + "\nBVALUEIN%=10\n2:63.212\n" + "BVALUEOUTFILE=" + path("b.txt") + "\n");
     ASSERT_TRUE(run("[@" + path("job.txt") + "]"));
     std::istringstream lines(*written("b.txt"));
     std::string b10, b63;
@@ -195,7 +202,8 @@ TEST_F(Script, AScriptFileAsksForBLivesOfEachInput) {
 }
 
 TEST_F(Script, TheRiskForecastAnswersNoValueUntilItExists) {
-    write("job.txt", "WV-SCRIPT\nFILE=" + path("one.txt") + "\nRISKINUSAGE=100\nRISKNEXTOUTFILE=" + path("r.txt") + "\n");
+    write("job.txt", "WV-SCRIPT\nFILE=" + path("one.txt")
+                         + "\nRISKINUSAGE=100\nRISKNEXTOUTFILE=" + path("r.txt") + "\n");
     ASSERT_TRUE(run("[@" + path("job.txt") + "]"));
     EXPECT_EQ(*written("r.txt"), "-9.123E+32\n");
 }

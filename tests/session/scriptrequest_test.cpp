@@ -49,7 +49,9 @@ TEST(Requestof, TheMethodBelongsToTheLifeSide) {
     EXPECT_EQ(read("VXV BI"), "V B I ") << "two commands there";
 }
 
-TEST(Requestof, AnAtSignNamesAScriptFile) { EXPECT_EQ(read("[@c:\\jobs\\night.txt]"), "@c:\\jobs\\night.txt "); }
+TEST(Requestof, AnAtSignNamesAScriptFile) {
+    EXPECT_EQ(read("[@c:\\jobs\\night.txt]"), "@c:\\jobs\\night.txt ");
+}
 
 TEST(Requestof, WhatHasNoPlaceIsTold) {
     EXPECT_EQ(read("[WVW X]"), "fault Unknown: X");
@@ -66,8 +68,9 @@ TEST(Requestof, TakesWhatIsNotClosedAsItStands) {
 }
 
 TEST(Scriptfileof, ReadsEveryLine) {
-    const auto script = scriptfileof("WV-SCRIPT\r\nFILE=a.txt\r\nfile = b.txt\r\n\r\nBVALUEIN%=10\r\n2:50\r\n4:1\r\n"
-                                     "BVALUEOUTFILE=b.out\r\nRISKINUSAGE=100\r\nRISKNEXTOUTFILE=r.out\r\n");
+    const auto script =
+        scriptfileof("WV-SCRIPT\r\nFILE=a.txt\r\nfile = b.txt\r\n\r\nBVALUEIN%=10\r\n2:50\r\n4:1\r\n"
+                     "BVALUEOUTFILE=b.out\r\nRISKINUSAGE=100\r\nRISKNEXTOUTFILE=r.out\r\n");
     ASSERT_TRUE(script.has_value());
     EXPECT_EQ(script->files, (std::vector<std::string>{"a.txt", "b.txt"}));
     EXPECT_EQ(script->bLevels, (std::vector<double>{10, 50, noAnswer, 1}));

@@ -74,11 +74,24 @@ TEST_F(Settings, StandInTheSectionsOfTheFileInTheirOrder) {
     session.inputType = intv5;
     ASSERT_TRUE(settingswrite());
     const auto all = lines();
-    const char* order[] = {"COM",      "LASER",           "PORTS",          "PATH",
-                           "PROG",     "PEN",             "FONT",           "PTS",
-                           "OCCUR",    "METHOD",          "NEWPARAM",       "DATAMETHOD",
-                           "RISKUSAGERATE()", "RISKPRODRATE()", "FYLLIBRCOMMTITLESOUT()", "FYLOLDSOUT()",
-                           "FYLPARAMNAMEOUT()", "XFILEFORMER()"};
+    const char* order[] = {"COM",
+                           "LASER",
+                           "PORTS",
+                           "PATH",
+                           "PROG",
+                           "PEN",
+                           "FONT",
+                           "PTS",
+                           "OCCUR",
+                           "METHOD",
+                           "NEWPARAM",
+                           "DATAMETHOD",
+                           "RISKUSAGERATE()",
+                           "RISKPRODRATE()",
+                           "FYLLIBRCOMMTITLESOUT()",
+                           "FYLOLDSOUT()",
+                           "FYLPARAMNAMEOUT()",
+                           "XFILEFORMER()"};
     auto at = all.begin();
     for (const char* name : order) {
         at = std::find(at, all.end(), name);
@@ -114,7 +127,7 @@ TEST_F(Settings, WhatIsWrittenIsReadAgain) {
     session.palette[3] = 0x123456;
     session.sizeExponent = 4;
     session.riskUsageRate = {1.5f, 2, .25f};
-    session.formerNames = {"one", "PEN", ""};
+    session.formerNames = {"one", "PEN", "2", ""};
     ASSERT_TRUE(settingswrite());
     const std::string written = file();
     ASSERT_TRUE(readafresh());
@@ -130,7 +143,7 @@ TEST_F(Settings, WhatIsWrittenIsReadAgain) {
     EXPECT_EQ(session.palette[3], 0x123456);
     EXPECT_EQ(session.sizeExponent, 4);
     EXPECT_EQ(session.riskUsageRate, (std::vector<float>{1.5f, 2, .25f}));
-    EXPECT_EQ(session.formerNames, (std::vector<std::string>{"one", "PEN", ""}));
+    EXPECT_EQ(session.formerNames, (std::vector<std::string>{"one", "PEN", "2", ""}));
     session.maxPoints = 500; // sized anew after the read
     ASSERT_TRUE(settingswrite());
     EXPECT_EQ(file(), written);
@@ -151,8 +164,10 @@ TEST_F(Settings, EveryRowOfTheTableSurvivesAWriteAndARead) {
             if (setting.writeOnly || !setting.choices.empty()) continue;
             const Place place = setting.at(session);
             if (auto* const* text = std::get_if<std::string*>(&place)) **text = "some text";
-            if (auto* const* code = std::get_if<int16_t*>(&place)) **code = static_cast<int16_t>(high(setting));
-            if (auto* const* number = std::get_if<float*>(&place)) **number = static_cast<float>(high(setting));
+            if (auto* const* code = std::get_if<int16_t*>(&place))
+                **code = static_cast<int16_t>(high(setting));
+            if (auto* const* number = std::get_if<float*>(&place))
+                **number = static_cast<float>(high(setting));
         }
     ASSERT_TRUE(settingswrite());
     ASSERT_TRUE(readafresh());
@@ -160,11 +175,13 @@ TEST_F(Settings, EveryRowOfTheTableSurvivesAWriteAndARead) {
         for (const Setting& setting : one.settings) {
             if (setting.writeOnly || !setting.choices.empty()) continue;
             const Place place = setting.at(session);
-            if (auto* const* text = std::get_if<std::string*>(&place)) EXPECT_EQ(**text, "some text") << setting.name;
-            if (auto* const* code = std::get_if<int16_t*>(&place))
+            if (auto* const* text = std::get_if<std::string*>(&place)) {
+                EXPECT_EQ(**text, "some text") << setting.name;
+            } else if (auto* const* code = std::get_if<int16_t*>(&place)) {
                 EXPECT_EQ(**code, static_cast<int16_t>(high(setting))) << setting.name;
-            if (auto* const* number = std::get_if<float*>(&place))
+            } else if (auto* const* number = std::get_if<float*>(&place)) {
                 EXPECT_FLOAT_EQ(**number, static_cast<float>(high(setting))) << setting.name;
+            }
         }
 }
 
@@ -222,7 +239,8 @@ TEST_F(Settings, GetAnswersOneValueAndNoAnswerForWhatIsNotThere) {
     EXPECT_EQ(settingget("NEWPARAM", 17).number, .1);
     EXPECT_EQ(settingget("NEWPARAM", 229).text, "MTBF");
     EXPECT_EQ(session.msg, "kept");
-    for (const SettingValue& none : {settingget("NOSECTION", 1), settingget("NEWPARAM", 263), settingget("COM", 0)}) {
+    for (const SettingValue& none :
+         {settingget("NOSECTION", 1), settingget("NEWPARAM", 263), settingget("COM", 0)}) {
         EXPECT_EQ(none.text, "-9.123E+32");
         EXPECT_EQ(none.number, noAnswer);
     }

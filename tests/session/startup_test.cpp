@@ -113,7 +113,8 @@ TEST_F(Startup, AWishForMoreRoomRaisesTheExponent) {
 TEST_F(Startup, SixHundredPointsOrMoreAreWorthAWord) {
     const auto waited = [&] {
         const auto& calls = desktop.windowCalls;
-        return std::find(calls.begin(), calls.end(), "caption: Making Extra Large Array Dimensions - Please Wait ...")
+        return std::find(calls.begin(), calls.end(),
+                         "caption: Making Extra Large Array Dimensions - Please Wait ...")
                != calls.end();
     };
     start({});
@@ -131,9 +132,10 @@ TEST_F(Startup, AScriptRunsAndTheSettingsStayByteForByte) {
     write("VANEX.INI", "OMNIVANEX: WVW=ON\nNEWPARAM\n1\n2\nodd tail");
     write("a.txt", "150\n230\n310\n");
     const std::string before = settingsfile();
-    EXPECT_EQ(start({"-s", "[WVW [" + (folder / "a.txt").string() + "] R " + (folder / "r.txt").string() + "]"}, "vanex",
-                    true),
-              StartEnd::exit);
+    EXPECT_EQ(
+        start({"-s", "[WVW [" + (folder / "a.txt").string() + "] R " + (folder / "r.txt").string() + "]"},
+              "vanex", true),
+        StartEnd::exit);
     EXPECT_EQ(session.progSide, lifeSide) << "the tag chooses the side";
     EXPECT_EQ(session.dist, lognormal) << "the settings hold";
     EXPECT_TRUE(fs::exists(folder / "r.txt"));
@@ -202,7 +204,8 @@ TEST_F(Startup, TheWelcomeIsShownTwice) {
 }
 
 TEST_F(Startup, AnOptionFileReplacesSettingsForOneRun) {
-    write("opt.txt", "KEY\nA 123\nOPTREPL\nA MTTF\nE x\nF My plot\nRISK\nA 100\nB 110\nM 5\nZ 1\nLIBRARY\nC Third\n");
+    write("opt.txt",
+          "KEY\nA 123\nOPTREPL\nA MTTF\nE x\nF My plot\nRISK\nA 100\nB 110\nM 5\nZ 1\nLIBRARY\nC Third\n");
     EXPECT_EQ(start({"-a", (folder / "opt.txt").string()}), StartEnd::ready);
     EXPECT_EQ(session.mtbfName, "MTTF");
     EXPECT_EQ(session.exportDecimal, ".");

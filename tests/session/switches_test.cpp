@@ -52,7 +52,9 @@ TEST(Switchsplit, TheDataFileMayFollowAShortValue) {
     EXPECT_EQ(cut("-m 3 - -i 5"), "m=3|-|i=5");
 }
 
-TEST(Switchsplit, ANegativeValueStandsAgainstItsLetter) { EXPECT_EQ(cut("-x-5 -z-1_2_-3_4"), "x=-5|z=-1_2_-3_4"); }
+TEST(Switchsplit, ANegativeValueStandsAgainstItsLetter) {
+    EXPECT_EQ(cut("-x-5 -z-1_2_-3_4"), "x=-5|z=-1_2_-3_4");
+}
 
 TEST(Switchsplit, ZeroEndsTheSwitches) { EXPECT_EQ(cut("-m 2 -0 -m 3 x"), "m=2"); }
 

@@ -50,8 +50,7 @@ public:
     std::vector<std::string> files(const std::string& folder, std::string_view pattern) override {
         std::vector<std::string> names;
         for (const std::string& path : present)
-            if (folderof(path) == folder && fitspattern(nameof(path), pattern))
-                names.push_back(nameof(path));
+            if (folderof(path) == folder && fitspattern(nameof(path), pattern)) names.push_back(nameof(path));
         return names;
     }
     bool removefile(const std::string& path) override {

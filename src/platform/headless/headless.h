@@ -5,9 +5,14 @@
 
 #include "platform/system.h"
 
-/// The platform without a desktop: prompts answer as a script run must, window calls do nothing, the clipboard
-/// is the pair of standard streams.
-class HeadlessPlatform : public Platform, private Prompts, private MainWindow, private Clock, private Clipboard, private Pictures {
+/// The platform without a desktop: prompts answer as a script run must, window calls do nothing, the
+/// clipboard is the pair of standard streams.
+class HeadlessPlatform : public Platform,
+                         private Prompts,
+                         private MainWindow,
+                         private Clock,
+                         private Clipboard,
+                         private Pictures {
 public:
     explicit HeadlessPlatform(std::string startedAs = {}) : machine(std::move(startedAs)) {}
 
