@@ -109,12 +109,11 @@ bool headerat(std::span<const std::string_view> lines, std::size_t i) {
     return !count.empty() && count.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-/// End of the values that begin at a place and should be so many. Where the count fits, and another section
-/// or the end of the file follows, it holds, whatever the values look like; else the next section ends them.
+/// End of the values that begin at a place and should be so many. Where another section follows just there
+/// the count holds, whatever the values look like; else the next section, or the end of the file, ends them.
 std::size_t valuesend(std::span<const std::string_view> lines, std::size_t begin, double wanted) {
-    const auto room = static_cast<double>(lines.size() - begin);
-    if (wanted == room) return lines.size();
-    if (wanted < room && headerat(lines, begin + static_cast<std::size_t>(wanted)))
+    if (wanted < static_cast<double>(lines.size() - begin)
+        && headerat(lines, begin + static_cast<std::size_t>(wanted)))
         return begin + static_cast<std::size_t>(wanted);
     std::size_t end = begin;
     while (end < lines.size() && static_cast<double>(end - begin) < wanted && !headerat(lines, end)) ++end;

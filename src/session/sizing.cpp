@@ -28,6 +28,7 @@ float pointswanted() {
 
 bool sizearrays() {
     session.budgetShare = 1;
+    session.sizeExponent = std::clamp<int16_t>(session.sizeExponent, 1, 10);
     while (pointswanted() >= fewestPoints) {
         if (allocatearrays()) return true;
         if (session.sizeExponent > 0) {

@@ -68,15 +68,15 @@ TEST_F(Findpaths, WithoutAnyVariableTheProgramFolderServesForAll) {
 
 TEST_F(Findpaths, AProgramFolderWithoutTheProgramGivesWayToTheCurrentOne) {
     machine.program = "c:\\odd\\other.exe";
-    machine.folders = {"c:\\work\\"};
-    findpaths("");
+    machine.present = {"c:\\odd\\other.exe"};
+    machine.folders = {"c:\\work\\", "c:\\t1\\"};
+    findpaths("-t c:\\t1");
     EXPECT_EQ(session.programPath, "c:\\work\\");
-    machine.present = {"c:\\odd\\VANEX1.EX4"};
-    findpaths("");
-    EXPECT_EQ(session.programPath, "c:\\work\\") << "no executable";
-    machine.present = {"c:\\odd\\vanex1.ex."};
-    findpaths("");
-    EXPECT_EQ(session.programPath, "c:\\odd\\");
+    for (const char* name : {"VANEXW.EXE", "vanex1.ex.", "vanexc"}) {
+        machine.present = {std::string("c:\\odd\\") + name};
+        findpaths("-t c:\\t1");
+        EXPECT_EQ(session.programPath, "c:\\odd\\") << name;
+    }
 }
 
 TEST_F(Findpaths, TheDocumentsServeForTemporaryFilesAtTheLast) {

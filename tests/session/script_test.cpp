@@ -65,8 +65,8 @@ TEST_F(Script, WritesEachOutputToItsFile) {
                     + path("e.txt") + " D " + path("d.txt") + " P " + path("p.svg") + " Q " + path("q.txt")
                     + "]"));
     EXPECT_NE(written("a.txt")->find("Analysis Report"), std::string::npos);
-    EXPECT_NE(written("r.txt")->find("Eta=312.88"), std::string::npos) << *written("r.txt");
-    EXPECT_TRUE(written("e.txt")->starts_with("Set 1: F(x) = 1 - exp(-(x / 312.88"));
+    EXPECT_NE(written("r.txt")->find("Eta=314.887"), std::string::npos) << *written("r.txt");
+    EXPECT_TRUE(written("e.txt")->starts_with("Set 1: F(x) = 1 - exp(-(x / 314.887"));
     EXPECT_EQ(*written("d.txt"), "150\n230\n-400\n310\n");
     EXPECT_NE(written("p.svg")->find("<svg"), std::string::npos);
     EXPECT_EQ(*written("q.txt"), "4\n");
@@ -198,7 +198,7 @@ TEST_F(Script, AScriptFileAsksForBLivesOfEachInput) {
     std::getline(lines, b10);
     std::getline(lines, b63);
     EXPECT_TRUE(b10.starts_with("B10=")) << b10;
-    EXPECT_TRUE(b63.starts_with("B63.212=312.88")) << "eta of the first input";
+    EXPECT_TRUE(b63.starts_with("B63.212=314.887")) << "eta of the first input";
 }
 
 TEST_F(Script, TheRiskForecastAnswersNoValueUntilItExists) {

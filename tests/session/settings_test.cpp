@@ -120,7 +120,7 @@ TEST_F(Settings, WhatIsWrittenIsReadAgain) {
     session.fitMethodSaved = maximumLikelihood;
     session.mleVariant = 3;
     session.confLow = 2.5f;
-    session.languageFile = "VXLNGGER.TXT";
+    session.languageFile = "VXLNGDEU.TXT";
     session.mtbfName = "MTTF = \"x\"";
     session.exportDecimal = ",";
     session.windowRect = {-8, 10, 1200, 800};
@@ -136,7 +136,7 @@ TEST_F(Settings, WhatIsWrittenIsReadAgain) {
     EXPECT_EQ(session.fitMethod, maximumLikelihood);
     EXPECT_EQ(session.mleVariant, 3);
     EXPECT_EQ(session.confLow, 2.5f);
-    EXPECT_EQ(session.languageFile, "VXLNGGER.TXT");
+    EXPECT_EQ(session.languageFile, "VXLNGDEU.TXT");
     EXPECT_EQ(session.mtbfName, "MTTF = \"x\"");
     EXPECT_EQ(session.exportDecimal, ",");
     EXPECT_EQ(session.windowRect, (std::array<int16_t, 4>{-8, 10, 1200, 800}));

@@ -22,7 +22,7 @@ protected:
     /// Bytes of the largest table at a size exponent.
     static std::size_t tableat(int exponent) {
         const std::size_t points = (18000u << exponent) / 24;
-        return (24 + 3 + 2) * (points + 1) * sizeof(float) * 2;
+        return (24 + 3 + 1 + 1) * (points + 1) * sizeof(float);
     }
 
     FreshSession fresh{lifeSide};
@@ -40,8 +40,8 @@ TEST_F(Sizing, AShortageLowersTheExponentAndTellsEachStep) {
 }
 
 TEST_F(Sizing, AtTheFloorTheBudgetIsHalved) {
-    session.sizeExponent = 0;
     limit(tableat(0) / 2);
+    desktop.expectmessage("Not Enough Free Memory");
     EXPECT_TRUE(sizearrays());
     EXPECT_EQ(session.sizeExponent, 0);
     EXPECT_LT(session.maxPoints, 750);
@@ -53,8 +53,8 @@ TEST_F(Sizing, AtTheFloorTheBudgetIsHalved) {
 }
 
 TEST_F(Sizing, FewerThanThirtyFivePointsEndTheProgram) {
-    session.sizeExponent = 0;
     limit(16);
+    desktop.expectmessage("Not Enough Free Memory Setup Change Possible?");
     desktop.expectmessage("Not Enough Free Memory Setup Change Possible?");
     EXPECT_FALSE(sizearrays());
     EXPECT_EQ(session.maxPoints, 0);

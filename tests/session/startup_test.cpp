@@ -157,7 +157,7 @@ TEST_F(Startup, TheWindowOpensAfterAScriptThatWantsIt) {
 TEST_F(Startup, ASecondPassChangesTheLanguageAndNothingElse) {
     start({});
     const std::string base = session.tempBase;
-    session.languageFile = "VXLNGGER.TXT";
+    session.languageFile = "VXLNGDEU.TXT";
     session.X(1, 1) = 7;
     startup({}, "vanex", false);
     EXPECT_EQ(word(Word::Not), "Nicht") << "German words";
@@ -167,6 +167,7 @@ TEST_F(Startup, ASecondPassChangesTheLanguageAndNothingElse) {
 
 TEST_F(Startup, AFolderThatCannotBeUsedIsNoted) {
     session = Session{};
+    desktop.machine.variables["TEMP"] = own;
     const std::string words[] = {"-c", "c:\\readonly"};
     startup(words, "vanex", false);
     ASSERT_EQ(session.cmdNotes.size(), 1u);
