@@ -55,7 +55,7 @@ const Method* methodofset(int k) {
     if (!boundasked(BoundSide::low) && !boundasked(BoundSide::high)) return nullptr;
     if (session.confAuto == 1 && session.fixedSlope == 0) session.confMethod = methodbyrule(k);
     const int kind = std::abs(session.confMethod);
-    if (kind == noBounds) return nullptr;
+    if (kind == noBounds && session.confAuto == 0) return nullptr;
     if (session.fixedSlope != 0) return &weibayesMethod;
     if (groupedinput() && kind != likelihoodBounds)
         return session.inputType == km4 ? &greenwoodMethod : &probitMethod;

@@ -202,6 +202,13 @@ void keepmodes(int k, const BestPlace& best, bool portion) {
     session.mixKind = portion ? 5 : 4;
     session.mixFlag = 1;
     session.logLik = best.value;
+    report(Word::Mixture, " ", Word::Analysis, " ", Word::Results);
+    report(Word::Optimum, " ", Word::Mixture);
+    for (const int i : {0, 1}) {
+        reportcell(0, " (", i + 1, ") = ", Reported{i == 0 ? modes.portion : 1.0});
+        reportcell(25, parametername(weibull, 1), "=", Reported{modes.eta[i]});
+        reportend(50, parametername(weibull, 2), "=", Reported{modes.beta[i]});
+    }
     compose(session.msg, Word::Set, " ", k, ": ", Word::Mixture);
     if (session.LOGLYKMLE(k) > -9e30) extend(session.msg, " LL1=", Reported{session.LOGLYKMLE(k)});
     extend(session.msg, " LL2=", Reported{best.value});

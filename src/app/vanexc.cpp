@@ -254,6 +254,9 @@ void complainall(HeadlessPlatform& console) {
     for (const std::string& note : session.cmdNotes) complain(note);
     for (const std::string& message : console.messages) complain(message);
     console.messages.clear();
+    if (session.scriptRequest.empty()) return;
+    for (const auto& messages : session.setMessages) // prompts answer themselves in a script, unseen
+        for (const std::string& message : messages) complain(message);
 }
 
 /// A run that had to leave out a value must not look as if it had been obeyed.
