@@ -25,6 +25,9 @@ need() {
         fail "apt-get could not install ${missing[*]}."
 }
 
+# Objects are shared between copies of the project: paths count from where it lies.
+export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
+
 # build PRESET [cmake options]: configures and builds build/PRESET.
 build() {
     local preset=$1
