@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "data/report.h"
 #include "data/resultsjson.h"
 #include "data/samples.h"
 #include "platform/files.h"
@@ -15,6 +16,7 @@
 #include "plot/plotfile.h"
 #include "session/commandline.h"
 #include "session/opendata.h"
+#include "session/scriptoutput.h"
 #include "session/session.h"
 #include "session/sizing.h"
 #include "session/startup.h"
@@ -79,6 +81,8 @@ void complain(std::string text) {
     constexpr std::string_view indent = "\n        ";
     for (auto at = text.find('\n'); at != std::string::npos; at = text.find('\n', at + indent.size()))
         text.replace(at, 1, indent);
+    for (char& c : text) // a file of bytes must not drive the terminal
+        if (static_cast<unsigned char>(c) < ' ' && c != '\n') c = '?';
     std::fprintf(stderr, "vanexc: %s\n", text.c_str());
 }
 
@@ -122,8 +126,12 @@ bool takeoutputs(std::vector<std::string>& arguments, Outputs& outputs) {
         }
         const auto* option = std::find_if(std::begin(longOptions), std::end(longOptions),
                                           [&](const LongOption& one) { return one.name == arguments[i]; });
-        if (option == std::end(longOptions) || i + 1 == arguments.size()) {
+        if (option == std::end(longOptions)) {
             complainof(Word::Unknown, ": ", AsTyped{arguments[i]});
+            return false;
+        }
+        if (i + 1 == arguments.size()) {
+            complainof(Word::No, " ", Word::Value, ": ", AsTyped{arguments[i]});
             return false;
         }
         outputs.*option->value = arguments[++i];
@@ -132,13 +140,11 @@ bool takeoutputs(std::vector<std::string>& arguments, Outputs& outputs) {
     return true;
 }
 
-/// Puts the language that was asked for in force. False, with the list of all, when there is none of that
-/// name.
+/// Notes the language that was asked for. False, with the list of all, when there is none of that name.
 bool takelanguage(const Outputs& outputs) {
     if (!outputs.language) return true;
     if (const Language* const language = languageofname(*outputs.language)) {
-        session.languageFile = language->file;
-        wordload();
+        session.cmdLanguage = language->file;
         return true;
     }
     std::string names;
@@ -189,18 +195,6 @@ bool loadsample() {
     return true;
 }
 
-bool anyresult() {
-    for (int k = 1; k <= setcount(); ++k)
-        if (session.setFitted(k) == 1) return true;
-    return false;
-}
-
-bool anypoint() {
-    for (int k = 1; k <= setcount(); ++k)
-        if (pointcount(k) > 0) return true;
-    return false;
-}
-
 /// Why nothing was analysed, when no message has said it.
 void complainempty(const HeadlessPlatform& console) {
     if (session.progSide != lifeSide)
@@ -209,45 +203,47 @@ void complainempty(const HeadlessPlatform& console) {
         complainof(Word::Not, " ", Word::Enough, " ", Word::Data);
 }
 
-/// A report with the line ends of this system: the session's own are those of its data files.
-std::string nativelines(std::string text) {
-    std::erase(text, '\r');
-    return text;
-}
-
 bool writeoutput(const std::optional<std::string>& path, const std::string& text) {
     if (!path || writefile(*path, text)) return true;
     complainof(Word::Cannot, " ", Word::Save, " ", Word::File, ": ", AsTyped{*path});
     return false;
 }
 
-int run(const Outputs& outputs, HeadlessPlatform& console) {
-    const bool loaded =
-        session.cmdFile.empty() ? loadsample() : opendata(session.cmdFile) != DataRead::unreadable;
-    if (!loaded) {
-        complainof(Word::Cannot, " ", Word::Open, " ", Word::File, ": ", AsTyped{session.cmdFile});
-        return noResult;
-    }
-    if (!roomfor(longestcolumn())) {
-        complainof(Word::Not, " ", Word::Enough, " ", Word::Free, " ", Word::Memory);
-        return noResult;
-    }
-    calcplot();
+/// Writes what the long options ask for of the session as it has been calculated.
+int writeall(const Outputs& outputs, const HeadlessPlatform& console) {
     const bool plotted = !outputs.plot || plotfile(*outputs.plot, outputs.pixelsAcross, outputs.pixelsDown);
     for (const std::string& message : console.messages) complain(message);
     if (!plotted) complainof(Word::Cannot, " ", Word::Plot, ": ", AsTyped{*outputs.plot});
-    const bool analysed = anyresult() || (session.progSide != lifeSide && outputs.plot && anypoint());
+    const bool analysed = anyresult() && (session.progSide == lifeSide || outputs.plot);
     if (!analysed) complainempty(console);
     std::string json;
     if (outputs.json) writeresults(json);
-    const bool written =
-        writeoutput(outputs.report, nativelines(session.reportBuffer)) && writeoutput(outputs.json, json);
+    const bool written = writeoutput(outputs.report, reportastext()) && writeoutput(outputs.json, json);
     return analysed && plotted && written ? done : noResult;
 }
 
-} // namespace
+/// A title takes every word up to the next switch. One that took the file as well would leave the sample to
+/// be analysed in its place.
+bool filelost() {
+    for (const std::string& title : {session.cmdTitle, session.cmdTitleSecond}) {
+        const std::string last = title.substr(title.find_last_of(' ') + 1);
+        if (last.empty() || !platform->system().fileexists(last)) continue;
+        complainof(Word::Unknown, " ", Word::File, ": ", AsTyped{title});
+        return true;
+    }
+    return false;
+}
 
-namespace {
+/// Reads the data that were named, or the sample. False, and told, when there are none.
+bool load() {
+    if (session.cmdFile.empty() && filelost()) return false;
+    const bool loaded =
+        session.cmdFile.empty() ? loadsample() : opendata(session.cmdFile) != DataRead::unreadable;
+    if (!loaded) complainof(Word::Cannot, " ", Word::Open, " ", Word::File, ": ", AsTyped{session.cmdFile});
+    const bool room = roomfor(longestcolumn());
+    if (!room) complainof(Word::Not, " ", Word::Enough, " ", Word::Free, " ", Word::Memory);
+    return loaded && room;
+}
 
 /// Notes on values without effect, and what the prompts would have shown.
 void complainall(HeadlessPlatform& console) {
@@ -264,23 +260,27 @@ int status(int outcome) { return session.cmdNotes.empty() ? outcome : wrongUse; 
 
 int start(std::vector<std::string> arguments, const char* name, HeadlessPlatform& console) {
     Outputs outputs;
-    if (!takeoutputs(arguments, outputs) || !plotpossible(outputs) || !takeformat(outputs)) return wrongUse;
+    if (!takeoutputs(arguments, outputs) || !plotpossible(outputs) || !takeformat(outputs)
+        || !takelanguage(outputs))
+        return wrongUse;
     const StartEnd end = startup(arguments, name, false);
-    if (!takelanguage(outputs)) return wrongUse;
     if (end == StartEnd::wrongUse) {
         wordclean(session.msg);
         complain(session.msg);
         return wrongUse;
     }
     complainall(console);
-    if (end != StartEnd::ready) return status(end == StartEnd::exit ? done : noResult);
+    if (end == StartEnd::exit) return status(writeall(outputs, console));
+    if (end != StartEnd::ready) return status(noResult);
     if (!outputs.report && !outputs.json && !outputs.plot) outputs.report = "-";
     if (session.cmdFile.empty() && session.progSide != lifeSide) {
         chooseside(lifeSide);
         if (!sizearrays()) return noResult;
         cmdapply();
     }
-    return status(run(outputs, console));
+    if (!load()) return status(noResult);
+    calcplot();
+    return status(writeall(outputs, console));
 }
 
 } // namespace

@@ -133,3 +133,9 @@ void reportnumberpad(int column, int width) {
     appendtrimmed(msg, session.u);
     msg.resize(std::min(msg.size(), start + static_cast<std::size_t>(std::max(width, 0))));
 }
+
+std::string reportastext() {
+    std::string text = session.reportBuffer;
+    std::erase(text, '\r');
+    return text;
+}

@@ -18,6 +18,9 @@ void reportlinew();
 /// number columns.
 void reportnumberpad(int column, int width);
 
+/// The text of device 4 with the line ends of this system: its own are those of data files.
+std::string reportastext();
+
 /// Clears line and column count, and the text of device 4.
 void reportstart();
 

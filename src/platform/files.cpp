@@ -39,6 +39,15 @@ std::optional<std::string> readfile(const std::string& path) {
     return file ? readstream(file.get()) : std::nullopt;
 }
 
+std::optional<std::string> readregular(const std::string& path) {
+    constexpr std::uintmax_t largest = 16u << 20;
+    const std::string name = nativepath(path);
+    std::error_code error;
+    if (!fs::is_regular_file(name, error) || fs::file_size(name, error) > largest || error)
+        return std::nullopt;
+    return readfile(name);
+}
+
 bool OutputFile::open(const std::string& path) {
     drop();
     whole = true;

@@ -10,6 +10,10 @@
 /// Content of a file, or of standard input for "-"; nothing when it cannot be read.
 std::optional<std::string> readfile(const std::string& path);
 
+/// Content of a regular file of a few megabytes at most: for files the program looks for by itself, so that a
+/// pipe or a device of that name can neither stop nor flood it.
+std::optional<std::string> readregular(const std::string& path);
+
 /// Writes a file, or standard output for "-". A regular file is written beside its place and renamed over it,
 /// so that a full disk or a kill never costs the old one. False when not every byte could be written.
 bool writefile(const std::string& path, std::string_view text);

@@ -14,8 +14,6 @@ bool hasdrive(std::string_view path) {
     return path.size() >= 2 && path[1] == ':' && std::isalpha(static_cast<unsigned char>(path[0]));
 }
 
-#ifndef _WIN32
-
 std::string variable(const char* name) {
     const char* const value = std::getenv(name);
     return value ? value : "";
@@ -27,20 +25,7 @@ std::string drivesfolder() {
     return (data.empty() ? variable("HOME") + "/.local/share" : data) + "/OmniVANEX/";
 }
 
-#endif
-
 } // namespace
-
-#ifdef _WIN32
-
-std::string nativepath(std::string_view own) { return std::string(own); }
-std::string ownpath(std::string_view native) {
-    std::string path(native);
-    std::replace(path.begin(), path.end(), '/', '\\');
-    return path;
-}
-
-#else
 
 std::string nativepath(std::string_view own) {
     std::string path(own);
@@ -64,8 +49,6 @@ std::string ownpath(std::string_view native) {
     std::replace(path.begin(), path.end(), '/', '\\');
     return path;
 }
-
-#endif
 
 std::string withbackslash(std::string path) {
     if (!path.empty() && separators.find(path.back()) == std::string_view::npos) path += '\\';

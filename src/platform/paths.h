@@ -4,7 +4,7 @@
 #include <string_view>
 
 /// The program's own paths: "\" between the folders, drives in front ("c:\vanex\data.w"), the same on every
-/// system. Windows takes them as they stand. Elsewhere "\" and "/" are alike, a path without a drive is a
+/// system: "\" and "/" are alike, a path without a drive is a
 /// native path ("\home\ann\x.w" is "/home/ann/x.w"), and drive c: lies in the user's data folder,
 /// $XDG_DATA_HOME/OmniVANEX/c, so that the standard folders exist for everybody without any right.
 

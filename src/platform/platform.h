@@ -101,6 +101,7 @@ public:
     virtual std::string currentfolder() = 0;
     virtual bool enterfolder(const std::string& folder) = 0;
     virtual bool makefolder(const std::string& folder) = 0; ///< with those above it; true when it is there
+    virtual bool folderexists(const std::string& folder) = 0;
     virtual bool fileexists(const std::string& path) = 0;
     /// True when a file of that name can be made in the folder; it is taken away again.
     virtual bool writable(const std::string& folder, const std::string& testname) = 0;

@@ -4,7 +4,6 @@
 #include <cctype>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <iomanip>
 #include <locale>
 #include <sstream>
@@ -13,11 +12,11 @@
 
 #include "platform/paths.h"
 
-#ifndef _WIN32
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/types.h>
 #include <sys/wait.h>
 #include <unistd.h>
-#endif
 
 namespace {
 
@@ -52,8 +51,6 @@ bool fitspattern(std::string_view name, std::string_view pattern) {
     }
     return pattern.find_first_not_of('*', p) == std::string_view::npos;
 }
-
-#ifndef _WIN32
 
 /// The names are those of Windows; each is answered with what stands for it here.
 std::optional<std::string> NativeSystem::environment(std::string_view name) {
@@ -100,25 +97,6 @@ bool NativeSystem::start(const std::string& program, std::span<const std::string
     return true;
 }
 
-#else
-
-std::optional<std::string> NativeSystem::environment(std::string_view name) {
-    return variable(std::string(name).c_str());
-}
-
-std::string NativeSystem::programfile() {
-    std::error_code error;
-    return ownpath(fs::absolute(startName, error).string());
-}
-
-bool NativeSystem::start(const std::string& program, std::span<const std::string> arguments) {
-    std::string line = "start \"\" \"" + program + "\"";
-    for (const std::string& argument : arguments) line += " \"" + argument + "\"";
-    return std::system(line.c_str()) == 0;
-}
-
-#endif
-
 std::string NativeSystem::numbertext(double value, int decimals) {
     std::ostringstream text;
     try {
@@ -141,10 +119,15 @@ bool NativeSystem::enterfolder(const std::string& folder) {
     return !error;
 }
 
+bool NativeSystem::folderexists(const std::string& folder) {
+    std::error_code error;
+    return fs::is_directory(nativepath(folder), error);
+}
+
 bool NativeSystem::makefolder(const std::string& folder) {
     std::error_code error;
     fs::create_directories(nativepath(folder), error);
-    return fs::is_directory(nativepath(folder), error);
+    return folderexists(folder);
 }
 
 bool NativeSystem::fileexists(const std::string& path) {
@@ -154,14 +137,14 @@ bool NativeSystem::fileexists(const std::string& path) {
 
 bool NativeSystem::writable(const std::string& folder, const std::string& testname) {
     const std::string file = nativepath(withbackslash(folder) + testname);
-    std::error_code error;
-    if (fs::exists(file, error)) return std::ofstream(file, std::ios::binary | std::ios::app).good();
-    bool written = false;
-    {
-        std::ofstream test(file, std::ios::binary);
-        written = static_cast<bool>(test << 'x') && static_cast<bool>(test.flush());
-    }
-    fs::remove(file, error);
+    struct stat there {};
+    if (::lstat(file.c_str(), &there) == 0) // somebody's own file, link or pipe of that name is left alone
+        return S_ISREG(there.st_mode) && ::access(file.c_str(), W_OK) == 0;
+    const int opened = ::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
+    if (opened < 0) return false;
+    const bool written = ::write(opened, "x", 1) == 1;
+    ::close(opened);
+    ::unlink(file.c_str());
     return written;
 }
 

@@ -16,6 +16,7 @@ public:
     std::string currentfolder() override;
     bool enterfolder(const std::string& folder) override;
     bool makefolder(const std::string& folder) override;
+    bool folderexists(const std::string& folder) override;
     bool fileexists(const std::string& path) override;
     bool writable(const std::string& folder, const std::string& testname) override;
     std::vector<std::string> files(const std::string& folder, std::string_view pattern) override;

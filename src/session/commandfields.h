@@ -17,6 +17,7 @@ struct CommandFields {
     int16_t cmdMethod = 0;            ///< -m, 1 to 8; 0 not given
     std::string cmdDistribution;      ///< -e
     std::string cmdConfidence;        ///< -b
+    std::string cmdLanguage;          ///< file of the language asked for; empty: that of the settings
     std::string cmdTitle;             ///< -f
     std::string cmdTitleSecond;       ///< -k
     std::string cmdOptionFile;        ///< -a

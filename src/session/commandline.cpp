@@ -6,6 +6,7 @@
 
 #include "data/numbertext.h"
 #include "numeric/sngguard.h"
+#include "platform/paths.h"
 #include "session/confidencetext.h"
 #include "session/distribution.h"
 #include "session/session.h"
@@ -215,16 +216,11 @@ constexpr SwitchHelp help[] = {
      "side; T100 a known threshold: M2D90, M3L95"},
     {'g', "N", "samples of a simulation; maximum likelihood unless -m says otherwise"},
     {'x', "A[_B...]", "values at which SURV and RATE are asked for"},
-    {'y', "A[_B...]", "the same for Y"},
     {'f', "TEXT", "title of the plot"},
     {'k', "TEXT", "its second line"},
     {'z', "A_B_C_D", "limits of the plot: X low and high, Y low and high; 0 automatic"},
     {'1', "A_B_C_D#", "the same"},
-    {'2', "A_B...", "fixed places on the scale"},
-    {'6', "B_v | X_v | R_v", "line fit by beta, by a value or by a reliability"},
-    {'7', "B_v | X_v | R_v", "the second line fit"},
     {'8', "N | P", "no plot, or a plot (the default)"},
-    {'w', "LETTER", "kind of plot for a script run: one of A C H P Q R S T U V Y"},
     {'r', "SETS_POINTS", "room for so many sets of so many points"},
     {'s', "[REQUEST]", "script request: [WVW [data.txt] R results.txt]; [@FILE] runs a script file"},
     {'a', "FILE", "option file for this run"},
@@ -232,7 +228,10 @@ constexpr SwitchHelp help[] = {
     {'d', "FOLDER", "folder of data files"},
     {'t', "FOLDER", "folder of temporary files"},
     {'h', "1", "the main window opens after a script run"},
-    {'q', "N", "-u, -o, -3, -4 and -5: marks that are kept for the run"},
+    {'y', "A[_B...]",
+     "start values of Y, kept for the run, as are the plot choice -w LETTER, the fixed\n"
+     "places -2, the line fits -6 and -7 and the marks -q, -u, -o, -3, -4, -5"},
+    {'v', "", "and -9: without effect"},
     {'0', "", "ends the switches"},
 };
 
@@ -305,7 +304,7 @@ void applyconfidence() {
 }
 
 void applyplot() {
-    if (!session.cmdTitle.empty()) session.plotTitle = session.cmdTitle;
+    if (!session.cmdTitle.empty()) session.titleWanted = session.cmdTitle;
     if (!session.cmdTitleSecond.empty()) session.titleSecond = session.cmdTitleSecond;
     const std::vector<double>& limits = session.cmdLimits.empty() ? session.cmdRanges : session.cmdLimits;
     if (limits.size() != 4) return;
@@ -338,7 +337,7 @@ bool cmdparse(std::span<const std::string> words) { return cmdparse(linefrom(wor
 
 void cmdapply() {
     if (session.cmdInput >= 0) session.inputType = session.cmdInput;
-    if (!session.cmdData.empty()) session.dataPath = session.cmdData;
+    if (!session.cmdData.empty()) session.dataPath = withbackslash(session.cmdData);
     if (session.cmdSamples > 0) session.mcCount = std::min(session.cmdSamples, 32000.0f);
     applymethod();
     applydistribution();

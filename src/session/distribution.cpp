@@ -5,6 +5,7 @@
 #include <string>
 
 #include "data/numbertext.h"
+#include "data/textpieces.h"
 
 namespace {
 
@@ -36,12 +37,6 @@ constexpr Distribution distributions[] = {
     {"EXTREME-", gumbel, -1},
 };
 
-std::string uppercase(std::string text) {
-    std::erase(text, ' ');
-    std::transform(text.begin(), text.end(), text.begin(), [](unsigned char c) { return std::toupper(c); });
-    return text;
-}
-
 /// The number in "(n)"; 0 when there is none above 0.
 float slopein(std::string_view text) {
     if (text.size() < 3 || text.front() != '(' || text.back() != ')') return 0;
@@ -52,7 +47,8 @@ float slopein(std::string_view text) {
 } // namespace
 
 std::optional<DistributionChoice> distributionof(std::string_view text) {
-    const std::string upper = uppercase(std::string(text));
+    std::string upper = uppercase(text);
+    std::erase(upper, ' ');
     for (const Distribution& family : distributions) {
         if (!upper.starts_with(family.name)) continue;
         const std::string_view rest = std::string_view(upper).substr(family.name.size());

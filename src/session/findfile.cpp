@@ -1,9 +1,9 @@
 #include "session/findfile.h"
 
 #include <algorithm>
-#include <cctype>
 #include <random>
 
+#include "data/textpieces.h"
 #include "platform/paths.h"
 #include "platform/platform.h"
 #include "session/session.h"
@@ -13,12 +13,6 @@
 namespace {
 
 constexpr const char* writeTest = "WV~CHK2B.TMP";
-
-std::string upper(std::string_view text) {
-    std::string out(text);
-    std::transform(out.begin(), out.end(), out.begin(), [](unsigned char c) { return std::toupper(c); });
-    return out;
-}
 
 /// What a name begins or ends with, and the class it has by that. The first that fits holds.
 struct ClassRule {
@@ -108,7 +102,7 @@ bool serves(const std::string& folder, const std::string& name, FileClass kind) 
 } // namespace
 
 FileClass fileclass(std::string_view name) {
-    const std::string upperName = upper(nameof(name));
+    const std::string upperName = uppercase(nameof(name));
     for (const ClassRule& rule : classRules)
         if (fits(upperName, rule)) return rule.kind;
     return FileClass::data;
@@ -135,7 +129,7 @@ std::vector<std::string> candidatefolders(FileClass kind) {
 }
 
 std::string pathofname(std::string_view name) {
-    const std::string upperName = upper(nameof(name));
+    const std::string upperName = uppercase(nameof(name));
     for (const OwnName& own : ownNames)
         if (fits(upperName, own))
             return (own.home == Home::config    ? session.configPath
@@ -157,6 +151,10 @@ bool findfilequietly() {
         }
     const FileClass kind = fileclass(asked);
     const std::string name = nameof(asked);
+    if (kind == FileClass::temporary && !own.empty() && serves(folderof(own), name, kind)) {
+        session.msg = own;
+        return true;
+    }
     for (const std::string& folder : candidatefolders(kind)) {
         if (!serves(folder, name, kind)) continue;
         remembered(kind) = folder;
@@ -176,7 +174,7 @@ bool findfile() {
 
 void newtempbase() {
     do {
-        session.tempBase = "VX" + std::to_string(std::random_device{}() % 1000000);
+        session.tempBase = "VX" + std::to_string(1000000 + std::random_device{}() % 1000000); // of one length
     } while (platform && !platform->system().files(session.tempPath, session.tempBase + "*").empty());
     session.undoFile = temppath("-1.tmp");
 }
@@ -187,6 +185,6 @@ std::string temppath(std::string_view ending) {
 
 void removetemporaries() {
     if (!platform || session.tempBase.empty()) return;
-    for (const std::string& name : platform->system().files(session.tempPath, session.tempBase + "*.tmp"))
+    for (const std::string& name : platform->system().files(session.tempPath, session.tempBase + "-*.tmp"))
         platform->system().removefile(session.tempPath + name);
 }

@@ -69,7 +69,7 @@ void fromswitches(std::string_view line) {
 /// Lines of a key letter and a path; a "'" begins a comment.
 void frompathfile() {
     if (session.configPath.empty()) return;
-    const auto text = readfile(session.configPath + pathFile);
+    const auto text = readregular(session.configPath + pathFile);
     if (!text) return;
     std::string_view rest = *text;
     while (!rest.empty()) {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "data/numbertext.h"
+#include "data/textpieces.h"
 #include "numeric/sngguard.h"
 #include "platform/files.h"
 #include "session/session.h"
@@ -17,7 +18,7 @@ constexpr std::size_t riskSteps = 12;
 /// Texts that a line under OPTREPL replaces, from A.
 constexpr std::string Session::*replaced[] = {
     &Session::mtbfName,      &Session::thresholdName, &Session::equationsName, &Session::fontName,
-    &Session::exportDecimal, &Session::plotTitle,     &Session::titleSecond,   &Session::axisTitleX,
+    &Session::exportDecimal, &Session::titleWanted,   &Session::titleSecond,   &Session::axisTitleX,
     &Session::axisTitleY,    &Session::languageFile};
 
 template <class T>
@@ -40,16 +41,10 @@ void takeoption(std::size_t letter, std::string_view value) {
     text = value;
 }
 
-void takeline(std::string_view part, std::size_t letter, std::string_view value) {
+void takevalue(std::string_view part, std::size_t letter, std::string_view value) {
     if (part == "OPTREPL") takeoption(letter, value);
     if (part == "RISK") takerisk(letter, value);
     if (part == "LIBRARY") putat(session.libraryTitles, letter, std::string(value));
-}
-
-std::string_view trimmed(std::string_view text) {
-    const auto begin = text.find_first_not_of(" \t\r=");
-    return begin == std::string_view::npos ? std::string_view()
-                                           : text.substr(begin, text.find_last_not_of(" \t\r") - begin + 1);
 }
 
 } // namespace
@@ -57,9 +52,7 @@ std::string_view trimmed(std::string_view text) {
 void optionfiletake(std::string_view text) {
     std::string_view part;
     while (!text.empty()) {
-        const auto end = std::min(text.find('\n'), text.size());
-        const std::string_view line = trimmed(text.substr(0, end));
-        text.remove_prefix(std::min(end + 1, text.size()));
+        const std::string_view line = trimmed(takeline(text));
         if (const auto* named = std::find(std::begin(parts), std::end(parts), line);
             named != std::end(parts)) {
             part = *named;
@@ -69,12 +62,13 @@ void optionfiletake(std::string_view text) {
                               && (line.size() == 1 || line[1] == ' ' || line[1] == '\t' || line[1] == '=');
         if (!lettered) continue;
         const int letter = std::toupper(static_cast<unsigned char>(line[0])) - 'A';
-        takeline(part, static_cast<std::size_t>(letter), trimmed(line.substr(1)));
+        takevalue(part, static_cast<std::size_t>(letter),
+                  trimmed(line.substr(std::min<std::size_t>(2, line.size()))));
     }
 }
 
 bool optionfileread(std::string_view path) {
-    const auto text = readfile(std::string(path));
+    const auto text = readregular(std::string(path));
     if (text) optionfiletake(*text);
     return text.has_value();
 }

@@ -42,6 +42,7 @@ struct PlotState {
     int16_t familyDrawn = 0;  ///< family of the last cycle: a change clears the fit marks
     int16_t gumbeltypeDrawn = 0;
     std::string plotTitle;                  ///< main title
+    std::string titleWanted;                ///< main title by the user's wish; empty: by the data
     std::string runTitle;                   ///< method and fit of the run
     std::string titleSecond;                ///< second title line
     std::string axisTitleX;                 ///< empty: the standard title

@@ -13,22 +13,14 @@
 #include "session/settings.h"
 #include "session/siblings.h"
 #include "session/sizing.h"
+#include "session/switches.h"
 #include "shell/calcplot.h"
 #include "shell/words.h"
 
 namespace {
 
-/// The codes of the bounds, in the order of the methods.
-struct BoundCode {
-    std::string_view code;
-    int16_t confMethod;
-};
-constexpr BoundCode boundCodes[] = {
-    {"BN", noBounds},         {"BV", -fisherBounds},    {"BI", binomialBounds}, {"FM", fisherBounds},
-    {"LR", likelihoodBounds}, {"MC", simulationBounds}, {"PV", pivotalBounds},  {"NC", normalTheoryBounds}};
-
 void takemethod(const std::string& code) {
-    for (const BoundCode& known : boundCodes) {
+    for (const BoundCode& known : boundcodes()) {
         if (known.code != code) continue;
         session.confMethod = known.confMethod;
         session.confAuto = 0;
@@ -40,27 +32,57 @@ void takemethod(const std::string& code) {
     }
 }
 
+/// Switches that a request cannot take any more: the folders, the side and the arrays are settled.
+bool toolate(std::string_view switches) {
+    for (const SwitchText& one : switchsplit(switches))
+        if (std::string_view("ctprash").find(one.letter) != std::string_view::npos) {
+            compose(session.msg, Word::Unknown, ": -", one.letter, " ", AsTyped{one.value});
+            return true;
+        }
+    return false;
+}
+
+/// Takes the switches of a request. False with the word that is no switch, or has a wrong value, in msg.
+bool takeswitches(const std::string& switches) {
+    if (toolate(switches)) return false;
+    const Keep keep{session.cmdFile, session.scriptRequest};
+    session.cmdFile.clear();
+    const std::size_t notes = session.cmdNotes.size();
+    if (!cmdparse(std::string_view(switches))) return false;
+    if (session.cmdNotes.size() > notes) {
+        session.msg = session.cmdNotes.back();
+        session.cmdNotes.pop_back();
+        return false;
+    }
+    if (!session.cmdFile.empty()) {
+        compose(session.msg, Word::Unknown, ": ", AsTyped{session.cmdFile});
+        return false;
+    }
+    cmdapply();
+    return true;
+}
+
 /// The settings of a request: switches, and options by name. False with the one that is wrong in msg.
 bool takesettings(const std::string& settings) {
     std::string switches;
     std::string_view rest = settings;
     while (!rest.empty()) {
-        const auto end = std::min(rest.find_first_of(" \t,;"), rest.size());
-        const std::string_view word = rest.substr(0, end);
+        const auto end = std::min(rest.find_first_of(" \t;"), rest.size());
+        std::string_view word = rest.substr(0, end);
         rest.remove_prefix(std::min(end + 1, rest.size()));
         const auto equals = word.find('=');
         const bool named = equals != std::string_view::npos && !word.starts_with('-');
         if (!named) {
             switches.append(" ").append(word);
-        } else if (!settingset(word.substr(0, equals), word.substr(equals + 1))) {
+            continue;
+        }
+        if (word.ends_with(',')) word.remove_suffix(1);
+        if (!settingset(word.substr(0, equals), word.substr(equals + 1))) {
             compose(session.msg, Word::Unknown, ": ", AsTyped{word});
             return false;
         }
     }
-    const Keep keep{session.cmdFile, session.scriptRequest};
-    if (!cmdparse(std::string_view(switches))) return false;
-    cmdapply();
-    return true;
+    return takeswitches(switches);
 }
 
 /// Reads the inputs one behind another; one without data gives way to the clipboard.
@@ -80,13 +102,6 @@ bool readinputs(const std::vector<std::string>& files) {
     return scripterror(session.msg, ScriptHint::filename);
 }
 
-/// True when the run left something to put out: a line, or on the visual side points.
-bool anyresult() {
-    for (int k = 1; k <= setcount(); ++k)
-        if (session.setFitted(k) == 1 || (session.progSide != lifeSide && pointcount(k) > 0)) return true;
-    return false;
-}
-
 bool calculate() {
     calcplot();
     followups();
@@ -102,6 +117,8 @@ bool runrequest(const ScriptRequest& request) {
     takemethod(request.method);
     std::vector<std::string> files = request.files;
     if (files.empty() && !session.cmdFile.empty()) files.push_back(session.cmdFile);
+    if (files.empty() && !session.lastFile.empty())
+        files.push_back(session.lastFile); // what waits in the settings
     if (files.empty()) files.emplace_back("CLIPBOARD");
     if (!readinputs(files) || !calculate()) return false;
     for (const ScriptCommand& command : request.commands)
@@ -129,13 +146,17 @@ bool answer(const std::string& file, const std::string& text) {
 }
 
 bool runfile(const std::string& name) {
-    const auto text = readfile(name);
+    const auto text = readregular(name);
     if (!text) {
         compose(session.msg, Word::Cannot, " ", Word::Open, " ", Word::File, ": ", AsTyped{name});
         return scripterror(session.msg, ScriptHint::filename);
     }
     const auto script = scriptfileof(*text);
     if (!script) return scripterror(session.msg, ScriptHint::commandline);
+    if (script->files.empty()) {
+        compose(session.msg, Word::No, " ", Word::File, " ", Word::Name);
+        return scripterror(session.msg, ScriptHint::commandline);
+    }
     std::string blives, risk;
     for (const std::string& file : script->files) {
         if (!readinputs({file}) || !calculate()) return false;

@@ -4,6 +4,8 @@
 #include <numbers>
 #include <span>
 
+#include "analysis/lifeterms.h"
+#include "analysis/logterm.h"
 #include "data/lineequation.h"
 #include "data/report.h"
 #include "data/settitle.h"
@@ -18,12 +20,6 @@ namespace {
 
 constexpr int pixelsAcross = 1200, pixelsDown = 900;
 
-/// Line ends of this system: the session's own are those of its data files.
-std::string nativelines(std::string text) {
-    std::erase(text, '\r');
-    return text;
-}
-
 /// What report lines a writer sends, as text.
 template <class Writer>
 std::string reported(Writer write) {
@@ -32,7 +28,7 @@ std::string reported(Writer write) {
     session.reportDevice = reportText;
     reportstart();
     write();
-    return nativelines(session.reportBuffer);
+    return reportastext();
 }
 
 int dataRow(int k) { return static_cast<int>(rowofset(static_cast<float>(k))); }
@@ -88,10 +84,21 @@ double meanofline(const FamilyLine& line) {
     }
 }
 
-double survivalat(const FamilyLine& line, double x) { return probabilityofx(line, x).q; }
+/// Survival from its own logarithm, which keeps its digits far beyond the point where 1 - F is lost.
+double survivalat(const FamilyLine& line, double x) {
+    const StandardLine standard = standardline(line);
+    return std::exp(logabove(standard.shape, standard.z(x)));
+}
 
-/// Failure rate: density over survival.
-double rateat(const FamilyLine& line, double x) { return densityofx(line, x) / probabilityofx(line, x).q; }
+/// Failure rate: density over survival, by their logarithms. 0 before anything can fail.
+double rateat(const FamilyLine& line, double x) {
+    const StandardLine standard = standardline(line);
+    if (standard.logarithmic && x <= 0) return 0;
+    const double z = standard.z(x);
+    const double logRate =
+        logdensity(standard.shape, z) - logabove(standard.shape, z) - std::log(standard.scale);
+    return std::exp(logRate) / (standard.logarithmic ? x : 1);
+}
 
 void valueline(double value) {
     if (std::isfinite(value) && value > noLowLimit)
@@ -136,9 +143,9 @@ struct TextWord {
     std::optional<std::string> (*text)();
 };
 constexpr TextWord textWords[] = {
-    {"A", [] { return std::optional(nativelines(session.reportBuffer)); }},
-    {"C", [] { return std::optional(nativelines(session.reportBuffer)); }},
-    {"F", [] { return std::optional(nativelines(session.reportBuffer)); }},
+    {"A", [] { return std::optional(reportastext()); }},
+    {"C", [] { return std::optional(reportastext()); }},
+    {"F", [] { return std::optional(reportastext()); }},
     {"D", [] { return std::optional(dataastext()); }},
     {"E", [] { return std::optional(reported(equations)); }},
     {"R", [] { return std::optional(reported(results)); }},
@@ -168,6 +175,12 @@ bool toclipboard(const std::string& word, const std::string& text) {
 
 } // namespace
 
+bool anyresult() {
+    for (int k = 1; k <= setcount(); ++k)
+        if (session.setFitted(k) == 1 || (session.progSide != lifeSide && pointcount(k) > 0)) return true;
+    return false;
+}
+
 std::optional<std::string> outputtext(const std::string& word) {
     for (const TextWord& known : textWords)
         if (known.word == word) return known.text();
@@ -178,8 +191,10 @@ std::optional<std::string> outputtext(const std::string& word) {
 
 std::string blifelines(std::span<const double> percents) {
     return reported([&] {
+        if (session.progSide != lifeSide) report(noAnswerText);
         fittedsets([&](int k) {
             for (const double percent : percents) {
+                if (percent < noLowLimit) continue; // an index that no line has set
                 reportcell(0, "B", Reported{percent}, "=");
                 const bool inside = percent > 0 && percent < 100;
                 const double x = quantileofp(lineofset(k), percent / 100, negdataok());

@@ -13,6 +13,9 @@
 /// value asked for. noAnswerText where a value does not exist. Nothing for a word that has no text.
 std::optional<std::string> outputtext(const std::string& word);
 
+/// True when the run left something to put out: a line, or on the visual side points.
+bool anyresult();
+
 /// Writes one output to its file, or to the clipboard where none is named. False, with what went wrong in
 /// msg, when it cannot be.
 bool scriptoutput(const ScriptCommand& command);

@@ -5,6 +5,7 @@
 #include <cctype>
 
 #include "data/numbertext.h"
+#include "data/textpieces.h"
 #include "session/session.h"
 #include "shell/words.h"
 
@@ -12,19 +13,13 @@ namespace {
 
 constexpr std::string_view letters = "ADEPRBCFIQ";
 constexpr std::array<std::string_view, 5> valueWords = {"MTBF", "RATE", "SURV", "EXPR", "AVAL"};
-constexpr std::array<std::string_view, 8> methods = {"BN", "BV", "BI", "FM", "LR", "MC", "PV", "NC"};
+constexpr BoundCode codes[] = {{"BN", noBounds},      {"BV", -fisherBounds},     {"BI", binomialBounds},
+                               {"FM", fisherBounds},  {"LR", likelihoodBounds},  {"MC", simulationBounds},
+                               {"PV", pivotalBounds}, {"NC", normalTheoryBounds}};
 
-std::string uppercase(std::string_view text) {
-    std::string upper(text);
-    std::transform(upper.begin(), upper.end(), upper.begin(),
-                   [](unsigned char c) { return std::toupper(c); });
-    return upper;
-}
-
-std::string_view trimmed(std::string_view text) {
-    const auto begin = text.find_first_not_of(" \t\r");
-    return begin == std::string_view::npos ? std::string_view()
-                                           : text.substr(begin, text.find_last_not_of(" \t\r") - begin + 1);
+bool boundcode(std::string_view text) {
+    return std::any_of(std::begin(codes), std::end(codes),
+                       [&](const BoundCode& one) { return one.code == text; });
 }
 
 template <std::size_t N>
@@ -93,8 +88,8 @@ public:
 
     ScriptRequest finished() {
         ScriptCommand last = request.commands.empty() ? ScriptCommand{} : request.commands.back();
-        const bool ending =
-            request.commands.size() > 1 && last.file.empty() && (last.word == "D" || last.word == "C");
+        const bool behind = request.commands.size() > 1 && last.file.empty();
+        const bool ending = behind && (last.word == "C" || (last.word == "D" && exchanged()));
         if (ending) {
             (last.word == "D" ? request.deleteInput : request.clipboardHelper) = true;
             request.commands.pop_back();
@@ -103,6 +98,12 @@ public:
     }
 
 private:
+    /// Only what one program wrote for another may be deleted: never a user's file for a letter too many.
+    bool exchanged() const {
+        const auto temporary = [](const std::string& file) { return uppercase(file).ends_with(".TMP"); };
+        return std::all_of(request.files.begin(), request.files.end(), temporary);
+    }
+
     bool takefile(const std::string& name) {
         if (request.commands.empty() || !request.commands.back().file.empty()) return false;
         request.commands.back().file = name;
@@ -116,13 +117,8 @@ private:
             request.side = upper.front();
             return true;
         }
-        if (request.commands.empty() && request.method.empty() && request.side != 'V'
-            && oneof(methods, upper)) {
+        if (request.commands.empty() && request.method.empty() && request.side != 'V' && boundcode(upper)) {
             request.method = upper;
-            return true;
-        }
-        if (word.starts_with('@') && word.size() > 1) {
-            request.scriptFile = word.substr(1);
             return true;
         }
         if (oneof(valueWords, upper)) {
@@ -198,8 +194,18 @@ private:
 
 } // namespace
 
+std::span<const BoundCode> boundcodes() { return codes; }
+
 std::optional<ScriptRequest> requestof(std::string_view text) {
     std::string_view rest = unbracketed(text);
+    if (rest.starts_with('@')) {
+        ScriptRequest file;
+        rest = trimmed(rest.substr(1));
+        const bool quoted =
+            rest.size() > 1 && (rest.front() == '"' || rest.front() == '\'') && rest.back() == rest.front();
+        file.scriptFile = quoted ? rest.substr(1, rest.size() - 2) : rest;
+        return file;
+    }
     Builder builder;
     while (!(rest = trimmed(rest)).empty()) {
         const Token token = nexttoken(rest);
@@ -213,10 +219,10 @@ std::optional<ScriptRequest> requestof(std::string_view text) {
 std::optional<ScriptFile> scriptfileof(std::string_view text) {
     ScriptReader reader;
     bool first = true;
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
     while (!text.empty()) {
-        const auto end = std::min(text.find('\n'), text.size());
-        const std::string_view line = trimmed(text.substr(0, end));
-        text.remove_prefix(std::min(end + 1, text.size()));
+        const std::string_view line = trimmed(takeline(text));
         if (line.empty()) continue;
         const bool good = first ? uppercase(line) == "WV-SCRIPT" : reader.take(line);
         first = false;

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,8 +17,9 @@
 /// "CLIPBOARD" is the clipboard. Commands are letters, alone or packed ("PD"), or the words of single values,
 /// each with the file for its output behind it: a text with a ".", "\" or "/" in it, or in quotes.
 ///
-/// A last D behind another command deletes the input file when all is done, a last C starts the clipboard
-/// helper. "@name" is a script file.
+/// A last C behind another command starts the clipboard helper. So a last D deletes the input when all is
+/// done, where every input is a temporary file (".tmp") that one program left for another; behind other
+/// files it is the command for the data. "@name" is a script file.
 struct ScriptCommand {
     std::string word; ///< capital letters: "P", "MTBF"
     std::string file; ///< empty: the clipboard
@@ -32,6 +35,13 @@ struct ScriptRequest {
     bool clipboardHelper = false;
     std::string scriptFile;
 };
+
+/// The codes of the bounds and the confMethod that each stands for.
+struct BoundCode {
+    std::string_view code;
+    int16_t confMethod;
+};
+std::span<const BoundCode> boundcodes();
 
 /// Reads a request. Nothing for a text that is none; msg then holds what is wrong with it.
 std::optional<ScriptRequest> requestof(std::string_view text);

@@ -13,13 +13,10 @@ namespace {
 
 constexpr int rowCountBound = 48; ///< why a file may never raise maxRows above 48
 
-/// Elements of X at size exponent 0.
-float basebudget(int16_t side) { return side == lifeSide || side == simulationSide ? 18000.0f : 6000.0f; }
-
 void derivecapacities() {
     Session& s = session;
     s.sizeExponent = std::clamp<int16_t>(s.sizeExponent, 0, 10);
-    s.arrayBudget = std::ldexp(basebudget(s.progSide), s.sizeExponent) * s.budgetShare;
+    s.arrayBudget = arraybudget();
     s.maxRows = s.maxRowsBase;
     s.maxPoints = std::floor(s.arrayBudget / s.maxRows);
     s.maxSets = std::floor(s.maxRows / s.sg);
@@ -97,6 +94,11 @@ void chooseside(Side side) {
     session.sg = side == lifeSide || side == simulationSide ? 3.0f : 1.0f;
     session.negativeXAllowed = side == lifeSide ? 0 : 1;
     session.plotMode = side == lifeSide ? 1 : 2;
+}
+
+float arraybudget() {
+    const bool wide = session.progSide == lifeSide || session.progSide == simulationSide;
+    return std::ldexp(wide ? 18000.0f : 6000.0f, session.sizeExponent) * session.budgetShare;
 }
 
 bool allocatearrays() {

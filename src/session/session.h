@@ -52,6 +52,9 @@ struct Session : Capacities,
 };
 extern Session session;
 
+/// Elements of X at the present side, size exponent and share.
+float arraybudget();
+
 /// Derives the capacities from progSide and sizeExponent and allocates every array by them. False when
 /// memory does not suffice; the session then has no arrays, and maxPoints is 0. session/sizing.h tries again
 /// with less.

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "data/numbertext.h"
+#include "data/textpieces.h"
 #include "numeric/sngguard.h"
 #include "platform/files.h"
 #include "session/findfile.h"
@@ -80,13 +81,7 @@ std::string textof(const Setting& setting) {
 
 std::vector<std::string_view> linesof(std::string_view text) {
     std::vector<std::string_view> lines;
-    while (!text.empty()) {
-        const auto end = std::min(text.find('\n'), text.size());
-        std::string_view line = text.substr(0, end);
-        if (line.ends_with('\r')) line.remove_suffix(1);
-        lines.push_back(line);
-        text.remove_prefix(std::min(end + 1, text.size()));
-    }
+    while (!text.empty()) lines.push_back(takeline(text));
     return lines;
 }
 
@@ -166,18 +161,13 @@ void takesection(const Found& found) {
 /// What follows from the values read.
 void settle() { session.fitMethod = session.fitMethodSaved; }
 
-std::string uppercase(std::string_view text) {
-    std::string upper(text);
-    std::transform(upper.begin(), upper.end(), upper.begin(),
-                   [](unsigned char c) { return std::toupper(c); });
-    return upper;
-}
-
-/// Path of the settings file; where there is none yet, its place in the config folder.
+/// Where the settings are read: in the config folder, or wherever an older installation left them; in the
+/// folder of -c alone where one was named.
 std::string settingspath() {
     const Keep keep{session.msg};
     session.msg = settingsName;
-    return findfilequietly() ? session.msg : session.configPath + std::string(settingsName);
+    const bool elsewhere = session.cmdConfig.empty() && findfilequietly();
+    return elsewhere ? session.msg : session.configPath + std::string(settingsName);
 }
 
 // ---- writing ----
@@ -208,6 +198,18 @@ std::vector<std::string> linesof(const Section& section) {
     return lines;
 }
 
+/// The lines of a section with those of the file in place of the run's.
+std::vector<std::string> lasting(const Section& section, std::vector<std::string> lines) {
+    const auto found = session.asideSettings.find(section.name);
+    if (found == session.asideSettings.end()) return lines;
+    const auto& [kept, run] = found->second;
+    if (lines == run) return kept;
+    if (section.islist() || lines.size() != run.size() || kept.size() != run.size()) return lines;
+    for (std::size_t i = 0; i < lines.size(); ++i)
+        if (lines[i] == run[i]) lines[i] = kept[i];
+    return lines;
+}
+
 std::string markof(char side) { return std::string("WV") + side + "=ON"; }
 
 } // namespace
@@ -216,7 +218,7 @@ std::string settingstext() {
     std::string text = oneline(session.programTags);
     text += lineEnd;
     for (const Section& section : settingsections()) {
-        const std::vector<std::string> lines = linesof(section);
+        const std::vector<std::string> lines = lasting(section, linesof(section));
         text += section.name;
         text += lineEnd;
         text += std::to_string(lines.size());
@@ -239,17 +241,38 @@ void settingstake(std::string_view text) {
 }
 
 bool settingsread() {
-    const auto text = readfile(settingspath());
+    const auto text = readregular(settingspath());
     if (text) settingstake(*text);
     return text.has_value();
 }
 
+void settingskeep() {
+    session.asideSettings.clear();
+    for (const Section& section : settingsections())
+        session.asideSettings[std::string(section.name)] = {linesof(section), linesof(section)};
+}
+
+void settingsoverride() {
+    for (const Section& section : settingsections()) {
+        const auto found = session.asideSettings.find(section.name);
+        if (found == session.asideSettings.end()) continue;
+        auto& [kept, run] = found->second;
+        run = linesof(section);
+        for (const Setting& setting : section.settings) // what the file only tells follows the run
+            if (setting.writeOnly) kept[static_cast<std::size_t>(setting.position) - 1] = textof(setting);
+    }
+}
+
 bool settingswrite() {
     if (!session.scriptRequest.empty()) return true;
+    const std::string tags = session.programTags;
+    const int16_t written = session.settingsWritten;
     if (session.programTags.empty()) session.programTags = productTag;
     session.settingsWritten = 1;
-    const std::string path = settingspath();
+    const std::string path = session.configPath + std::string(settingsName);
     if (writefile(path, settingstext())) return true;
+    session.programTags = tags;
+    session.settingsWritten = written;
     compose(session.msg, Word::File, " ", Word::Open, " (", Word::File, "=", AsTyped{path},
             ") NOT POSSIBLE ... PATH OKAY?");
     tellok();
@@ -258,7 +281,7 @@ bool settingswrite() {
 
 SettingValue settingget(std::string_view name, int position) {
     const SettingValue none{noAnswerText, noAnswer};
-    const auto text = readfile(settingspath());
+    const auto text = readregular(settingspath());
     if (!text || position < 1) return none;
     const std::vector<std::string_view> lines = linesof(std::string_view(*text));
     for (const Found& found : sectionsof(lines))

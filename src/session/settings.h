@@ -19,6 +19,12 @@ bool settingsread();
 /// cannot be written; the old file then stays.
 bool settingswrite();
 
+/// What holds for one run alone, of the command line, an option file or a script, does not go into the file:
+/// settingskeep remembers the values as they are before, settingsoverride which ones have another value
+/// after. A value that the user changes later is written as any other.
+void settingskeep();
+void settingsoverride();
+
 /// The value at a position (from 1) of a section in the file; noAnswerText and noAnswer when the file, the
 /// section or the position is not there.
 struct SettingValue {

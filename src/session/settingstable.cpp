@@ -116,7 +116,7 @@ constexpr Setting dataOptions[] = {
     {0, "xLimitHigh", at<&S::xLimitHigh>},
     {0, "yLimitLow", at<&S::yLimitLow>},
     {0, "yLimitHigh", at<&S::yLimitHigh>},
-    {0, "plotTitle", at<&S::plotTitle>},
+    {0, "plotTitle", at<&S::titleWanted>},
     {0, "titleSecond", at<&S::titleSecond>},
     {0, "axisTitleX", at<&S::axisTitleX>},
     {0, "axisTitleY", at<&S::axisTitleY>},

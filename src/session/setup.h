@@ -33,6 +33,11 @@ struct Setup {
     std::vector<std::string> libraryTitles;         ///< library and comment titles
     std::vector<std::string> formerNames;           ///< names typed before
     std::vector<std::string> XFILEFORMER;           ///< files of the former results
+    /// Values of one run, by section: the lines of the file and those of the run.
+    struct Aside {
+        std::vector<std::string> kept, run;
+    };
+    std::map<std::string, Aside, std::less<>> asideSettings;
     /// Lines of each section as last read: those that this version has no use for are written back.
     std::map<std::string, std::vector<std::string>, std::less<>> keptSettings;
 };

@@ -1,9 +1,9 @@
 #include "session/siblings.h"
 
 #include <algorithm>
-#include <cctype>
 #include <vector>
 
+#include "data/textpieces.h"
 #include "platform/files.h"
 #include "platform/platform.h"
 #include "session/findfile.h"
@@ -22,9 +22,7 @@ constexpr SideProgram sides[] = {
     {'W', "VANEXW.EXE", "WVW"}, {'V', "VANEXV.EXE", "VXV"}, {'Y', "VANEXY.EXE", "VXY"}};
 
 std::string nativename(std::string_view name) {
-    std::string native(name);
-    std::transform(native.begin(), native.end(), native.begin(),
-                   [](unsigned char c) { return std::tolower(c); });
+    std::string native = lowercase(name);
     if (native.ends_with(".exe")) native.resize(native.size() - 4);
     return native;
 }
@@ -45,7 +43,8 @@ std::string programof(std::string_view name) {
 
 bool spawn(std::string_view name, std::span<const std::string> arguments) {
     std::vector<std::string> words(arguments.begin(), arguments.end());
-    if (!session.tempPath.empty()) {
+    const bool ofFamily = uppercase(name).starts_with("VANEX");
+    if (ofFamily && !session.tempPath.empty()) {
         words.emplace_back("-t");
         words.push_back(session.tempPath);
     }

@@ -12,8 +12,8 @@
 /// small letters without ".exe".
 std::string programof(std::string_view name);
 
-/// Starts a program with arguments and does not wait for it; tempPath goes with it, so that both look for
-/// exchanged files in one place. False when there is no such program.
+/// Starts a program with arguments and does not wait for it; for those of the family tempPath goes with it,
+/// so that both look for exchanged files in one place. False when there is no such program.
 bool spawn(std::string_view name, std::span<const std::string> arguments);
 
 /// Hands the data to the other side of the program: writes them to a temporary file and starts the side with

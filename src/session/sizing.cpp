@@ -20,11 +20,7 @@ void tellshortage() {
 
 } // namespace
 
-float pointswanted() {
-    const bool wide = session.progSide == lifeSide || session.progSide == simulationSide;
-    const float budget = std::ldexp(wide ? 18000.0f : 6000.0f, session.sizeExponent) * session.budgetShare;
-    return std::floor(budget / session.maxRowsBase);
-}
+float pointswanted() { return std::floor(arraybudget() / session.maxRowsBase); }
 
 bool sizearrays() {
     session.budgetShare = 1;
@@ -46,10 +42,11 @@ bool sizearrays() {
 void raisefor(double sets, double points) {
     const double wanted = sets * points * static_cast<double>(session.sg);
     const double present = static_cast<double>(session.maxRowsBase) * static_cast<double>(pointswanted());
-    if (!(wanted >= present) || !std::isfinite(wanted)) return;
-    const double steps = std::floor(std::log2(wanted / present) + 1);
+    const double steps = wanted >= present ? std::floor(std::log2(wanted / present) + 1) : 0;
     session.sizeExponent =
         static_cast<int16_t>(std::min(largestExponent, static_cast<double>(session.sizeExponent) + steps));
+    // Few sets of many points are a small product; each set needs its room all the same.
+    while (static_cast<double>(pointswanted()) < points && session.sizeExponent < 10) ++session.sizeExponent;
 }
 
 bool roomfor(std::size_t cells) {

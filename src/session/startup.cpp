@@ -1,13 +1,12 @@
 #include "session/startup.h"
 
-#include <algorithm>
-#include <cctype>
-
+#include "data/textpieces.h"
 #include "platform/paths.h"
 #include "platform/platform.h"
 #include "session/commandline.h"
 #include "session/findfile.h"
 #include "session/findpaths.h"
+#include "session/opendata.h"
 #include "session/optionfile.h"
 #include "session/script.h"
 #include "session/scriptrequest.h"
@@ -15,6 +14,7 @@
 #include "session/settings.h"
 #include "session/sizing.h"
 #include "session/switches.h"
+#include "shell/calcplot.h"
 #include "shell/prompts.h"
 #include "shell/words.h"
 
@@ -24,9 +24,7 @@ constexpr float manyPoints = 600; ///< from here on the arrays take a moment
 
 /// The side by the name of the program, by a script's tag, by -p; the later one holds.
 Side sidewanted(std::string_view name) {
-    std::string program = nameof(name);
-    std::transform(program.begin(), program.end(), program.begin(),
-                   [](unsigned char c) { return std::tolower(c); });
+    const std::string program = lowercase(nameof(name));
     Side side = program.starts_with("vanexw")   ? lifeSide
                 : program.starts_with("vanexy") ? simulationSide
                                                 : visualSide;
@@ -43,16 +41,22 @@ void makeconfigfolder(bool windowed) {
         platform->system().makefolder(*settings + "\\OmniVANEX");
 }
 
+void notecannot(Word what, const std::string& name) {
+    std::string text;
+    wordclean(compose(text, Word::Cannot, " ", what, ": ", AsTyped{name}));
+    session.cmdNotes.push_back(text);
+}
+
 /// Folders asked for on the command line that could not be used: told, for the run goes on elsewhere.
 void notefolders() {
     const auto note = [](char letter, const std::string& wanted, const std::string& used) {
-        if (wanted.empty() || used == withbackslash(ownpath(wanted))) return;
-        std::string text;
-        compose(text, Word::Cannot, " ", Word::Save, ": -", letter, " ", AsTyped{wanted});
-        session.cmdNotes.push_back(text);
+        if (!wanted.empty() && used != withbackslash(ownpath(wanted)))
+            notecannot(Word::Save, std::string("-") + letter + " " + wanted);
     };
     note('c', session.cmdConfig, session.configPath);
     note('t', session.cmdTemp, session.tempPath);
+    if (!session.cmdData.empty() && platform && !platform->system().folderexists(session.cmdData))
+        notecannot(Word::Open, "-d " + session.cmdData);
 }
 
 /// Folders, command line, side and settings. False when the command line is wrong.
@@ -69,12 +73,12 @@ bool firstpass(const std::string& line, std::string_view name, bool windowed) {
     chooseside(sidewanted(name));
     decimalsep();
     settingsread();
-    if (!session.cmdOptionFile.empty() && !optionfileread(session.cmdOptionFile))
-        session.cmdNotes.push_back(compose(session.msg, Word::Cannot, " ", Word::Open, " ", Word::File, ": ",
-                                           AsTyped{session.cmdOptionFile}));
-    if (windowed && session.settingsWritten == 0) settingswrite();
     if (windowed)
         settingsmark(session.progSide == lifeSide ? 'W' : session.progSide == visualSide ? 'V' : 'Y', true);
+    if (windowed && session.settingsWritten == 0) settingswrite();
+    settingskeep();
+    if (!session.cmdOptionFile.empty() && !optionfileread(session.cmdOptionFile))
+        notecannot(Word::Open, session.cmdOptionFile);
     session.msg = fault;
     return understood;
 }
@@ -88,6 +92,7 @@ bool sizeall() {
 
 StartEnd runscript(bool windowed) {
     const bool good = scriptrun();
+    settingsoverride();
     if (!windowed || session.cmdShowWindow == 0) return good ? StartEnd::exit : StartEnd::failed;
     session.scriptRequest.clear();
     return StartEnd::mainWindow;
@@ -101,8 +106,10 @@ StartEnd startup(std::span<const std::string> words, std::string_view name, bool
         if (!firstpass(linefrom(words), name, windowed)) return StartEnd::wrongUse;
         if (!sizeall()) return StartEnd::noMemory;
     }
+    if (first && !session.cmdLanguage.empty()) session.languageFile = session.cmdLanguage;
     wordload();
     cmdapply();
+    if (first) settingsoverride();
     if (!session.scriptRequest.empty()) return runscript(windowed);
     if (!windowed) return StartEnd::ready;
     return session.skipStartScreen == 1 ? StartEnd::mainWindow : StartEnd::startWindow;
@@ -126,4 +133,15 @@ void welcome() {
             "\n\n   (Select Language With The Computer Icon)");
     if (session.firstRunStage == shownTwice) extend(session.msg, "\n\nThis Message Will Not Be Shown Again");
     tellok();
+}
+
+void openmain() {
+    const bool unreadable = !session.cmdFile.empty() && opendata(session.cmdFile) != DataRead::read;
+    if (unreadable) {
+        compose(session.msg, Word::Cannot, " ", Word::Open, " ", Word::File, ": ", AsTyped{session.cmdFile});
+        tellok();
+    }
+    roomfor(longestcolumn());
+    calcplot();
+    welcome();
 }

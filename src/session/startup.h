@@ -27,5 +27,9 @@ StartEnd startup(std::span<const std::string> words, std::string_view name, bool
 /// and the folder of the start entered again.
 void shutdown();
 
+/// What the main window opens with: the data file of the command line, one run, and the welcome if it is due.
+/// A file that cannot be read is told.
+void openmain();
+
 /// The welcome of the first two starts: which ways there are to begin.
 void welcome();

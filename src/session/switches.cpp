@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cctype>
+#include <utility>
 
+#include "data/textpieces.h"
 #include "session/session.h"
 #include "shell/words.h"
 
@@ -11,6 +13,7 @@ namespace {
 constexpr std::string_view switchLetters = "abcdefghijkmopqrstuvwxyz0123456789";
 /// Switches whose value may hold blanks: folders, files, titles, lists and the request.
 constexpr std::string_view longValues = "abcdfkst2";
+constexpr std::string_view pathValues = "acdt"; ///< those among them that a program start gives as one word
 constexpr char lastSwitch = '0';
 constexpr std::string_view undefined = ": Undefined sequence ";
 
@@ -105,13 +108,18 @@ bool isnone(std::string_view text) {
 
 std::string linefrom(std::span<const std::string> words) {
     std::string line;
+    bool path = false; // the word before is a switch that takes a file or a folder, which is one word
     for (std::string_view word : words) {
         if (!line.empty()) line += ' ';
+        const bool whole =
+            std::exchange(path, word.size() == 2 && switchat(word, 0)
+                                    && pathValues.find(lowercase(word.substr(1))) != std::string_view::npos);
         if (switchat(word, 0)) {
             line += word.substr(0, 2);
             word.remove_prefix(2);
         }
-        const bool plain = word.starts_with('[') || word.find_first_of(" \t;'\"") == std::string_view::npos;
+        const bool plain =
+            !whole && (word.starts_with('[') || word.find_first_of(" \t;'\"") == std::string_view::npos);
         const char quote = word.find('"') == std::string_view::npos ? '"' : '\'';
         if (plain)
             line += word;

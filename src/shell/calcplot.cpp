@@ -58,9 +58,14 @@ void resetmarks() {
     session.inputNote.clear();
 }
 
-/// Title of the plot: the file without its folder, or the product where the data were typed.
+/// Title of the plot: the one that was asked for, else the file without its folder, or the product where the
+/// data were typed.
 void plotsetup() {
     const std::string& name = session.fileName;
+    if (!session.titleWanted.empty()) {
+        session.plotTitle = session.titleWanted;
+        return;
+    }
     session.plotTitle = name.empty() ? session.productName : name.substr(name.find_last_of("/\\") + 1);
 }
 

@@ -36,7 +36,9 @@ TEST(Requestof, LettersMayBePacked) {
 }
 
 TEST(Requestof, ALastDDeletesTheInputAndALastCStartsTheHelper) {
-    EXPECT_EQ(read("[pd]"), "P delete ");
+    EXPECT_EQ(read("[pd]"), "P delete ") << "no file of the user's is named";
+    EXPECT_EQ(read("[WVW [mine.txt] E D]"), "W [mine.txt] E D ") << "a user's file is never deleted";
+    EXPECT_EQ(read("[WVW [a.tmp] [mine.txt] RD]"), "W [a.tmp] [mine.txt] R D ");
     EXPECT_EQ(read("[VXV [x.tmp] P a.svg D]"), "V [x.tmp] P:a.svg delete ");
     EXPECT_EQ(read("[VXV [x.v] R C]"), "V [x.v] R helper ");
     EXPECT_EQ(read("[VXV [x.v] D]"), "V [x.v] D ") << "the only command is one";

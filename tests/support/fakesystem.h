@@ -42,6 +42,7 @@ public:
         made.push_back(folder);
         return false;
     }
+    bool folderexists(const std::string& folder) override { return folders.contains(withbackslash(folder)); }
     bool fileexists(const std::string& path) override { return present.contains(path); }
     bool writable(const std::string& folder, const std::string& testname) override {
         tested.push_back(folder + testname);
