@@ -331,7 +331,7 @@ void fitweibayes(const Set& set) {
     }
     if (bylikelihood()) {
         loglyk();
-        session.LOGLYKMLE(set.k) = session.logLik;
+        session.LOGLYKMLE(set.k) = trueloglik();
     }
     correlationofset(set, fitline(session.sums, regressxony(), fixedplotslope()));
     storeline(set);

@@ -58,6 +58,7 @@ SearchEnd maxlyk() {
         session.beta = beta;
         return end;
     }
+    session.logLik = trueloglik();
     if (const BiasCorrection correction = currentcorrection(); correction.variant > 0) {
         const FamilyLine line = corrected(currentline(), correction);
         session.eta = line.eta;
