@@ -48,7 +48,7 @@ public:
         double former = std::numeric_limits<double>::quiet_NaN();
         for (int scan = 1; scan <= mostScans; ++scan) {
             const Best best = scanfrom(start, step);
-            if (escaped()) return {ThresholdSearch::escaped, 0};
+            if (escaped()) return {ThresholdSearch::End::escaped, 0};
             if (best.place == 0 || first - best.t0 > farthest * range) return {};
             const bool fine = step < finestStep * (first - best.t0);
             if (scan > leastScans && fine && best.t0 == former) return finish(best);
@@ -100,9 +100,10 @@ private:
     /// A maximum has lower ground nearer to the first value.
     ThresholdSearch finish(const Best& best) const {
         const double distance = first - best.t0;
-        const bool atFirst = distance <= 4 * std::numeric_limits<float>::epsilon() * std::fabs(first);
+        const double size = std::max(std::fabs(first), range);
+        const bool atFirst = distance <= 4 * std::numeric_limits<float>::epsilon() * size;
         if (atFirst || !(measure(first - distance / 2) < best.measure)) return {};
-        return {ThresholdSearch::found, best.t0};
+        return {ThresholdSearch::End::found, best.t0};
     }
 
     const ThresholdMeasure& measure;
@@ -159,7 +160,7 @@ ThresholdSearch searchset(int k) {
         return likelihood ? measureoflikelihood() : measureofregression(k);
     };
     const ThresholdSearch search = searchthreshold(measure, first, last - first, likelihood);
-    if (search.end == ThresholdSearch::found) putthreshold(k, search.t0, first);
+    if (search.end == ThresholdSearch::End::found) putthreshold(k, search.t0, first);
     return search;
 }
 
@@ -182,9 +183,9 @@ bool findthreshold(int k) {
     compose(session.msg, Word::Set, " ", k, " ", Word::Find, " t0 ...");
     statusline();
     const ThresholdSearch search = searchset(k);
-    if (search.end == ThresholdSearch::found) return true;
+    if (search.end == ThresholdSearch::End::found) return true;
     session.t0(k) = 0;
-    if (search.end == ThresholdSearch::escaped) {
+    if (search.end == ThresholdSearch::End::escaped) {
         for (int set = 1; set <= setcount(); ++set) clearbounds(set);
     } else {
         tellimpossible(" ... ", Word::No, " ", Word::Optimum);

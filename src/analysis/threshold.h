@@ -6,7 +6,7 @@
 
 /// How a search ended, and where.
 struct ThresholdSearch {
-    enum End { found, noOptimum, escaped } end = noOptimum;
+    enum class End { found, noOptimum, escaped } end = End::noOptimum;
     double t0 = 0;
 };
 
@@ -25,7 +25,9 @@ inline constexpr double noMeasure = -9e30;
 /// where a rise follows: the likelihood of a threshold is without bound as it nears the smallest failure
 /// (Hill, JASA 58 (1963) 72; Cheng and Amin, J. R. Statist. Soc. B 45 (1983) 394), and the estimate is the
 /// local maximum (Griffiths, Appl. Statist. 29 (1980) 58). No optimum: where there is none but that rise,
-/// and where the best recedes beyond 10000 ranges, the limit without threshold. To about 1e-7 of the range.
+/// where the best recedes beyond 10000 ranges, the limit without threshold, and where it comes nearer to
+/// `first` than the spacing of singles over the larger of `first` and the range: that is the border itself.
+/// To about 1e-7 of the range.
 ThresholdSearch searchthreshold(const ThresholdMeasure& measure, double first, double range, bool likelihood);
 
 /// Finds the threshold of set k, which has been ordered, by the method in force: largest r^2 at rr, largest
