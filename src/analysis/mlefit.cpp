@@ -48,6 +48,11 @@ SearchEnd searchmaximum() {
 
 } // namespace
 
+bool bylikelihood() {
+    const bool knownSlope = session.fixedSlope > 0 && session.fitMethodSaved == maximumLikelihood;
+    return session.fitMethod == maximumLikelihood || knownSlope;
+}
+
 SearchEnd maxlyk() {
     const double eta = session.eta;
     const double beta = session.beta;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <span>
 
 /// Search for the threshold t0 of a set: the values less t0 follow the line.
 
@@ -29,6 +30,15 @@ inline constexpr double noMeasure = -9e30;
 /// `first` than the spacing of singles over the larger of `first` and the range: that is the border itself.
 /// To about 1e-7 of the range.
 ThresholdSearch searchthreshold(const ThresholdMeasure& measure, double first, double range, bool likelihood);
+
+/// True when the run searches thresholds: asked for, and of a family without a location of its own.
+bool thresholdsearched();
+
+/// Search for the one threshold that several sets share, which have been ordered. `measure` is that of the
+/// sets with the trial on all of them, which also holds for the optimum afterwards. No optimum below 3
+/// failures and for a single value. Leaves the sets with the last trial otherwise.
+ThresholdSearch searchsets(std::span<const int> sets, const std::function<double()>& measure,
+                           bool likelihood);
 
 /// Finds the threshold of set k, which has been ordered, by the method in force: largest r^2 at rr, largest
 /// log likelihood at mle unless thresholdByRegression asks for the one of rr. t0(k) is the optimum, kept
