@@ -2,19 +2,11 @@
 
 #include <cmath>
 
-#include "analysis/order.h"
+#include "data/cell.h"
 #include "numeric/c4.h"
 #include "session/session.h"
 
 namespace {
-
-/// Failures of the current set. Intervals and discoveries are failures in interval input.
-double failuresofset() {
-    const int k = session.currentSet;
-    double r = session.countOccr(k);
-    if (session.inputType == intv5) r += session.countIntv(k) + session.countDisc(k);
-    return r;
-}
 
 /// Power of C4 by which the slope is multiplied.
 double slopepower(int variant, double r) {
@@ -50,7 +42,7 @@ BiasCorrection biascorrection(int family, int variant, double r) {
 
 BiasCorrection currentcorrection() {
     if (session.fixedSlope > 0) return {};
-    return biascorrection(session.dist, session.mleVariant, failuresofset());
+    return biascorrection(session.dist, session.mleVariant, failurecount(session.currentSet));
 }
 
 FamilyLine corrected(FamilyLine line, const BiasCorrection& correction) {

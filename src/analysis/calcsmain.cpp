@@ -50,10 +50,8 @@ int activesets() {
 // ---- start of a run ----
 
 /// The comparison of two sets stands in the title before anything that is said of the contours.
-void comparesets() {
-    session.PVALUEFF.fill(static_cast<float>(noAnswer));
+void titledifference() {
     if (!twosetsasked()) return;
-    twosettest();
     if (session.PVALUEFF(1) < 0) session.runTitle += ' ';
     appenddifference(session.runTitle, session.PVALUEFF(1));
 }
@@ -66,10 +64,18 @@ void runtitle() {
     append(session.runTitle, Word::Fit);
     session.runTitle += ')';
     const auto extend = [](const auto&... parts) { (append(session.runTitle, parts), ...); };
-    comparesets();
+    titledifference();
     if (kind == 3 && session.confMethod < 0) extend(" ", Word::Assurance, " ... 1 vs. 2");
     if (kind == 3 && session.confMethod > 0) extend(" ", Word::Likelihood, " ", Word::Contour, " ");
     if (kind == 4 || kind == 5) extend(" ", Word::Simulation, " ", Word::Results, " ");
+}
+
+/// Compares two sets that both have a line, and puts the result into the title.
+void comparesets() {
+    const bool fitted = setcount() == 2 && session.setFitted(1) == 1 && session.setFitted(2) == 1;
+    if (!fitted || !twosetsasked() || session.abortCode == escapePressed) return;
+    twosettest();
+    runtitle();
 }
 
 /// The rule looks at one set. A single set among several can be chosen by hiding the others.
@@ -92,6 +98,7 @@ void startrun() {
     session.calcError = 0;
     session.abortCode = 0;
     session.loglykErrorTold = session.minimumTold = 0;
+    session.PVALUEFF.fill(static_cast<float>(noAnswer));
     runtitle();
 }
 
@@ -118,13 +125,6 @@ void clearresults(const Set& set) {
     clearbounds(set.k);
 }
 
-/// Occurrences that count for a fit: intervals and discoveries are failures in interval input.
-double occurrences(const Set& set) {
-    double count = session.countOccr(set.k);
-    if (session.inputType == intv5) count += session.countIntv(set.k) + session.countDisc(set.k);
-    return count;
-}
-
 void checknormalbounds(const Set& set) {
     if (session.confAuto == 1) return; // the rule takes another method for such a set
     const bool withoutBounds = session.dist == lognormal && session.confLow == 0 && session.confHigh == 0;
@@ -141,7 +141,7 @@ double valueinorder(const Set& set, int m) { return pointvalue(set.k, session.po
 /// A single failure with no suspension above it has no finite slope by likelihood.
 bool suspensionstoosmall(const Set& set) {
     if (session.fitMethod != maximumLikelihood || session.fixedSlope > 0 || negativedata()) return false;
-    if (occurrences(set) != 1 || session.countQuantity(set.k) <= 1) return false;
+    if (failurecount(set.k) != 1 || session.countQuantity(set.k) <= 1) return false;
     for (int m = 1; m <= set.points; ++m)
         if (session.pointTypes(set.k, session.pointOrder(set.k, m)) != Susp)
             return valueinorder(set, m) == valueinorder(set, set.points);
@@ -242,12 +242,7 @@ void tellnoline(const Set& set) {
 /// A single failure above suspensions can be fitted by likelihood.
 bool likelihoodpossible(const Set& set) {
     const int last = set.points > 0 ? session.pointOrder(set.k, set.points) : 0;
-    return occurrences(set) == 1 && last > 0 && session.pointTypes(set.k, last) == Susp;
-}
-
-bool bylikelihood() {
-    const bool knownSlope = session.fixedSlope > 0 && session.fitMethodSaved == maximumLikelihood;
-    return session.fitMethod == maximumLikelihood || knownSlope;
+    return failurecount(set.k) == 1 && last > 0 && session.pointTypes(set.k, last) == Susp;
 }
 
 /// Eta and beta of the least-squares line; false, and told, when there is none.
@@ -304,7 +299,7 @@ void fitset(const Set& set) {
 /// A Weibull line of known slope that its points alone do not give: no failure, or something added to them.
 bool weibayesneeded(const Set& set) {
     if (session.dist != weibull || session.fixedSlope <= 0 || groupedinput()) return false;
-    return occurrences(set) == 0 || weibayesadditions();
+    return failurecount(set.k) == 0 || weibayesadditions();
 }
 
 /// At rr a line without failures is no regression: the method that stands behind it is told.
@@ -322,7 +317,7 @@ void fitweibayes(const Set& set) {
     placepoints(set.k);
     regresspositions();
     if (session.calcError > 0 || session.abortCode == escapePressed) return;
-    if (occurrences(set) == 0 && !bylikelihood()) tellweibayes(set);
+    if (failurecount(set.k) == 0 && !bylikelihood()) tellweibayes(set);
     if (!weibayesready(set.k)) return;
     weibayescalc();
     if (session.beta <= 0 || !parametersinrange()) {
@@ -331,7 +326,7 @@ void fitweibayes(const Set& set) {
     }
     if (bylikelihood()) {
         loglyk();
-        session.LOGLYKMLE(set.k) = session.logLik;
+        session.LOGLYKMLE(set.k) = trueloglik();
     }
     correlationofset(set, fitline(session.sums, regressxony(), fixedplotslope()));
     storeline(set);
@@ -371,7 +366,7 @@ void analyseset(const Set& set) {
         return;
     }
     const double needed = oneFailure ? 1 : 2;
-    if (groupedinput() || occurrences(set) >= needed) {
+    if (groupedinput() || failurecount(set.k) >= needed) {
         fitset(set);
         return;
     }
@@ -434,5 +429,6 @@ void calcsmain() {
         session.inputType = chosen;
         if (session.abortCode == escapePressed || session.calcError < 0) break;
     }
+    comparesets();
     endrun();
 }

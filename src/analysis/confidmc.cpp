@@ -8,6 +8,7 @@
 
 #include "analysis/bounds.h"
 #include "analysis/linefit.h"
+#include "analysis/mlefit.h"
 #include "analysis/notices.h"
 #include "analysis/order.h"
 #include "analysis/samplefit.h"
@@ -23,11 +24,6 @@ constexpr double unitsBetweenEvents = 8192;
 constexpr double mostUnits = 1e6; ///< of one sample
 constexpr int passedOver = 16;    ///< first random values of a start
 constexpr double unlimited = std::numeric_limits<double>::infinity();
-
-bool bylikelihood() {
-    const bool knownSlope = session.fixedSlope > 0 && session.fitMethodSaved == maximumLikelihood;
-    return session.fitMethod == maximumLikelihood || knownSlope;
-}
 
 /// Inspection rows that are single units at ages of their own rank like exact ages.
 bool tiedrows(int k) {

@@ -95,12 +95,6 @@ double andersondarlingpvalue(int family, bool threshold, double modified) {
 
 double fultonfactor(double n) { return n > 1 ? (n - 1) / (n + 0.618) : 0; }
 
-double failurecount(int k) {
-    double count = session.countOccr(k);
-    if (session.inputType == intv5) count += session.countIntv(k) + session.countDisc(k);
-    return count;
-}
-
 bool hasthreshold(int k) {
     const double least = session.dist == lognormal ? smallestBellThreshold : smallestExtremeThreshold;
     return session.dist != normal && std::fabs(static_cast<double>(session.t0(k))) >= least;

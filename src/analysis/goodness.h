@@ -52,9 +52,6 @@ double andersondarlingpvalue(int family, bool threshold, double modified);
 /// 0 for n <= 1. Fulton; in Abernethy, The New Weibull Handbook, ch. 7.
 double fultonfactor(double n);
 
-/// Failures of set k. Intervals and discoveries are failures in interval input.
-double failurecount(int k);
-
 /// True when the set's line counts as one of three parameters: its threshold is not 0.
 bool hasthreshold(int k);
 

@@ -17,11 +17,10 @@ constexpr int mostDoublings = 200;
 
 /// Log likelihood with one parameter moved; the line in the registers is kept.
 double likelihoodat(double eta, double beta) {
-    const Keep keep(session.eta, session.beta, session.logLik);
+    const Keep keep(session.eta, session.beta);
     session.eta = eta;
     session.beta = beta;
-    loglyk();
-    return session.logLik;
+    return trueloglik();
 }
 
 /// A parameter on the scale on which it may take every value, and back.
@@ -98,7 +97,7 @@ void likelihoodgrid() {
     const int k = session.currentSet;
     if (k < 1 || k > setcount() || session.setFitted(k) != 1) return;
     const int row = static_cast<int>(rowofset(static_cast<float>(k)));
-    const Keep keep(session.eta, session.beta, session.logLik);
+    const Keep keep(session.eta, session.beta);
     session.eta = session.etaFit(row, 1);
     session.beta = session.betaFit(row, 1);
     const GridLimits etas = gridlimits(false, shownDrop);

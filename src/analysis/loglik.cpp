@@ -14,13 +14,25 @@ bool isline(const StandardLine& line) {
     return line.scale > 0 && std::isfinite(line.scale) && std::isfinite(line.location);
 }
 
-/// The smallest probability there is, as a logarithm: below, a probability is 0.
-bool positive(double logarithm) { return std::exp(logarithm) > 0; }
+/// A probability that a number can hold: that of a row is 0 below.
+bool holdsprobability(double logarithm) { return std::exp(logarithm) > 0; }
 
 /// True when a row has a probability at both sides of its value.
 bool inside(const StandardLine& line, double x) {
     const bool valued = x > 0 || negativedata();
-    return valued && positive(logbelow(line.shape, line.z(x))) && positive(logabove(line.shape, line.z(x)));
+    const double z = line.z(x);
+    return valued && holdsprobability(logbelow(line.shape, z)) && holdsprobability(logabove(line.shape, z));
+}
+
+/// ln of the probability or density of x itself. Minus infinity for none at all; far out in a tail it stays
+/// what it is long after the probability has become too small for a number.
+double logofterm(const StandardLine& line, const LifeTerm& term, double portion) {
+    const bool interval = term.known == Known::between || term.known == Known::outside;
+    const double a = line.z(term.low);
+    const double b = interval ? line.z(term.high) : 0;
+    const double logarithm = logterm(line.shape, term.known, a, b, portion);
+    if (term.known != Known::exactly) return logarithm;
+    return logarithm - std::log(line.scale) - (line.logarithmic ? line.plotvalue(term.low) : 0);
 }
 
 void tellloglykerror() {
@@ -127,15 +139,8 @@ FamilyLine uncorrectedline() {
 
 double logcontribution(const StandardLine& line, const LifeTerm& term, double portion) {
     if (!isline(line)) return nothingLog;
-    const bool interval = term.known == Known::between || term.known == Known::outside;
-    const double a = line.z(term.low);
-    const double b = interval ? line.z(term.high) : 0;
-    double logarithm = logterm(line.shape, term.known, a, b, portion);
-    if (term.known == Known::exactly) {
-        logarithm -= std::log(line.scale);
-        if (line.logarithmic) logarithm -= line.plotvalue(term.low);
-    }
-    return positive(logarithm) ? logarithm : nothingLog;
+    const double logarithm = logofterm(line, term, portion);
+    return std::isfinite(logarithm) ? logarithm : nothingLog;
 }
 
 double weibullfailurelog(const FamilyLine& line, double x) {
@@ -161,7 +166,7 @@ double groupedrowlog(const StandardLine& line, const GroupedRow& row, double por
         if (term.weight == 0) continue;
         const double logarithm =
             logterm(line.shape, term.known, line.z(term.low), line.z(term.high), portion);
-        if (!positive(logarithm)) return badRowLogLik;
+        if (!holdsprobability(logarithm)) return badRowLogLik;
         sum += term.weight * logarithm;
     }
     return sum;
@@ -180,6 +185,28 @@ void loglyk() {
     }
     session.logLik = noLogLik;
     tellminimum();
+}
+
+double trueloglik() {
+    const StandardLine line = standardline(uncorrectedline());
+    const int k = session.currentSet;
+    if (!isline(line) || pointcount(k) == 0) return noLogLik;
+    const double portion = portionatrisk();
+    double sum = 0;
+    const auto add = [&](const LifeTerm& term) {
+        if (term.weight > 0) sum += term.weight * logofterm(line, term, portion);
+    };
+    if (groupedinput()) {
+        GroupedRows rows(k);
+        for (GroupedRow row; rows.next(row);) {
+            add(row.failures());
+            add(row.survivors());
+        }
+    } else {
+        const int points = pointcount(k);
+        for (int j = 1; j <= points; ++j) add(termofpoint(k, j));
+    }
+    return std::isfinite(sum) ? sum : noLogLik;
 }
 
 void loglykderivative() {

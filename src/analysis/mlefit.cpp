@@ -48,6 +48,11 @@ SearchEnd searchmaximum() {
 
 } // namespace
 
+bool bylikelihood() {
+    const bool knownSlope = session.fixedSlope > 0 && session.fitMethodSaved == maximumLikelihood;
+    return session.fitMethod == maximumLikelihood || knownSlope;
+}
+
 SearchEnd maxlyk() {
     const double eta = session.eta;
     const double beta = session.beta;
@@ -58,6 +63,7 @@ SearchEnd maxlyk() {
         session.beta = beta;
         return end;
     }
+    session.logLik = trueloglik();
     if (const BiasCorrection correction = currentcorrection(); correction.variant > 0) {
         const FamilyLine line = corrected(currentline(), correction);
         session.eta = line.eta;

@@ -2,6 +2,10 @@
 
 #include "analysis/linesearch.h"
 
+/// True when lines are fitted by likelihood: the method in force, or at a fixed slope the one that was
+/// chosen.
+bool bylikelihood();
+
 /// The maximum likelihood fit of the current set, which has been ordered, by the family, fixed slope, input
 /// type and population portion in force: eta, beta and logLik out, then the bias correction of the variant in
 /// force is on eta and beta. Weibull failures and suspensions go by maxlyknewton, everything else, and what

@@ -22,11 +22,11 @@ constexpr int trialsOfScan = 12;
 constexpr int lastPlaces = 11; ///< from this trial on the best lies at the far end of a scan
 constexpr int mostScans = 49;
 constexpr int leastScans = 14;
-constexpr double firstStep = 0.1;      ///< of the range
-constexpr double finestStep = 1e-8;    ///< of the distance from the first value
-constexpr double moveBack = 10000;     ///< parts of the first value
-constexpr double farthest = 1e4;       ///< distance from the first value, in ranges
-constexpr double leastOccurrences = 3; ///< two failures lie on a line for every threshold
+constexpr double firstStep = 0.1;   ///< of the range
+constexpr double finestStep = 1e-8; ///< of the distance from the first value
+constexpr double moveBack = 10000;  ///< parts of the first value
+constexpr double farthest = 1e4;    ///< distance from the first value, in ranges
+constexpr double leastFailures = 3; ///< two failures lie on a line for every threshold
 
 struct Best {
     double t0 = 0;
@@ -48,7 +48,7 @@ public:
         double former = std::numeric_limits<double>::quiet_NaN();
         for (int scan = 1; scan <= mostScans; ++scan) {
             const Best best = scanfrom(start, step);
-            if (escaped()) return {ThresholdSearch::escaped, 0};
+            if (escaped()) return {ThresholdSearch::End::escaped, 0};
             if (best.place == 0 || first - best.t0 > farthest * range) return {};
             const bool fine = step < finestStep * (first - best.t0);
             if (scan > leastScans && fine && best.t0 == former) return finish(best);
@@ -100,9 +100,10 @@ private:
     /// A maximum has lower ground nearer to the first value.
     ThresholdSearch finish(const Best& best) const {
         const double distance = first - best.t0;
-        const bool atFirst = distance <= 4 * std::numeric_limits<float>::epsilon() * std::fabs(first);
+        const double size = std::max(std::fabs(first), range);
+        const bool atFirst = distance <= 4 * std::numeric_limits<float>::epsilon() * size;
         if (atFirst || !(measure(first - distance / 2) < best.measure)) return {};
-        return {ThresholdSearch::found, best.t0};
+        return {ThresholdSearch::End::found, best.t0};
     }
 
     const ThresholdMeasure& measure;
@@ -110,11 +111,11 @@ private:
     bool likelihood;
 };
 
-/// Puts a threshold on the set, as a single below the first value.
-void putthreshold(int k, double t0, double first) {
+/// Puts a threshold on the sets, as a single below the first value.
+void putthreshold(std::span<const int> sets, double t0, double first) {
     auto single = static_cast<float>(t0);
     if (single >= first) single = std::nextafter(static_cast<float>(first), -HUGE_VALF);
-    session.t0(k) = single;
+    for (const int k : sets) session.t0(k) = single;
 }
 
 double measureofregression(int k) {
@@ -129,38 +130,26 @@ double measureoflikelihood() {
     return maxlyk() == SearchEnd::found ? session.logLik : noMeasure;
 }
 
-/// Smallest and largest value of the set; of an interval both ends.
-void valuerange(int k, double& first, double& last) {
+/// Smallest and largest value of the sets; of an interval both ends.
+void valuerange(std::span<const int> sets, double& first, double& last) {
     first = HUGE_VAL;
     last = -HUGE_VAL;
-    for (int j = pointcount(k); j >= 1; --j) {
-        const double value = pointvalue(k, j);
-        first = std::min(first, value);
-        last = std::max({last, value, session.pointTypes(k, j) == Intv ? pointupper(k, j) : value});
-    }
-}
-
-double occurrences(int k) {
-    return session.countOccr(k) + (session.inputType == intv5 ? session.countIntv(k) : 0);
+    for (const int k : sets)
+        for (int j = pointcount(k); j >= 1; --j) {
+            const double value = pointvalue(k, j);
+            first = std::min(first, value);
+            last = std::max({last, value, session.pointTypes(k, j) == Intv ? pointupper(k, j) : value});
+        }
 }
 
 /// The search over the session's own set. What the trials tell stays untold.
 ThresholdSearch searchset(int k) {
-    double first;
-    double last;
-    valuerange(k, first, last);
-    if (occurrences(k) < leastOccurrences || !(last > first)) return {};
     const bool likelihood = session.fitMethod == maximumLikelihood && session.thresholdByRegression != 1;
     const Keep keep(session.eta, session.beta, session.logLik, session.quiet, session.minimumTold,
                     session.loglykErrorTold, session.setMessages, session.inputType);
     session.quiet = 1;
-    const auto measure = [&](double t0) {
-        putthreshold(k, t0, first);
-        return likelihood ? measureoflikelihood() : measureofregression(k);
-    };
-    const ThresholdSearch search = searchthreshold(measure, first, last - first, likelihood);
-    if (search.end == ThresholdSearch::found) putthreshold(k, search.t0, first);
-    return search;
+    const auto measure = [=] { return likelihood ? measureoflikelihood() : measureofregression(k); };
+    return searchsets({&k, 1}, measure, likelihood);
 }
 
 } // namespace
@@ -168,6 +157,27 @@ ThresholdSearch searchset(int k) {
 ThresholdSearch searchthreshold(const ThresholdMeasure& measure, double first, double range,
                                 bool likelihood) {
     return Scanner(measure, first, range, likelihood).run();
+}
+
+bool thresholdsearched() {
+    return session.findThreshold == 1 && (session.dist == weibull || session.dist == lognormal);
+}
+
+ThresholdSearch searchsets(std::span<const int> sets, const std::function<double()>& measure,
+                           bool likelihood) {
+    double failures = 0;
+    for (const int k : sets) failures += failurecount(k);
+    double first;
+    double last;
+    valuerange(sets, first, last);
+    if (failures < leastFailures || !(last > first)) return {};
+    const auto trial = [&](double t0) {
+        putthreshold(sets, t0, first);
+        return measure();
+    };
+    const ThresholdSearch search = searchthreshold(trial, first, last - first, likelihood);
+    if (search.end == ThresholdSearch::End::found) putthreshold(sets, search.t0, first);
+    return search;
 }
 
 bool findthreshold(int k) {
@@ -182,9 +192,9 @@ bool findthreshold(int k) {
     compose(session.msg, Word::Set, " ", k, " ", Word::Find, " t0 ...");
     statusline();
     const ThresholdSearch search = searchset(k);
-    if (search.end == ThresholdSearch::found) return true;
+    if (search.end == ThresholdSearch::End::found) return true;
     session.t0(k) = 0;
-    if (search.end == ThresholdSearch::escaped) {
+    if (search.end == ThresholdSearch::End::escaped) {
         for (int set = 1; set <= setcount(); ++set) clearbounds(set);
     } else {
         tellimpossible(" ... ", Word::No, " ", Word::Optimum);

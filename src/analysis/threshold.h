@@ -1,12 +1,13 @@
 #pragma once
 
 #include <functional>
+#include <span>
 
 /// Search for the threshold t0 of a set: the values less t0 follow the line.
 
 /// How a search ended, and where.
 struct ThresholdSearch {
-    enum End { found, noOptimum, escaped } end = noOptimum;
+    enum class End { found, noOptimum, escaped } end = End::noOptimum;
     double t0 = 0;
 };
 
@@ -25,8 +26,19 @@ inline constexpr double noMeasure = -9e30;
 /// where a rise follows: the likelihood of a threshold is without bound as it nears the smallest failure
 /// (Hill, JASA 58 (1963) 72; Cheng and Amin, J. R. Statist. Soc. B 45 (1983) 394), and the estimate is the
 /// local maximum (Griffiths, Appl. Statist. 29 (1980) 58). No optimum: where there is none but that rise,
-/// and where the best recedes beyond 10000 ranges, the limit without threshold. To about 1e-7 of the range.
+/// where the best recedes beyond 10000 ranges, the limit without threshold, and where it comes nearer to
+/// `first` than the spacing of singles over the larger of `first` and the range: that is the border itself.
+/// To about 1e-7 of the range.
 ThresholdSearch searchthreshold(const ThresholdMeasure& measure, double first, double range, bool likelihood);
+
+/// True when the run searches thresholds: asked for, and of a family without a location of its own.
+bool thresholdsearched();
+
+/// Search for the one threshold that several sets share, which have been ordered. `measure` is that of the
+/// sets with the trial on all of them, which also holds for the optimum afterwards. No optimum below 3
+/// failures and for a single value. Leaves the sets with the last trial otherwise.
+ThresholdSearch searchsets(std::span<const int> sets, const std::function<double()>& measure,
+                           bool likelihood);
 
 /// Finds the threshold of set k, which has been ordered, by the method in force: largest r^2 at rr, largest
 /// log likelihood at mle unless thresholdByRegression asks for the one of rr. t0(k) is the optimum, kept

@@ -17,9 +17,11 @@ double largestloglikelihood(Shape shape, std::span<const LifeTerm> terms, double
 /// so many degrees of freedom. A negative T counts as 0.
 double likelihoodratiopvalue(double T, double dof);
 
-/// The test of sets 1 and 2 for the family, fixed slope and input type in force, each set less its own
-/// threshold: pFF% into PVALUEFF of both, which have noAnswer for fewer than 3 failures altogether and when
-/// one of the lines does not exist. The degrees of freedom are the parameters that one line has fewer than
-/// two: 2, one less at a fixed slope, one more when thresholds are searched. Puts the sets in order; nothing
-/// else of the session changes.
+/// The test of sets 1 and 2 for the family, fixed slope and input type in force, into PVALUEFF of both as
+/// pFF%, by likelihood whatever the method of the fits. Where thresholds are searched, that is a parameter as
+/// the others: each set alone has its own, both together share one, every one of them searched anew. Else
+/// each set counts less the threshold that it has. noAnswer for fewer than 3 failures altogether and when one
+/// of the lines or thresholds does not exist. The degrees of freedom are the parameters that one line has
+/// fewer than two: 2, one less at a fixed slope, one more when thresholds are searched. Puts the sets in
+/// order; nothing else of the session changes.
 void twosettest();

@@ -186,3 +186,5 @@ void pointlabelput(int k, int j, std::string_view label) {
         // The point stands without its label: memory for text is no reason to lose a value.
     }
 }
+
+double failurecount(int k) { return session.countOccr(k) + session.countIntv(k) + session.countDisc(k); }

@@ -42,6 +42,9 @@ double pointvalue(int k, int j);
 /// Quantity of point j of set k: v1 as a whole number, anything below 1 taken as 1.
 double pointquantity(int k, int j);
 
+/// Failures of set k, which has been ordered: what failed at a known age, within an interval or before one.
+double failurecount(int k);
+
 /// Looks at a new cell's text in msg before it is stored, and leaves msg as it was. May change inputType or
 /// intervalPlot after asking. True when the session must be rebuilt.
 bool cellformcheck();

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "data/cell.h"
 #include "data/methodlabels.h"
 #include "data/report.h"
 
@@ -17,18 +18,13 @@ constexpr double fewFailures = 14; ///< below, pve has rows of its own for each 
 /// A measure of the regression line means nothing beside a line that was fitted by likelihood.
 bool byregression(int k) { return !(session.LOGLYKMLE(k) > noLowLimit); }
 
-double failures(int k) {
-    const bool intervals = session.setInputType(k) == intv5;
-    return session.countOccr(k) + (intervals ? session.countIntv(k) + session.countDisc(k) : 0);
-}
-
 void reportpve(int k) {
     const double percent = session.pvePercent(k);
     compose(session.msg, "pve%=");
     if (percent <= 0) {
         append(session.msg, "0");
     } else {
-        appendpercent(session.msg, percent, failures(k) < fewFailures);
+        appendpercent(session.msg, percent, failurecount(k) < fewFailures);
         appendtenpercentmark(session.msg, "pve%", percent, false);
     }
     const std::string text = session.msg;

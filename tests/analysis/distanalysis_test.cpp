@@ -105,6 +105,15 @@ TEST_F(DistAnalysisTest, AtMleTheStandardStaysWhereNothingIsBetterThanByChance) 
     EXPECT_TRUE(holds(text, "Optimum = 2-Parameter Weibull")) << text;
 }
 
+TEST_F(DistAnalysisTest, AtMleASuspensionAtZeroDoesNotHideTheWeibull) {
+    session.batchActive = 1;
+    choosemethod(maximumLikelihood);
+    life({"-1", "0", "0", "5", "10", "12"});
+    const std::string text = analysed();
+    // The log likelihood of 5, 10 and 12 with a survivor of age 1: mpmath, 40 digits.
+    EXPECT_TRUE(holds(text, "  2-Parameter Weibull = -7.40209")) << text;
+}
+
 TEST_F(DistAnalysisTest, AtMleAClearWinnerStandsAndMayBeAccepted) {
     choosemethod(maximumLikelihood);
     life(lognormals(40));

@@ -58,6 +58,18 @@ TEST_F(ContourTest, LimitsOfTheExponentialAreThoseOfItsOwnEquation) {
         EXPECT_NEAR(-4 * std::log(eta) - 100 / eta, -4 * std::log(25.0) - 4 - 2, 1e-5);
 }
 
+TEST_F(ContourTest, ASuspensionAtZeroChangesNoLimit) {
+    const GridLimits without = gridlimits(false, 3);
+    Cells more = ages;
+    more.push_back("0");
+    life(more);
+    session.eta = fit().eta;
+    session.beta = fit().beta;
+    const GridLimits with = gridlimits(false, 3);
+    EXPECT_RELATIVE(with.low, without.low, 1e-12);
+    EXPECT_RELATIVE(with.high, without.high, 1e-12);
+}
+
 TEST_F(ContourTest, TheTableHoldsTheLimitsAndAValueForEveryPair) {
     const std::string text = table();
     EXPECT_EQ(text.find("Likelihood Value Grid"), 0u) << text;

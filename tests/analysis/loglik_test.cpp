@@ -200,8 +200,43 @@ TEST_F(LoglikTest, AContributionThatIsNotPositiveIsExactlyMinusThirty) {
     EXPECT_EQ(loglikat(100, 2), -30);
     read({"0x0x4x-3.3e33"});
     EXPECT_EQ(loglikat(100, 2), -120);
-    EXPECT_EQ(logcontribution(standardline({normal, -1, 0, 1}), {Known::above, 1, 1e9, 0}, 1), -30);
+    EXPECT_EQ(logcontribution(standardline({normal, -1, 0, 1}), {Known::above, 1, 1e200, 0}, 1), -30);
     EXPECT_EQ(logcontribution(standardline({lognormal, -1, 10, 1}), {Known::exactly, 1, 10, 0}, 1), -30);
+}
+
+TEST_F(LoglikTest, AContributionTooSmallForANumberKeepsItsLogarithm) {
+    const StandardLine line = standardline({normal, -1, 0, 1});
+    const double halfLogTwoPi = std::log(2 * std::numbers::pi) / 2;
+    EXPECT_RELATIVE(logcontribution(line, {Known::exactly, 1, 100, 0}, 1), -5000 - halfLogTwoPi, 1e-15);
+    // ln of the normal tail above 100: mpmath, 30 digits.
+    EXPECT_RELATIVE(logcontribution(line, {Known::above, 1, 100, 0}, 1), -5005.52420869420, 1e-14);
+    EXPECT_RELATIVE(logcontribution(standardline({gumbel, -1, 0, 1}), {Known::exactly, 1, 10, 0}, 1),
+                    10 - std::exp(10), 1e-15);
+}
+
+TEST_F(LoglikTest, ItsTrueFormIsTheSameWhereNoLimitIsReached) {
+    for (const Family& family : families) {
+        take(family);
+        session.inputType = intv5;
+        read({"60x0x2x-3.3e33", "50x0x3x150", "100", "-180"});
+        EXPECT_RELATIVE(loglikat(family.eta, family.beta), trueloglik(), 1e-14) << family.family;
+        session.inputType = km4;
+        read({"50x0x2x3", "100x0x4x0", "-150x0x5x0", "200x0x1x2"});
+        EXPECT_RELATIVE(loglikat(family.eta, family.beta), trueloglik(), 1e-14) << family.family;
+    }
+}
+
+TEST_F(LoglikTest, ItsTrueFormHasNoLimitsOfSinglePoints) {
+    read({"60", "150", "-0x0x3"});
+    EXPECT_EQ(loglikat(100, 2), -9e30 * 3);
+    const double failures = std::log(density(60)) + std::log(density(150));
+    EXPECT_NEAR(trueloglik(), failures, 1e-12); // every unit survives age 0
+    session.inputType = prbt2;
+    read({"50x0x2x20", "1000x0x20x20"}); // (1000 / 100)^3 = 1000: survival is exp(-1000)
+    EXPECT_LT(loglikat(100, 3), -1e6);
+    EXPECT_NEAR(trueloglik(), 2 * std::log(-std::expm1(-0.125)) + 18 * -0.125, 1e-12);
+    session.beta = 0;
+    EXPECT_EQ(trueloglik(), noLogLik);
 }
 
 TEST_F(LoglikTest, NoPointsGiveTheSentinelAndOneWarningARun) {

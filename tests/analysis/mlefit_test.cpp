@@ -37,8 +37,7 @@ protected:
             session.eta = fit().eta + etaStep * scale * (session.dist >= normal ? 1 : fit().eta);
             session.beta =
                 session.dist == lognormal ? std::pow(fit().beta, 1 + betaStep) : fit().beta * (1 + betaStep);
-            loglyk();
-            return session.logLik;
+            return trueloglik();
         };
         EXPECT_EQ(at(0, 0), best) << place;
         const double h = 1e-3;
@@ -427,6 +426,38 @@ TEST_F(MleTest, NoEndOfASearchTouchesTheData) {
             for (int j = 1; j <= pointcount(1); ++j)
                 EXPECT_EQ(session.X(stride, j), session.entryX(stride, j)) << cells[0];
         }
+}
+
+// ---- the value of the maximum ----
+
+// One value far from ten thousand others: its density is less than the smallest number, its logarithm is not.
+TEST_F(MleTest, AnOutlierCountsInTheLogLikelihoodWithAllItsWeight) {
+    choose(normal);
+    life({"10x0x10000", "11"});
+    EXPECT_RELATIVE(session.LOGLYKMLE(1), 31866.502809485297, 1e-9); // -n ln s - n/2 (1 + ln 2 pi)
+    choose(lognormal);
+    life({"10x0x3000", "30"});
+    EXPECT_RELATIVE(session.LOGLYKMLE(1), 562.9261567186113, 1e-9);
+    choose(gumbel, -1);
+    life({"10x0x1000", "1"});
+    EXPECT_RELATIVE(session.LOGLYKMLE(1), 2715.242232014396820, 1e-12); // golden section, mpmath, 40 digits
+}
+
+TEST_F(MleTest, ASuspensionAtZeroChangesNothing) {
+    for (const float slope : {0.0f, 2.0f}) {
+        session.fixedSlope = slope;
+        life({"1", "5", "9", "12"});
+        const Fit without = fit();
+        const double logLik = session.LOGLYKMLE(1);
+        if (slope == 0) {
+            EXPECT_NEAR(logLik, -11.25256047976487929, 1e-12); // mpmath, 40 digits
+        }
+        life({"1", "0", "5", "9", "12"});
+        ASSERT_TRUE(fit().fitted);
+        EXPECT_EQ(fit().eta, without.eta);
+        EXPECT_EQ(fit().beta, without.beta);
+        EXPECT_NEAR(session.LOGLYKMLE(1), logLik, 1e-12);
+    }
 }
 
 // ---- labels ----

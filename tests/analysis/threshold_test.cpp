@@ -73,6 +73,16 @@ TEST_F(ThresholdTest, AThresholdThatRecedesForEverIsToldAndIsNoFit) {
     }
 }
 
+// The likelihood of intervals is bounded, and here it only rises towards their lowest end: no maximum.
+TEST_F(ThresholdTest, AMaximumAtTheBorderIsNone) {
+    choosemethod(maximumLikelihood);
+    session.inputType = intv5;
+    life({"0x0x3x10", "10x0x5x20", "20x0x6x30", "30x0x2x40", "-40x0x4"});
+    EXPECT_FALSE(fit().fitted);
+    EXPECT_EQ(session.t0(1), 0);
+    EXPECT_EQ(told(), impossible);
+}
+
 TEST_F(ThresholdTest, OfALikelihoodFitMayBeTheOneOfTheRegression) {
     life(bent);
     const float byRegression = session.t0(1);
@@ -174,8 +184,14 @@ TEST(ThresholdScans, NeverReachTheFirstValue) {
         EXPECT_LT(t0, 100);
         return t0;
     };
-    EXPECT_EQ(searchthreshold(rising, 100, 50, true).end, ThresholdSearch::noOptimum);
-    EXPECT_EQ(searchthreshold(rising, 100, 50, false).end, ThresholdSearch::noOptimum);
+    EXPECT_EQ(searchthreshold(rising, 100, 50, true).end, ThresholdSearch::End::noOptimum);
+    EXPECT_EQ(searchthreshold(rising, 100, 50, false).end, ThresholdSearch::End::noOptimum);
+}
+
+TEST(ThresholdScans, FindNoOptimumAtTheBorderOfDataFromZero) {
+    const auto rising = [](double t0) { return t0; };
+    for (const bool likelihood : {false, true})
+        EXPECT_EQ(searchthreshold(rising, 0, 50, likelihood).end, ThresholdSearch::End::noOptimum);
 }
 
 TEST(ThresholdScans, FindAMaximumAtAnyDistance) {
@@ -183,7 +199,7 @@ TEST(ThresholdScans, FindAMaximumAtAnyDistance) {
         const auto hill = [at](double t0) { return -std::fabs(t0 - at); };
         for (const bool likelihood : {false, true}) {
             const ThresholdSearch search = searchthreshold(hill, 100, 50, likelihood);
-            ASSERT_EQ(search.end, ThresholdSearch::found) << at;
+            ASSERT_EQ(search.end, ThresholdSearch::End::found) << at;
             EXPECT_NEAR(search.t0, at, 1e-6 * (100 - at)) << at;
         }
     }
@@ -192,15 +208,16 @@ TEST(ThresholdScans, FindAMaximumAtAnyDistance) {
 TEST(ThresholdScans, PreferTheLocalMaximumToTheRiseWithoutBound) {
     const auto likelihood = [](double t0) { return -std::log(100 - t0) / 10 - (t0 - 80) * (t0 - 80) / 100; };
     const ThresholdSearch search = searchthreshold(likelihood, 100, 50, true);
-    ASSERT_EQ(search.end, ThresholdSearch::found);
+    ASSERT_EQ(search.end, ThresholdSearch::End::found);
     // Where the slope 1/(10 d) - (t0 - 80)/50 = 0 with d = 100 - t0: d^2 - 20 d + 5 = 0, the farther root.
     EXPECT_NEAR(search.t0, 100 - (20 + std::sqrt(380)) / 2, 1e-5);
 }
 
 TEST(ThresholdScans, AMeasureThatIsTheSameEverywhereHasNoOptimum) {
-    EXPECT_EQ(searchthreshold([](double) { return 1.0; }, 100, 50, false).end, ThresholdSearch::noOptimum);
+    EXPECT_EQ(searchthreshold([](double) { return 1.0; }, 100, 50, false).end,
+              ThresholdSearch::End::noOptimum);
     EXPECT_EQ(searchthreshold([](double) { return noMeasure; }, 100, 50, true).end,
-              ThresholdSearch::noOptimum);
+              ThresholdSearch::End::noOptimum);
 }
 
 } // namespace

@@ -67,6 +67,71 @@ TEST_F(TwoSets, AreComparedLessTheirThresholds) {
     EXPECT_RELATIVE(pFF(), plain, 1e-4);
 }
 
+// ---- with thresholds
+
+const std::vector<std::string> early = {"310", "345", "368", "390", "402", "421", "437", "455", "478", "512"};
+const std::vector<std::string> later = {"340", "385", "402", "425", "439", "460", "474", "490", "520", "556"};
+
+// Expected: profiles over t0 by a golden section, slopes by bisection, three degrees of freedom; python and
+// mpmath. The log likelihoods are -54.74912542867666, -55.24730885945158 and, together, -110.9620673029765.
+TEST_F(TwoSets, SearchAThresholdForEachAndForBothTogether) {
+    session.findThreshold = 1;
+    for (const float method : {maximumLikelihood, rankRegression}) {
+        choosemethod(method);
+        sets({early, later});
+        EXPECT_RELATIVE(pFF(), 58.679452536469455, 1e-6) << method;
+    }
+    choose(lognormal);
+    sets({{"105", "112", "118", "127", "139", "151", "170", "195", "240", "320"},
+          {"110", "119", "128", "140", "149", "165", "190", "215", "260", "350"}});
+    EXPECT_RELATIVE(pFF(), 85.88568029243828, 1e-6);
+}
+
+TEST_F(TwoSets, KeepTheThresholdsOfTheirOwnFits) {
+    session.findThreshold = 1;
+    session.confMethod = noBounds;
+    choosemethod(maximumLikelihood);
+    sets({early, later});
+    const float first = session.t0(1), second = session.t0(2);
+    session.confMethod = likelihoodBounds;
+    for (int run = 0; run < 2; ++run) {
+        sets({early, later});
+        EXPECT_EQ(session.t0(1), first);
+        EXPECT_EQ(session.t0(2), second);
+        EXPECT_RELATIVE(pFF(), 58.679452536469455, 1e-6);
+    }
+}
+
+TEST_F(TwoSets, OfAFamilyWithALocationHaveNoThirdParameter) {
+    choose(normal);
+    sets({early, later});
+    const double plain = pFF();
+    session.findThreshold = 1;
+    sets({early, later});
+    EXPECT_EQ(pFF(), plain);
+}
+
+TEST_F(TwoSets, HaveNoTestWhereOneHasNoThreshold) {
+    session.findThreshold = 1;
+    choosemethod(maximumLikelihood);
+    sets({early, {"105", "112", "118", "127", "139", "151", "170", "195", "240", "320"}});
+    ASSERT_FALSE(fit(2).fitted);
+    EXPECT_EQ(pFF(), static_cast<float>(noAnswer));
+    EXPECT_NE(session.runTitle.find(") No LR Test Results"), std::string::npos) << session.runTitle;
+}
+
+TEST_F(TwoSets, HaveNoTestWhereOneHasNoLineByTheMethodInForce) {
+    const std::vector<Cells> one = {{"100", "-200"}, {"300", "500", "600"}};
+    choosemethod(maximumLikelihood);
+    sets(one);
+    EXPECT_GE(pFF(), 0);
+    choosemethod(rankRegression);
+    sets(one);
+    ASSERT_FALSE(fit(1).fitted);
+    EXPECT_EQ(pFF(), static_cast<float>(noAnswer));
+    EXPECT_NE(session.runTitle.find(") No LR Test Results"), std::string::npos) << session.runTitle;
+}
+
 TEST_F(TwoSets, HaveNoTestWhereAValueLiesBelowTheThreshold) {
     session.t0(1) = 150;
     sets({{"100", "200", "350"}, {"150", "300", "320"}});
