@@ -388,6 +388,7 @@ bool samplesdiffer(int k) {
 
 /// Grouped rows read as one sample inspected again and again cannot have samples of different sizes.
 void cautionsamples() {
+    if (session.quiet == 1) return; // the run around this one asks
     if (!groupedinput() || session.inputType == km4 || session.groupingOption != 1) return;
     std::string sets;
     for (int k = 1; k <= setcount(); ++k)
