@@ -280,12 +280,16 @@ bool likelihoodline(const Set& set, const PlotLine& line) {
     }
 }
 
+void labelset(const Set& set) {
+    session.setLabel(set.k).clear();
+    appendstatus(session.setLabel(set.k), set.k);
+}
+
 void fitset(const Set& set) {
     if (session.findThreshold == 1 && !findthreshold(set.k)) return;
     placepoints(set.k);
     regressselect();
-    session.setLabel(set.k).clear();
-    appendstatus(session.setLabel(set.k), set.k);
+    labelset(set);
     if (session.calcError > 0 || session.abortCode == escapePressed) return;
     const PlotLine line = fitline(session.sums, regressxony(), fixedplotslope());
     if (!(bylikelihood() ? likelihoodline(set, line) : regressionline(set, line))) return;
@@ -297,6 +301,7 @@ void fitset(const Set& set) {
     const bool spread = session.dist == lognormal || session.dist == normal;
     if (spread && session.countSusp(set.k) == 0) session.sampleSd(set.k) = samplesd(session.sums);
     correlationofset(set, line);
+    labelset(set); // by now it is known whether the line is corrected
     storeline(set);
     judgeline(set);
 }
