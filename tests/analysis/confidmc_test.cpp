@@ -2,9 +2,9 @@
 
 #include "analysis/confidmc.h"
 
-#include <algorithm>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 #include "analysis/bounds.h"

@@ -64,7 +64,7 @@ TEST_F(ContourTest, TheTableHoldsTheLimitsAndAValueForEveryPair) {
     EXPECT_NE(text.find("Eta L="), text.npos) << text;
     EXPECT_NE(text.find("Beta L="), text.npos) << text;
     EXPECT_NE(text.find(" U="), text.npos) << text;
-    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 3 + 1 + 7) << text;
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 1 + 3 + 1 + 7) << text; // a blank line first
 }
 
 TEST_F(ContourTest, TheTableLeavesTheLineInTheRegisters) {

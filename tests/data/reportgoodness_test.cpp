@@ -202,6 +202,16 @@ TEST_F(Goodness, ByAndersonDarlingHasNoValueForIntervals) {
     EXPECT_TRUE(reported("No pAD% For Data Type")) << session.reportBuffer;
 }
 
+TEST_F(Goodness, OfTwoSetsThatHaveNothingInCommonIsZeroAndNotNone) {
+    session.confMethod = likelihoodBounds;
+    sets({{"1x0x500", "2x0x500"}, {"1e6x0x500", "2e6x0x500"}});
+    EXPECT_EQ(session.PVALUEFF(1), 0);
+    EXPECT_NE(json().find("\"pFF\": 0,"), std::string::npos) << json();
+    session.confMethod = noBounds;
+    sets({{"1x0x500", "2x0x500"}, {"1e6x0x500", "2e6x0x500"}});
+    EXPECT_NE(json().find("\"pFF\": null"), std::string::npos) << json();
+}
+
 TEST_F(Goodness, OfTwoSetsStandsBehindTheirBlocks) {
     session.confMethod = likelihoodBounds;
     sets({{"100", "200", "350"}, {"100", "200", "350"}});
