@@ -22,10 +22,16 @@ void clearbounds(int k) {
     for (const BoundSide side : {BoundSide::low, BoundSide::high}) session.n(boundrow(k, side)) = 0;
 }
 
+bool boundvalue(double x) {
+    const double size = std::fabs(x);
+    if (x == 0) return session.negativeXAllowed == 1;
+    return size > 9e-30 && size < 9e30; // false for what is not a number
+}
+
 void addbound(int k, BoundSide side, double x, double p) {
     const int row = boundrow(k, side);
     const auto m = static_cast<int>(session.n(row)) + 1;
-    if (!std::isfinite(x) || !std::isfinite(p) || m > static_cast<int>(session.maxPoints)) return;
+    if (!boundvalue(x) || !std::isfinite(p) || m > static_cast<int>(session.maxPoints)) return;
     session.n(row) = static_cast<float>(m);
     session.X(row, m) = sngguard(x);
     session.Y(row, m) = sngguard(p);

@@ -21,7 +21,11 @@ int boundrow(int k, BoundSide side);
 /// Takes the bound curves and the parameter bounds of set k away.
 void clearbounds(int k);
 
-/// Appends a point to a curve. What is not a number, or has no place left in the row, is dropped.
+/// True for a value that data can have: of a size within (9E-30, 9E30), or 0 where data may be negative.
+bool boundvalue(double x);
+
+/// Appends a point to a curve. A value that no data can have is dropped, not clipped, for a clipped one
+/// bounds nothing; so is what is not a number or has no place left in the row.
 void addbound(int k, BoundSide side, double x, double p);
 
 /// The standard probabilities of a curve, as fractions in rising order: the ticks of the probability axis

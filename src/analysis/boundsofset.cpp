@@ -56,9 +56,10 @@ const Method* methodofset(int k) {
     if (session.confAuto == 1 && session.fixedSlope == 0) session.confMethod = methodbyrule(k);
     const int kind = std::abs(session.confMethod);
     if (kind == noBounds && session.confAuto == 0) return nullptr;
-    if (session.fixedSlope != 0) return &weibayesMethod;
-    if (groupedinput() && kind != likelihoodBounds)
+    const bool knownSlope = session.fixedSlope != 0;
+    if (groupedinput() && (knownSlope || kind != likelihoodBounds)) // no contour of two parameters, no sum
         return session.inputType == km4 ? &greenwoodMethod : &probitMethod;
+    if (knownSlope) return &weibayesMethod;
     for (const Method& method : methods)
         if (method.number == kind) return &method;
     return nullptr;
@@ -106,6 +107,17 @@ void cleanrow(int k, BoundSide side, const WrongSide& wrong) {
     session.n(row) = static_cast<float>(kept);
 }
 
+/// A bound of a parameter that no data can have, or that leaves the estimate out, is none.
+void cleanparameter(int k, int j, double estimate) {
+    constexpr double rounding = 2e-7; // of a percentage kept as a single
+    const double least = estimate - rounding * std::fabs(estimate);
+    const double most = estimate + rounding * std::fabs(estimate);
+    double& low = session.paramLow(k, j);
+    double& high = session.paramHigh(k, j);
+    if (!boundvalue(low) || low > most) low = noAnswer;
+    if (!boundvalue(high) || high < least) high = noAnswer;
+}
+
 bool populated(int k) {
     return session.n(boundrow(k, BoundSide::low)) > 0 || session.n(boundrow(k, BoundSide::high)) > 0;
 }
@@ -128,7 +140,12 @@ void finish(const Method& method, int k) {
     if (session.calcError != 0) tellset(k, Word::Confidence, " ", Word::Calculation, " ", Word::Truncated);
     const WrongSide wrong(k, method.bounded);
     for (const BoundSide side : {BoundSide::low, BoundSide::high}) cleanrow(k, side, wrong);
-    if (!populated(k)) return;
+    cleanparameter(k, 1, session.eta);
+    cleanparameter(k, 2, session.beta);
+    if (!populated(k)) {
+        clearbounds(k);
+        return;
+    }
     session.setBoundLabel(k) = codeof(method);
     session.ifylcnf = 9;
 }

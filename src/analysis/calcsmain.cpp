@@ -275,12 +275,16 @@ bool likelihoodline(const Set& set, const PlotLine& line) {
     }
 }
 
+void labelset(const Set& set) {
+    session.setLabel(set.k).clear();
+    appendstatus(session.setLabel(set.k), set.k);
+}
+
 void fitset(const Set& set) {
     if (session.findThreshold == 1 && !findthreshold(set.k)) return;
     placepoints(set.k);
     regressselect();
-    session.setLabel(set.k).clear();
-    appendstatus(session.setLabel(set.k), set.k);
+    labelset(set);
     if (session.calcError > 0 || session.abortCode == escapePressed) return;
     const PlotLine line = fitline(session.sums, regressxony(), fixedplotslope());
     if (!(bylikelihood() ? likelihoodline(set, line) : regressionline(set, line))) return;
@@ -292,6 +296,7 @@ void fitset(const Set& set) {
     const bool spread = session.dist == lognormal || session.dist == normal;
     if (spread && session.countSusp(set.k) == 0) session.sampleSd(set.k) = samplesd(session.sums);
     correlationofset(set, line);
+    labelset(set); // by now it is known whether the line is corrected
     storeline(set);
     judgeline(set);
 }
@@ -383,6 +388,7 @@ bool samplesdiffer(int k) {
 
 /// Grouped rows read as one sample inspected again and again cannot have samples of different sizes.
 void cautionsamples() {
+    if (session.quiet == 1) return; // the run around this one asks
     if (!groupedinput() || session.inputType == km4 || session.groupingOption != 1) return;
     std::string sets;
     for (int k = 1; k <= setcount(); ++k)

@@ -73,8 +73,12 @@ void fillbounds(int k, const Contour& contour, const StandardLine& line) {
 } // namespace
 
 void confidlr() {
-    if (session.confMethod < 0) return;
     const int k = session.currentSet;
+    if (session.confMethod < 0) {
+        tellset(k, Word::No, " ", Word::Likelihood, " ", Word::Ratio, " ", Word::Confidence, " ", Word::For,
+                " ", Word::Single, " ", Word::Point);
+        return;
+    }
     const StandardLine family = standardline({session.dist, session.gumbeltype, 1, 1});
     const std::vector<LifeTerm> terms = plotterms(k, family);
     const StandardLine line = maximumline(family, terms);

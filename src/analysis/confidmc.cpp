@@ -124,6 +124,15 @@ bool enoughsamples(int n) {
     return true;
 }
 
+/// The least count whose list holds the places of both confidences.
+double fewestsamples() {
+    double most = 2;
+    for (const BoundSide side : {BoundSide::low, BoundSide::high})
+        if (const double c = confidenceof(side); boundasked(side))
+            most = std::max({most, 1 / c, 1 / (1 - c)});
+    return std::ceil(most) - 1;
+}
+
 /// The simulated lines, and what they say at a confidence.
 class Simulated {
 public:
@@ -197,8 +206,14 @@ bool simulationserves(int k, Ending ending, int samples, int count) {
     const bool enough = samples > 1 && enoughsamples(samples);
     if (ending == Ending::escaped && enough) session.abortCode = 0;
     if (session.abortCode == escapePressed) return false;
-    if (!enough)
-        tellset(k, Word::Confidence, " ", Word::Calculation, " ", Word::Truncated, " ... MC # = ", samples);
+    const auto tell = [k, samples](const auto&... remedy) {
+        tellset(k, Word::Confidence, " ", Word::Calculation, " ", Word::Truncated, " ... MC # = ", samples,
+                remedy...);
+    };
+    if (!enough && ending == Ending::complete && std::isfinite(fewestsamples()))
+        tell(" ... ", Word::Minimum, " = ", fewestsamples());
+    else if (!enough)
+        tell();
     else if (samples < count)
         tellset(k, "MC # = ", samples);
     return enough;

@@ -10,6 +10,7 @@
 #include "analysis/calcsmain.h"
 #include "analysis/notices.h"
 #include "analysis/order.h"
+#include "analysis/runresults.h"
 #include "data/methodlabels.h"
 #include "data/report.h"
 #include "numeric/chisquare.h"
@@ -69,11 +70,15 @@ double tryfamily(int k, const Candidate& candidate) {
     return measureofset(k);
 }
 
+/// Everything that the candidates' runs write over is put back, but for a press of Escape.
 std::vector<double> measurecandidates(int k, std::span<const Candidate> candidates) {
-    const Keep keep(session.dist, session.gumbeltype, session.findThreshold, session.fixedSlope,
-                    session.fitMethod, session.fitMethodSaved, session.confMethod, session.confAuto,
-                    session.quiet, session.lineHide, session.t0, session.setMessages, session.inputType,
-                    session.currentSet);
+    const KeepResults results;
+    const Keep options(session.dist, session.gumbeltype, session.findThreshold, session.fixedSlope,
+                       session.fitMethod, session.fitMethodSaved, session.confMethod, session.confAuto,
+                       session.quiet, session.lineHide, session.inputType);
+    const Keep state(session.currentSet, session.setMessages, session.runTitle, session.calcError,
+                     session.ifylcnf, session.eta, session.beta, session.rFit, session.logLik, session.sums,
+                     session.loglykErrorTold, session.minimumTold);
     session.quiet = 1;
     session.confMethod = session.confAuto = 0;
     for (int other = 1; other <= setcount(); ++other) session.lineHide(other) = other == k ? 0 : 1;
@@ -83,15 +88,6 @@ std::vector<double> measurecandidates(int k, std::span<const Candidate> candidat
         if (session.abortCode == escapePressed) break;
     }
     return measures;
-}
-
-/// The fits as the options in force make them: the candidates' runs have written over them.
-void restorefits() {
-    const int16_t abort = session.abortCode;
-    const Keep keep(session.quiet, session.setMessages, session.currentSet, session.t0);
-    session.quiet = 1;
-    calcsmain();
-    session.abortCode = abort;
 }
 
 double occurrences(int k) { return session.countOccr(k) + session.countDisc(k) + session.countIntv(k); }
@@ -116,8 +112,9 @@ const char* measurename() {
     }
 }
 
-void reportheading(double occurred) {
-    compose(session.msg, Word::Data, " ", Word::Distribution, " ", Word::Analysis);
+void reportheading(int k, double occurred) {
+    report();
+    compose(session.msg, Word::Set, " ", k, ": ", Word::Data, " ", Word::Distribution, " ", Word::Analysis);
     const auto behind = [](const auto&... parts) { extend(session.msg, parts...); };
     if (session.fitMethod == maximumLikelihood)
         behind(" + ", Word::Likelihood, " ", Word::Ratio, " ", Word::Test);
@@ -149,14 +146,21 @@ int judged(int winner, std::span<const Candidate> candidates, std::span<const do
     return confidence >= leastConfidence ? winner : static_cast<int>(standard);
 }
 
-/// Asks whether the best family shall be the one in force.
-void offerchange(const Candidate& best) {
+/// A change is the user's to make: a run without one, a script or a batch, keeps to its own options.
+bool mayoffer(double occurred) {
+    return occurred >= fewOccurrences && session.batchActive == 0 && session.scriptRequest.empty();
+}
+
+/// Asks whether the best family shall be the one in force. True when it now is.
+bool offerchange(const Candidate& best) {
     const std::string offered = nameof(best);
     compose(session.msg, Word::Present, " ", Word::Distribution, " = ", nameof(present()), "\n",
             Word::Optimum, " = ", offered, "\n", Word::Change);
     session.menuTitle.clear();
     askyesno();
-    if (session.u == 1) choose(best);
+    if (session.u != 1) return false;
+    choose(best);
+    return true;
 }
 
 } // namespace
@@ -186,25 +190,22 @@ double confidenceofwinner(double winner, double standard, double n) {
     return ratio > 0 ? chi2cdf(ratio, 1) : 0;
 }
 
-void distributionanalysis() {
+bool distributionanalysis() {
     const int k = std::clamp(session.currentSet, setcount() > 0 ? 1 : 0, setcount());
-    if (!analysispossible(k)) return;
+    if (!analysispossible(k)) return false;
     const double occurred = occurrences(k);
-    reportheading(occurred);
+    reportheading(k, occurred);
     const std::span<const Candidate> candidates = candidatesinforce();
     const std::vector<double> measures = measurecandidates(k, candidates);
-    const bool stopped = session.abortCode == escapePressed;
-    restorefits();
-    if (stopped) return;
+    if (session.abortCode == escapePressed) return false;
     reportmeasures(candidates, measures);
     int best = bestcandidate(measures);
     if (best < 0) {
         tellrun(Word::Distribution, " ", Word::Analysis, " ", Word::Not, " ", Word::Possible);
-        return;
+        return false;
     }
     best = judged(best, candidates, measures, occurred);
     const Candidate& optimum = candidates[static_cast<std::size_t>(best)];
     report(Word::Optimum, " = ", nameof(optimum));
-    const bool offered = occurred >= fewOccurrences && session.batchActive == 0;
-    if (offered && !(optimum == present())) offerchange(optimum);
+    return mayoffer(occurred) && !(optimum == present()) && offerchange(optimum);
 }

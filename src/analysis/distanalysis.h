@@ -27,7 +27,11 @@ double confidenceofwinner(double winner, double standard, double n);
 /// Fits every candidate to the current set (set 1 when there is none in hand) by a quiet run of the analysis,
 /// and reports the one with the largest measure: at rr the goodness of fit of fitMeasure, at mle the log
 /// likelihood. At mle a winner that is better than the two-parameter Weibull with a confidence below 50
-/// percent gives way to it. With more than 20 occurrences the user may accept it: the family and the search
-/// for a threshold are then switched, and the cycle is the caller's to run.
-/// A candidate without a line has no measure. The session is as it was afterwards, its fits included.
-void distributionanalysis();
+/// percent gives way to it. A candidate without a line has no measure; the set itself need not have one.
+///
+/// Afterwards every option and every result of the last run, bounds included, is as it was, with one
+/// exception: with more than 20 occurrences, and neither a batch nor a script in force, the user may accept
+/// the winner. The family and the search for a threshold are then switched and the known slope is free, but
+/// the results are still those of the former family: the function returns true, and the caller runs the
+/// cycle. It returns false in every other case.
+bool distributionanalysis();

@@ -102,7 +102,8 @@ void likelihoodgrid() {
     session.beta = session.betaFit(row, 1);
     const GridLimits etas = gridlimits(false, shownDrop);
     const GridLimits betas = gridlimits(true, shownDrop);
-    report(Word::Likelihood, " ", Word::Value, " ", Word::Grid);
+    report();
+    report(Word::Set, " ", k, ": ", Word::Likelihood, " ", Word::Value, " ", Word::Grid);
     reportlimits(1, etas);
     reportlimits(2, betas);
     reportrows(etas, betas);

@@ -11,9 +11,8 @@
 
 namespace {
 
-constexpr double exponentLimit = 700;  ///< beyond, exp has no value
-constexpr double smallestScale = 80;   ///< of ln(1/r) / beta
-constexpr double mostFailures = 32000; ///< that the limit tells apart
+constexpr double exponentLimit = 700; ///< beyond, exp has no value
+constexpr double smallestScale = 80;  ///< of ln(1/r) / beta
 constexpr int16_t dauserForm = 3;
 
 bool outsideconfidence(double percent) { return !(percent >= 0 && percent < 100); }
@@ -83,9 +82,8 @@ double weibayesfailures(double failures, double confidence) {
 }
 
 double weibayeslimit(double logSum, double beta, double r, double confidence) {
-    if (!(confidence > 0 && confidence < 100)) return 0;
-    const double counted = std::clamp(r, 0.0, mostFailures);
-    return weibayesscale(logSum, beta, chi2inv(confidence / 100, 2 * counted + 2) / 2);
+    if (!(confidence > 0 && confidence < 100) || !std::isfinite(r)) return 0;
+    return weibayesscale(logSum, beta, chi2inv(confidence / 100, 2 * std::max(r, 0.0) + 2) / 2);
 }
 
 WeibayesData weibayesdata(int k, double beta) {

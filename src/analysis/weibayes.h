@@ -34,8 +34,9 @@ double weibayesfailures(double failures, double confidence);
 
 /// Lower limit of eta with a confidence of so many percent after r failures, r whole or not:
 /// (Sum / (chi2(confidence, 2r + 2) / 2))^(1 / beta); for r = 0 the same as -ln(1 - confidence / 100)
-/// failures. A limit of 50 percent is the median, one of 5 the upper limit at 95. At most 32000 failures
-/// count; 0 for a confidence outside (0, 100).
+/// failures. A limit of 50 percent is the median, one of 5 the upper limit at 95. Every failure counts, as it
+/// does in the sum: for many the chi-square value is that of its cube-root form (chi2inv). 0 for a confidence
+/// outside (0, 100) and for an r that is infinite or not a number.
 double weibayeslimit(double logSum, double beta, double r, double confidence);
 
 /// The data of a set as one sum, additions included.

@@ -7,7 +7,10 @@
 
 namespace {
 
-constexpr std::string_view variants[] = {"mle", "mleN-1", "RBAmd", "RBAmu", "RBApb", "RBAjjm"};
+std::string_view variantname(int variant) {
+    static constexpr std::string_view names[] = {"mle", "mmleN-1", "RBAmd", "RBAmu", "RBApb", "RBAjjm"};
+    return names[variant >= 0 && variant <= 5 ? variant : 0];
+}
 
 /// Mark of the input type behind the method, and for grouped rows the letter of the grouping option.
 void appendinputmark(std::string& text) {
@@ -43,7 +46,7 @@ void appendfamily(std::string& text) {
 
 void appendmethod(std::string& text) {
     if (session.fitMethod == maximumLikelihood) {
-        text += variants[session.mleVariant >= 0 && session.mleVariant <= 5 ? session.mleVariant : 0];
+        text += variantname(session.mleVariant);
         return;
     }
     text += session.rrSwap > 0 ? "rrs" : "rr";
@@ -51,7 +54,10 @@ void appendmethod(std::string& text) {
 
 void appendstatus(std::string& text, int k) {
     const bool likelihood = session.fitMethod == maximumLikelihood;
-    text += likelihood ? "mle" : session.rrSwap > 0 ? "rrs" : "rr";
+    if (likelihood)
+        text += variantname(session.setCorrected(k) == 1 ? session.mleVariant : 0);
+    else
+        text += session.rrSwap > 0 ? "rrs" : "rr";
     appendinputmark(text);
     if (session.t0(k) != 0) {
         text += "/t0";

@@ -31,15 +31,6 @@ void reportheading(int line, int lines) {
     report();
 }
 
-/// A notice, its further lines under its first. Its words have been cleaned when it was told.
-void reportnotice(std::string_view notice) {
-    for (const char* mark = "!! "; !notice.empty(); mark = "   ") {
-        const auto end = notice.find('\n');
-        report(mark, AsTyped{notice.substr(0, end)});
-        notice.remove_prefix(end == std::string_view::npos ? notice.size() : end + 1);
-    }
-}
-
 void reportset(int k) {
     const auto& messages = session.setMessages[static_cast<std::size_t>(k)];
     reportcell(0, Word::By, " - ", Word::Set, " ", k, messages.empty() ? "" : " !!");
@@ -208,6 +199,14 @@ void reportsetofmany(int k, int sets) {
 }
 
 } // namespace
+
+void reportnotice(std::string_view notice) {
+    for (const char* mark = "!! "; !notice.empty(); mark = "   ") {
+        const auto end = notice.find('\n');
+        report(mark, AsTyped{notice.substr(0, end)});
+        notice.remove_prefix(end == std::string_view::npos ? notice.size() : end + 1);
+    }
+}
 
 void reportsetup() {
     report(Word::Setup, ": ", Word::Dimension, " = ", session.maxSets, "x", session.maxPoints, ", ",

@@ -15,9 +15,6 @@ constexpr int thirdColumn = 50;
 constexpr double highestPrinted = 99.9999;
 constexpr double fewFailures = 14; ///< below, pve has rows of its own for each count
 
-/// A measure of the regression line means nothing beside a line that was fitted by likelihood.
-bool byregression(int k) { return !(session.LOGLYKMLE(k) > noLowLimit); }
-
 void reportpve(int k) {
     const double percent = session.pvePercent(k);
     compose(session.msg, "pve%=");
@@ -52,6 +49,8 @@ void reportad(int k) {
 }
 
 } // namespace
+
+bool byregression(int k) { return !(session.LOGLYKMLE(k) > noLowLimit); }
 
 void appendpercent(std::string& text, double percent, bool fine) {
     const double least = fine ? 0.1 : 1;

@@ -23,6 +23,9 @@ void appenddifferencegrade(std::string& text, double confidence);
 /// " pFF-Difference [%] = 3.2 (Strong)", or "No LR Test Results" where the test gave no value. percent in.
 void appenddifference(std::string& text, double pFF);
 
+/// A measure of the regression line means nothing beside a line that was fitted by likelihood: false for one.
+bool byregression(int k);
+
 /// True when the run compares two sets by their likelihood: exactly two sets, both
 /// shown, and contours asked for.
 bool twosetsasked();

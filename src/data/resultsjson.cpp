@@ -6,6 +6,7 @@
 #include "data/cell.h"
 #include "data/json.h"
 #include "data/methodlabels.h"
+#include "data/reportgoodness.h"
 #include "data/settitle.h"
 #include "plot/transforms.h"
 #include "session/session.h"
@@ -31,8 +32,13 @@ void fitted(JsonWriter& json, int k, T value) {
         json.null();
 }
 
-/// A figure of goodness: none where it is not positive.
-void percentage(JsonWriter& json, int k, float value) { fitted(json, k, value > 0 ? value : noFigure); }
+/// A figure of goodness: none where it is negative. 0 is an answer, that of a fit as poor as can be told.
+void percentage(JsonWriter& json, int k, float value) { fitted(json, k, value >= 0 ? value : noFigure); }
+
+/// One of the regression line: none beside a line by likelihood, as in the report.
+void regressionfigure(JsonWriter& json, int k, float value) {
+    percentage(json, k, byregression(k) ? value : noFigure);
+}
 
 void writetype(JsonWriter& json, int16_t type) {
     static constexpr const char* names[] = {"occr", "susp", "disc", "intv", "intv"};
@@ -151,8 +157,8 @@ constexpr SetField setFields[] = {
     {"r", [](JsonWriter& json, int k) { fitted(json, k, session.setCorrelation(k)); }},
     {"r2",
      [](JsonWriter& json, int k) { fitted(json, k, session.setCorrelation(k) * session.setCorrelation(k)); }},
-    {"ccc2", [](JsonWriter& json, int k) { percentage(json, k, session.cccSquared(k)); }},
-    {"pve", [](JsonWriter& json, int k) { percentage(json, k, session.pvePercent(k)); }},
+    {"ccc2", [](JsonWriter& json, int k) { regressionfigure(json, k, session.cccSquared(k)); }},
+    {"pve", [](JsonWriter& json, int k) { regressionfigure(json, k, session.pvePercent(k)); }},
     {"pAD", [](JsonWriter& json, int k) { percentage(json, k, session.pADPercent(k)); }},
     {"pFF", [](JsonWriter& json, int k) { percentage(json, k, session.PVALUEFF(k)); }},
     {"logLik",

@@ -33,6 +33,17 @@ TEST_F(BoundRows, TakePointsInOrderAndDropWhatIsNoNumber) {
     EXPECT_EQ(session.n(1), 0);
 }
 
+TEST_F(BoundRows, DropWhatNoDataCanHaveRatherThanClipIt) {
+    for (const double x : {1e31, -1e31, 1e-31, 9e30, 9e-30, 0.0}) addbound(1, BoundSide::low, x, .1);
+    EXPECT_EQ(session.n(1), 0);
+    addbound(1, BoundSide::low, 8e30, .1);
+    addbound(1, BoundSide::low, 1e-29, .1);
+    EXPECT_EQ(session.n(1), 2);
+    session.negativeXAllowed = 1;
+    addbound(1, BoundSide::low, 0, .1);
+    EXPECT_EQ(session.n(1), 3);
+}
+
 TEST_F(BoundRows, AreLimitedByTheRoomOfARow) {
     session.n(1) = session.maxPoints;
     addbound(1, BoundSide::low, 1, .5);

@@ -128,6 +128,136 @@ TEST_F(BoundsTest, SimulationAndWeibayesLinesHaveTheirRoutines) {
     EXPECT_EQ(session.ifylcnf, 9);
 }
 
+// ---- a known slope ----
+
+TEST_F(BoundsTest, GroupedRowsOfAKnownSlopeHaveTheirOwn) {
+    session.fixedSlope = 2;
+    for (const int16_t method : {fisherBounds, likelihoodBounds, pivotalBounds}) {
+        session.confMethod = method;
+        session.inputType = prbt2;
+        life({"20x0x2x20", "50x0x8x25", "90x0x17x20"});
+        EXPECT_EQ(session.setBoundLabel(1), "pr") << method;
+        EXPECT_GT(points(BoundSide::low), 0);
+        session.inputType = km4;
+        life({"20x0x2x3", "50x0x4x1", "90x0x3x2"});
+        EXPECT_EQ(session.setBoundLabel(1), "gw") << method;
+    }
+}
+
+TEST_F(BoundsTest, WhereTheSumHasNoBoundsThatIsTold) {
+    session.fixedSlope = 2;
+    session.confMethod = fisherBounds;
+    const auto refused = [this](const Cells& cells, const char* notice) {
+        life(cells);
+        ASSERT_TRUE(fit().fitted) << notice;
+        EXPECT_EQ(told(), Notices{notice});
+        EXPECT_EQ(session.setBoundLabel(1), "");
+        EXPECT_EQ(points(BoundSide::low) + points(BoundSide::high), 0);
+        EXPECT_EQ(session.ifylcnf, 0);
+    };
+    session.popPortion = .5f;
+    refused(censored, "Set 1: No Weibayes Confidence With tP%=50");
+    session.popPortion = 0;
+    choose(lognormal);
+    refused(complete, "Set 1: No Weibayes Confidence With LogNormal");
+    choose(gumbel);
+    session.fixedSlope = 10;
+    refused(complete, "Set 1: No Weibayes Confidence With Gumbel");
+}
+
+// With r failures the relative deviation of eta^beta is near to 1 / sqrt(r).
+TEST_F(BoundsTest, OfManyFailuresLieAboutTheirLine) {
+    session.fixedSlope = 2;
+    session.confMethod = fisherBounds;
+    for (const char* many : {"100x0x30000", "100x0x40000", "100x0x400000"}) {
+        life({many, "200x0x10000", "-250x0x1000"});
+        const double off = 1.6448536269514722 / std::sqrt(session.countOccr(1)) / 2;
+        EXPECT_RELATIVE(session.paramLow(1, 1), fit().eta * (1 - off), 3e-5) << many;
+        EXPECT_RELATIVE(session.paramHigh(1, 1), fit().eta * (1 + off), 3e-5) << many;
+        EXPECT_GT(points(BoundSide::low), 15);
+        EXPECT_GT(points(BoundSide::high), 15);
+    }
+}
+
+// Sum of squares 1 + 4 + 1000^2, three failures: the line by the positions lies far below it.
+TEST_F(BoundsTest, OfTheSumThatLeaveARegressionLineOutAreNone) {
+    choosemethod(rankRegression);
+    session.fixedSlope = 2;
+    session.confMethod = fisherBounds;
+    life({"1", "2", "1000"});
+    EXPECT_LT(fit().eta, std::sqrt(1000005 / (15.50731306 / 2))); // chi-square 0.95, 8 degrees of freedom
+    EXPECT_EQ(session.paramLow(1, 1), noAnswer);
+    EXPECT_EQ(points(BoundSide::low), 0);
+    EXPECT_RELATIVE(session.paramHigh(1, 1), std::sqrt(1000005 / (2.732636793 / 2)), 1e-8);
+    EXPECT_GT(points(BoundSide::high), 15);
+    session.confHigh = 0;
+    life({"1", "2", "1000"});
+    EXPECT_EQ(session.setBoundLabel(1), "") << "no bound is left";
+    EXPECT_EQ(session.ifylcnf, 0);
+}
+
+// ---- what is no bound ----
+
+TEST_F(BoundsTest, BeyondAnyDataAreDropped) {
+    choose(lognormal);
+    for (const int16_t method : {fisherBounds, likelihoodBounds}) {
+        session.confMethod = method;
+        life({"1", "-10x0x99"});
+        ASSERT_TRUE(fit().fitted);
+        for (const BoundSide side : {BoundSide::low, BoundSide::high})
+            for (int m = 1; m <= points(side); ++m) {
+                EXPECT_GT(session.X(boundrow(1, side), m), 9e-30f);
+                EXPECT_LT(session.X(boundrow(1, side), m), 9e30f);
+            }
+        for (const int j : {1, 2})
+            for (const double bound : {session.paramLow(1, j), session.paramHigh(1, j)})
+                EXPECT_TRUE(bound == noAnswer || (bound > 9e-30 && bound < 9e30)) << bound;
+    }
+}
+
+TEST_F(BoundsTest, OfAParameterThatLeaveItsEstimateOutAreDropped) {
+    choosemethod(rankRegression);
+    session.confMethod = likelihoodBounds;
+    session.inputType = intv5;
+    int dropped = 0;
+    for (const Cells& cells :
+         {Cells{">10<11", ">10<100", ">90<100", "95"}, Cells{">1<1000", ">2<3", ">2<4", ">3<4", "-4x0x20"},
+          Cells{">5<6", ">5<7", ">6<7", ">100<1000"}}) {
+        life(cells);
+        ASSERT_TRUE(fit().fitted);
+        const double estimates[] = {0, fit().eta, fit().beta};
+        for (const int j : {1, 2}) {
+            dropped += session.paramLow(1, j) == noAnswer || session.paramHigh(1, j) == noAnswer ? 1 : 0;
+            if (session.paramHigh(1, j) != noAnswer) {
+                EXPECT_GE(session.paramHigh(1, j), estimates[j]);
+            }
+            EXPECT_LE(session.paramLow(1, j), estimates[j]);
+        }
+    }
+    EXPECT_GT(dropped, 0) << "no data that show it";
+}
+
+TEST_F(BoundsTest, OfASinglePointByLikelihoodAreRefused) {
+    session.confMethod = -likelihoodBounds;
+    life(censored);
+    EXPECT_EQ(told(), Notices{"Set 1: No Likelihood Ratio Confidence For Single Point"});
+    EXPECT_EQ(session.setBoundLabel(1), "");
+}
+
+TEST_F(BoundsTest, ASimulationTellsHowManySamplesItNeeds) {
+    session.confMethod = simulationBounds;
+    session.rndStart = 5;
+    session.mcCount = 100;
+    session.confLow = .5f;
+    session.confHigh = 99.5f;
+    life(complete);
+    EXPECT_EQ(told(), Notices{"Set 1: Confidence Calculation Truncated ... MC # = 100 ... Minimum = 199"});
+    session.mcCount = 199;
+    life(complete);
+    EXPECT_TRUE(told().empty());
+    EXPECT_EQ(session.setBoundLabel(1), "mc");
+}
+
 TEST_F(BoundsTest, ASetOfOnePointHasNone) {
     session.confMethod = fisherBounds;
     session.currentSet = 1;
@@ -158,7 +288,7 @@ TEST_F(BoundsTest, EveryRunLeavesLineAndRegistersAsTheyWere) {
         EXPECT_EQ(session.beta, fit().beta);
         EXPECT_EQ(session.currentSet, 1);
         EXPECT_EQ(session.mleVariant, 4);
-        EXPECT_EQ(session.setLabel(1), "mle");
+        EXPECT_EQ(session.setLabel(1), "RBApb");
     }
 }
 

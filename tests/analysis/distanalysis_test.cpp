@@ -135,6 +135,26 @@ TEST_F(DistAnalysisTest, ARefusedOfferChangesNothing) {
     EXPECT_EQ(session.findThreshold, 0);
 }
 
+TEST_F(DistAnalysisTest, TellsItsCallerOfAChangeForWhichTheCycleMustRun) {
+    choosemethod(maximumLikelihood);
+    life(lognormals(40));
+    for (const int answer : {2, 1}) {
+        ScriptedPlatform scripted;
+        scripted.expectmenu("Change", answer);
+        EXPECT_EQ(distributionanalysis(), answer == 1);
+    }
+    EXPECT_FALSE(distributionanalysis()) << "what is in force is not offered";
+}
+
+TEST_F(DistAnalysisTest, OffersNothingToAScript) {
+    choosemethod(maximumLikelihood);
+    life(lognormals(40));
+    session.scriptRequest = "[WVW]";
+    EXPECT_TRUE(holds(analysed(), "LogNormal"));
+    EXPECT_EQ(session.dist, weibull);
+    EXPECT_EQ(session.findThreshold, 0);
+}
+
 TEST_F(DistAnalysisTest, DoesNotOfferWhatIsInForce) {
     choosemethod(maximumLikelihood);
     life(weibulls(40));

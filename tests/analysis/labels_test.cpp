@@ -71,7 +71,7 @@ TEST_F(LabelsTest, GiveThePositionsTheirCodesAndNames) {
 }
 
 TEST_F(LabelsTest, NameTheMethodAndItsVariant) {
-    const char* names[] = {"mle", "mleN-1", "RBAmd", "RBAmu", "RBApb", "RBAjjm"};
+    const char* names[] = {"mle", "mmleN-1", "RBAmd", "RBAmu", "RBApb", "RBAjjm"};
     choosemethod(maximumLikelihood);
     for (int16_t variant = 0; variant <= 5; ++variant) {
         session.mleVariant = variant;
@@ -87,6 +87,26 @@ TEST_F(LabelsTest, BeginTheStatusWordWithTheMethod) {
     EXPECT_EQ(statusword(), "rrs");
     choosemethod(maximumLikelihood);
     EXPECT_EQ(statusword(), "mle");
+}
+
+TEST_F(LabelsTest, TheStatusWordOfACorrectedLineHasTheNameOfItsCorrection) {
+    const char* names[] = {"mle", "mmleN-1", "RBAmd", "RBAmu", "RBApb", "RBAjjm"};
+    const Cells cells = {"10", "20", "30", "45", "-50"};
+    choosemethod(maximumLikelihood);
+    for (int16_t variant = 0; variant <= 5; ++variant) {
+        session.mleVariant = variant;
+        session.dist = weibull;
+        life(cells);
+        EXPECT_EQ(session.setLabel(1), names[variant]);
+        EXPECT_NE(session.reportBuffer.find(std::string("Method=") + names[variant]), std::string::npos);
+        session.dist = lognormal;
+        life(cells);
+        EXPECT_EQ(session.setLabel(1), names[variant]);
+        session.fixedSlope = 2;
+        life(cells);
+        EXPECT_EQ(session.setLabel(1), "mle") << "a known slope is not corrected";
+        session.fixedSlope = 0;
+    }
 }
 
 TEST_F(LabelsTest, MarkTheInputTypeInTheStatusWord) {

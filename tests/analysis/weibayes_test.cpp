@@ -84,7 +84,14 @@ TEST(WeibayesLimit, DividesTheSumByHalfTheChiSquareValue) {
     EXPECT_RELATIVE(weibayeslimit(sum, 1, 5, 95), 1000 / (21.0260698 / 2), 1e-8);
     EXPECT_EQ(weibayeslimit(sum, 2, 1, 0), 0);
     EXPECT_EQ(weibayeslimit(sum, 2, 1, 100), 0);
-    EXPECT_EQ(weibayeslimit(sum, 2, 1e9, 90), weibayeslimit(sum, 2, 32000, 90));
+    EXPECT_EQ(weibayeslimit(sum, 2, INFINITY, 90), 0);
+}
+
+// Half the chi-square values with 80002 degrees of freedom, by an incomplete gamma function of 40 digits.
+TEST(WeibayesLimit, CountsEveryFailure) {
+    const double halves[][3] = {{40000, 5, 39672.59465728031}, {40000, 95, 40330.54237015215}};
+    for (const auto& [r, confidence, half] : halves)
+        EXPECT_RELATIVE(weibayeslimit(std::log(1000.0), 1, r, confidence), 1000 / half, 1e-7) << r;
 }
 
 // ---- the driver

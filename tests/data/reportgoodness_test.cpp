@@ -129,13 +129,16 @@ TEST_F(Goodness, OfARegressionIsNotThatOfALikelihoodFit) {
     life(bearings);
     EXPECT_FALSE(reported("ccc^2"));
     EXPECT_FALSE(reported("pve%"));
+    EXPECT_NE(json().find("\"ccc2\": null"), std::string::npos) << json();
+    EXPECT_NE(json().find("\"pve\": null"), std::string::npos) << json();
 }
 
 TEST_F(Goodness, IsAPlainZeroForTooFewFailures) {
     life({"100", "200"});
     EXPECT_TRUE(reported("ccc^2=0\r\n")) << session.reportBuffer;
     EXPECT_TRUE(reported("pve%=0\r\n"));
-    EXPECT_NE(json().find("\"ccc2\": null"), std::string::npos) << json();
+    EXPECT_NE(json().find("\"ccc2\": 0,"), std::string::npos) << json();
+    EXPECT_NE(json().find("\"pve\": 0,"), std::string::npos) << json();
 }
 
 // A2 of the regression line is .365697 in the reference table; modified for 23 values .380948. Then
@@ -197,6 +200,16 @@ TEST_F(Goodness, ByAndersonDarlingHasNoValueForIntervals) {
     life({">100<200", "230", "310"});
     EXPECT_TRUE(told().empty());
     EXPECT_TRUE(reported("No pAD% For Data Type")) << session.reportBuffer;
+}
+
+TEST_F(Goodness, OfTwoSetsThatHaveNothingInCommonIsZeroAndNotNone) {
+    session.confMethod = likelihoodBounds;
+    sets({{"1x0x500", "2x0x500"}, {"1e6x0x500", "2e6x0x500"}});
+    EXPECT_EQ(session.PVALUEFF(1), 0);
+    EXPECT_NE(json().find("\"pFF\": 0,"), std::string::npos) << json();
+    session.confMethod = noBounds;
+    sets({{"1x0x500", "2x0x500"}, {"1e6x0x500", "2e6x0x500"}});
+    EXPECT_NE(json().find("\"pFF\": null"), std::string::npos) << json();
 }
 
 TEST_F(Goodness, OfTwoSetsStandsBehindTheirBlocks) {
