@@ -326,7 +326,11 @@ bool cmdparse(std::string_view line) {
         const SwitchText* const text = switchof(given, one.letter);
         if (!text || text->none || one.take(text->value)) continue;
         std::string note;
-        compose(note, Word::Unknown, ": -", std::string_view(&one.letter, 1), " ", AsTyped{text->value});
+        if (text->value.empty())
+            compose(note, Word::No, " ", Word::Value, ": -", one.letter);
+        else
+            compose(note, Word::Unknown, ": -", one.letter, " ", AsTyped{text->value});
+        wordclean(note);
         session.cmdNotes.push_back(note);
     }
     session.msg = undefined;

@@ -171,7 +171,8 @@ bool runfile(const std::string& name) {
 } // namespace
 
 bool scripterror(const std::string& text, ScriptHint hint) {
-    std::string whole = "KXQM err: " + text + "\n";
+    std::string whole = (text.starts_with(' ') ? "KXQM err:" : "KXQM err: ") + text + "\n";
+    wordclean(whole);
     whole += hint == ScriptHint::filename ? "Check file/path name." : "Check command line.";
     if (platform) {
         platform->prompts().message(session.productName, whole);

@@ -167,7 +167,9 @@ TEST_F(Vanexc, AValueThatIsNotUnderstoodIsToldAndTheRunGoesOnButNotAsIfObeyed) {
          {"-m 9", "-m", "-i 6", "-e CAUCHY", "-e WEIBAYES", "-e 'WEIBULL(0)'", "-b M9"}) {
         const Outcome outcome = run(arguments);
         EXPECT_EQ(outcome.status, 2) << arguments;
-        EXPECT_EQ(outcome.err.find("vanexc: Unknown: -"), 0u) << outcome.err;
+        EXPECT_TRUE(outcome.err.starts_with("vanexc: Unknown: -")
+                    || outcome.err.starts_with("vanexc: No Value: -"))
+            << outcome.err;
         EXPECT_NE(outcome.out.find("Eta=22.7971"), std::string::npos) << arguments;
     }
 }
@@ -393,4 +395,30 @@ TEST_F(Vanexc, AnUnknownLanguageIsAUsageErrorThatListsAll) {
     EXPECT_EQ(outcome.out, "");
     for (const char* name : {"Latin", "English (American)", "Français", "Basa Jawa"})
         EXPECT_NE(outcome.err.find(name), std::string::npos) << outcome.err;
+}
+
+TEST_F(Vanexc, AScriptHonoursTheLongOptionsAsWell) {
+    write("a.txt", "150\n230\n310\n");
+    const Outcome outcome = run("-s '[WVW [a.txt] Q]' --json j.json --report r.txt --language German");
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(outcome.out, "3\n");
+    EXPECT_TRUE(Json::accept(contents(folder / "j.json")));
+    EXPECT_NE(contents(folder / "r.txt").find("Analyse"), std::string::npos) << "in German";
+    EXPECT_EQ(run("-s '[WVW [a.txt] Q]' --language Klingon").out, "") << "told before any work";
+}
+
+TEST_F(Vanexc, ATitleThatSwallowedTheFileDoesNotShowTheSampleInItsPlace) {
+    write("b.txt", "150\n230\n310\n");
+    const Outcome outcome = run("-p W -f Title b.txt");
+    EXPECT_NE(outcome.status, 0);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_NE(outcome.err.find("Title b.txt"), std::string::npos);
+    EXPECT_NE(run("-c . b.txt -p W").out.find("File = b.txt"), std::string::npos);
+}
+
+TEST_F(Vanexc, AScriptOnAFullDiskFailsWithASentence) {
+    write("a.txt", "150\n230\n310\n");
+    const Outcome full = run("-s '[WVW [a.txt] R /dev/full]'");
+    EXPECT_EQ(full.status, 1);
+    EXPECT_NE(full.err.find("Cannot Save"), std::string::npos);
 }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 #include <stdlib.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -71,6 +73,19 @@ TEST_F(Paths, AWriteTestLeavesNothingBehind) {
     std::ofstream(folder / "VX-Test.TXT") << "mine";
     EXPECT_TRUE(machine.writable(own, "VX-Test.TXT"));
     EXPECT_EQ(readfile((folder / "VX-Test.TXT").string()), "mine");
+}
+
+TEST_F(Paths, AWriteTestLeavesPipesAndLinksOfOthersAlone) {
+    NativeSystem machine;
+    const std::string own = ownpath(folder.string());
+    const fs::path pipe = folder / "pipe.txt", link = folder / "link.txt";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    fs::create_symlink(folder / "victim", link);
+    EXPECT_FALSE(machine.writable(own, "pipe.txt")) << "and does not wait for a reader";
+    EXPECT_FALSE(machine.writable(own, "link.txt"));
+    EXPECT_FALSE(fs::exists(folder / "victim"));
+    EXPECT_EQ(readregular(pipe.string()), std::nullopt);
+    EXPECT_EQ(readregular("/dev/zero"), std::nullopt);
 }
 
 TEST_F(Paths, TheNamesOfWindowsAreAnsweredWithWhatStandsForThem) {

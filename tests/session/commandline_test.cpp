@@ -18,7 +18,7 @@ protected:
         static_cast<CommandFields&>(session) = {};
         static_cast<Confidence&>(session) = {};
         session.scriptRequest.clear();
-        session.plotTitle = session.titleSecond = "";
+        session.titleWanted = session.titleSecond = "";
         session.xLimitLow = session.xLimitHigh = session.yLimitLow = session.yLimitHigh = 0;
         session.inputType = standard0;
         session.dist = weibull;
@@ -144,7 +144,9 @@ TEST_F(CommandLine, AValueThatIsNotUnderstoodHasNoEffectAndIsNoted) {
                                                   {"-s"}}) {
         EXPECT_TRUE(apply(wrong)) << wrong[0];
         ASSERT_EQ(session.cmdNotes.size(), 1u) << wrong[0];
-        EXPECT_TRUE(session.cmdNotes[0].starts_with("Unknown: -")) << session.cmdNotes[0];
+        const bool told =
+            session.cmdNotes[0].starts_with("Unknown: -") || session.cmdNotes[0].starts_with("No Value: -");
+        EXPECT_TRUE(told) << session.cmdNotes[0];
         EXPECT_EQ(session.fitMethod, rankRegression);
         EXPECT_EQ(session.dist, weibull);
         EXPECT_EQ(session.confMethod, noBounds);
@@ -223,7 +225,7 @@ TEST_F(CommandLine, RecordsEverySwitch) {
 
 TEST_F(CommandLine, TitlesLimitsAndSamplesTakeEffect) {
     EXPECT_TRUE(apply({"-f", "Bearings", "-k", "Plant 2", "-z", "1_100_0_0", "-g", "40000"}));
-    EXPECT_EQ(session.plotTitle, "Bearings");
+    EXPECT_EQ(session.titleWanted, "Bearings");
     EXPECT_EQ(session.titleSecond, "Plant 2");
     EXPECT_EQ(session.xLimitLow, 1);
     EXPECT_EQ(session.xLimitHigh, 100);

@@ -89,6 +89,8 @@ TEST_F(Findfile, ATemporaryFileGoesWhereOneCanBeWritten) {
     machine.folders = {"c:\\start\\"};
     EXPECT_EQ(find("odd.tmp"), "c:\\start\\odd.tmp");
     EXPECT_EQ(machine.tested.back(), "c:\\start\\WV~CHK2B.TMP");
+    machine.folders.insert("c:\\tmp\\");
+    EXPECT_EQ(find("x.tmp"), "c:\\tmp\\x.tmp") << "the program's own in its temp folder";
 }
 
 TEST_F(Findfile, AWholePathThatExistsNeedsNoSearch) {
@@ -119,6 +121,7 @@ TEST_F(Findfile, TwoSessionsNeverShareTheirTemporaryNames) {
     const std::string first = session.tempBase;
     machine.present = {temppath("-1.tmp"), temppath("-2.tmp"), "c:\\tmp\\other.tmp"};
     EXPECT_EQ(session.undoFile, "c:\\tmp\\" + first + "-1.tmp");
+    EXPECT_EQ(first.size(), 9u) << "of one length: none is the begin of another";
     newtempbase();
     EXPECT_NE(session.tempBase, first);
     session.tempBase = first;

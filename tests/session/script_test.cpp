@@ -12,6 +12,7 @@
 #include "session/findfile.h"
 #include "session/opendata.h"
 #include "session/scriptoutput.h"
+#include "session/scriptrequest.h"
 #include "session/session.h"
 #include "session/siblings.h"
 #include "shell/grid.h"
@@ -145,12 +146,16 @@ TEST_F(Script, FaultsTellWhereToLook) {
 
 TEST_F(Script, WithoutAResultThereIsNoPlot) {
     write("single.txt", "150\n");
-    EXPECT_NE(fault("[WVW [" + path("single.txt") + "] P]").find("KXQM err:  No Plot."), std::string::npos);
+    EXPECT_NE(fault("[WVW [" + path("single.txt") + "] P]").find("KXQM err: No Plot."), std::string::npos);
 }
 
-TEST_F(Script, TheInputIsDeletedWhenTheRequestEndsInD) {
+TEST_F(Script, AnExchangedInputIsDeletedWhenTheRequestEndsInD) {
+    write("x.tmp", "20\n30\n40\n");
+    ASSERT_TRUE(run("[WVW [" + path("x.tmp") + "] R " + path("r.txt") + " D]"));
+    EXPECT_EQ(desktop.machine.removed, std::vector<std::string>{path("x.tmp")});
     ASSERT_TRUE(run("[WVW [" + path("one.txt") + "] R " + path("r.txt") + " D]"));
-    EXPECT_EQ(desktop.machine.removed, std::vector<std::string>{path("one.txt")});
+    EXPECT_EQ(desktop.machine.removed.size(), 1u) << "a file of the user's stays";
+    EXPECT_EQ(desktop.clipboardText, "150\n230\n-400\n310\n") << "D is its data";
 }
 
 TEST_F(Script, TheClipboardHelperIsStartedWhereItIsAskedFor) {
@@ -174,6 +179,49 @@ TEST_F(Script, SingleValuesOfTheLifeSideFollowTheLine) {
     EXPECT_NEAR(at50, std::exp(-50 / eta), 1e-6);
     rate >> at0 >> at50;
     EXPECT_NEAR(at50, 1 / eta, 1e-5 / eta) << "and its failure rate is constant";
+}
+
+TEST_F(Script, SurvivalAndRateKeepTheirDigitsFarInTheTail) {
+    session.cmdX = {1000};
+    ASSERT_TRUE(run("[WVW {-e NORMAL} [" + path("two.txt") + "] R]"));
+    const double z = (1000 - session.etaFit(3, 1)) / session.betaFit(3, 1);
+    // Mills' ratio: far out the rate is z / sigma times 1 + 1/z^2.
+    EXPECT_NEAR(std::stod(*outputtext("RATE")) * session.betaFit(3, 1) / z, 1 + 1 / (z * z), 1e-5);
+    session.cmdX = {150};
+    ASSERT_TRUE(run("[WVW {-e WEIBULL} [" + path("two.txt") + "] R]"));
+    const double eta = session.etaFit(3, 1), beta = session.betaFit(3, 1);
+    const double power = std::pow(150 / eta, beta);
+    EXPECT_GT(power, 50) << "beyond the digits of 1 - F";
+    EXPECT_NEAR(std::stod(*outputtext("RATE")) / (beta / 150 * power), 1, 1e-5);
+    EXPECT_NEAR(std::log(std::stod(*outputtext("SURV"))) / power, -1, 1e-5);
+}
+
+TEST_F(Script, SwitchesThatComeTooLateAndStrayWordsAreFaults) {
+    for (const char* settings : {"-p V", "-r 1_5000", "nonsense", "-x 20 30", "-m 9", "-n 1"})
+        EXPECT_NE(fault("[WVW {" + std::string(settings) + "} [" + path("one.txt") + "] R]")
+                      .find("Check command line."),
+                  std::string::npos)
+            << settings;
+}
+
+TEST_F(Script, NamesInFaultsStandAsTheyWereTyped) {
+    EXPECT_EQ(fault("[WVW [no_file here.txt] R]"),
+              "KXQM err: Cannot Open File: no_file here.txt\nCheck file/path name.");
+}
+
+TEST_F(Script, EveryCommandWordHasAnOutput) {
+    ASSERT_TRUE(run("[WVW [" + path("one.txt") + "] Q]"));
+    for (const char* word :
+         {"A", "C", "F", "D", "E", "R", "Q", "P", "I", "MTBF", "RATE", "SURV", "EXPR", "AVAL"}) {
+        const auto request = requestof(std::string("[WVW ") + word + "]");
+        ASSERT_TRUE(request && request->commands.size() == 1) << word;
+        EXPECT_TRUE(outputtext(word).has_value()) << word;
+    }
+}
+
+TEST_F(Script, AScriptFileWithoutInputsIsAFault) {
+    write("job.txt", "WV-SCRIPT\nBVALUEIN%=10\n");
+    EXPECT_NE(fault("[@" + path("job.txt") + "]").find("No File Name"), std::string::npos);
 }
 
 TEST_F(Script, AValueThatDoesNotExistIsTheMarkOfNoValue) {

@@ -53,6 +53,8 @@ TEST(Requestof, TheMethodBelongsToTheLifeSide) {
 
 TEST(Requestof, AnAtSignNamesAScriptFile) {
     EXPECT_EQ(read("[@c:\\jobs\\night.txt]"), "@c:\\jobs\\night.txt ");
+    EXPECT_EQ(read("[@my job.txt]"), "@my job.txt ");
+    EXPECT_EQ(read("[@\"my job.txt\"]"), "@my job.txt ");
 }
 
 TEST(Requestof, WhatHasNoPlaceIsTold) {

@@ -260,6 +260,8 @@ TEST_F(Settings, AFileThatCannotBeWrittenIsToldAndTheSessionStays) {
     session.programPath = "c:\\nowhere\\";
     desktop.expectmessage("File Open (File=");
     EXPECT_FALSE(settingswrite());
+    EXPECT_EQ(session.settingsWritten, 0);
+    EXPECT_EQ(session.programTags, "");
     EXPECT_NE(desktop.shown[0].text.find(") NOT POSSIBLE ... PATH OKAY?"), std::string::npos);
 }
 
@@ -315,7 +317,7 @@ TEST_F(Settings, AScriptSetsOptionsByName) {
     EXPECT_TRUE(settingset("fitMethod", "2"));
     EXPECT_EQ(session.fitMethod, maximumLikelihood);
     EXPECT_TRUE(settingset("plotTitle", "A title"));
-    EXPECT_EQ(session.plotTitle, "A title");
+    EXPECT_EQ(session.titleWanted, "A title");
     EXPECT_FALSE(settingset("popPortion", "2"));
     EXPECT_FALSE(settingset("popPortion", "x"));
     EXPECT_FALSE(settingset("nothing", "1"));

@@ -71,6 +71,12 @@ TEST_F(Sizing, ARequestRaisesTheExponentAndIsNeverUndercut) {
     session.sizeExponent = 1;
     raisefor(8, 1499);
     EXPECT_EQ(session.sizeExponent, 1) << "less than what is there changes nothing";
+    for (const double points : {5000.0, 500000.0}) {
+        session.sizeExponent = 1;
+        raisefor(1, points);
+        EXPECT_TRUE(sizearrays());
+        EXPECT_GE(session.maxPoints, points) << "one set needs its room as well";
+    }
     raisefor(1e30, 1e30);
     EXPECT_EQ(session.sizeExponent, 10);
 }

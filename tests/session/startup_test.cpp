@@ -204,18 +204,71 @@ TEST_F(Startup, TheWelcomeIsShownTwice) {
     EXPECT_EQ(session.firstRunStage, 2);
 }
 
+TEST_F(Startup, WhatHoldsForOneRunIsNotWrittenIntoTheSettings) {
+    start({}, "vanex", true);
+    session.mtbfName = "MTTF";
+    session.rankMethod = hazenRank;
+    ASSERT_TRUE(settingswrite());
+    write("opt.txt", "OPTREPL\nA Other\nRISK\nA 7\nLIBRARY\nA Title\n");
+    start({"-a", (folder / "opt.txt").string(), "-e", "NORMAL", "-b", "M2D90", "-r", "24_5000"}, "vanex",
+          true);
+    EXPECT_EQ(session.mtbfName, "Other");
+    session.rankMethod = blomRank; // by the user
+    ASSERT_TRUE(settingswrite());
+    start({});
+    EXPECT_EQ(session.mtbfName, "MTTF");
+    EXPECT_EQ(session.dist, weibull);
+    EXPECT_EQ(session.confMethod, noBounds);
+    EXPECT_EQ(session.sizeExponent, 1);
+    EXPECT_TRUE(session.riskUsageRate.empty());
+    EXPECT_TRUE(session.libraryTitles.empty());
+    EXPECT_EQ(session.rankMethod, blomRank) << "what the user changed is";
+}
+
+TEST_F(Startup, TheMainWindowOpensWithTheFileOfTheCommandLine) {
+    write("a.txt", "150\n230\n310\n");
+    start({(folder / "a.txt").string(), "-p", "W"}, "vanex", true);
+    session.firstRunStage = 2;
+    openmain();
+    EXPECT_EQ(session.setFitted(1), 1);
+    start({"none.txt", "-p", "W"}, "vanex", true);
+    session.firstRunStage = 2;
+    desktop.expectmessage("Cannot Open File: ");
+    openmain();
+}
+
+TEST_F(Startup, ATitleFromTheCommandLineStandsOnThePlot) {
+    write("a.txt", "150\n230\n310\n");
+    start({(folder / "a.txt").string(), "-p", "W", "-f", "My title"}, "vanex", true);
+    session.firstRunStage = 2;
+    openmain();
+    EXPECT_EQ(session.plotTitle, "My title");
+}
+
+TEST_F(Startup, ADataFolderIsFoundWithOrWithoutItsClosingSlash) {
+    write("only.txt", "150\n230\n310\n");
+    desktop.machine.folders.insert(folder.string() + "\\");
+    start({"only.txt", "-p", "W", "-d", folder.string()}, "vanex", true);
+    EXPECT_TRUE(session.cmdNotes.empty());
+    session.firstRunStage = 2;
+    openmain();
+    EXPECT_EQ(session.setFitted(1), 1);
+    start({"-d", "/no/such/folder"});
+    EXPECT_EQ(session.cmdNotes, std::vector<std::string>{"Cannot Open: -d /no/such/folder"});
+}
+
 TEST_F(Startup, AnOptionFileReplacesSettingsForOneRun) {
     write("opt.txt",
           "KEY\nA 123\nOPTREPL\nA MTTF\nE x\nF My plot\nRISK\nA 100\nB 110\nM 5\nZ 1\nLIBRARY\nC Third\n");
     EXPECT_EQ(start({"-a", (folder / "opt.txt").string()}), StartEnd::ready);
     EXPECT_EQ(session.mtbfName, "MTTF");
     EXPECT_EQ(session.exportDecimal, ".");
-    EXPECT_EQ(session.plotTitle, "My plot");
+    EXPECT_EQ(session.titleWanted, "My plot");
     EXPECT_EQ(session.riskUsageRate, (std::vector<float>{100, 110}));
     EXPECT_EQ(session.riskProdRate, (std::vector<float>{5}));
     EXPECT_EQ(session.libraryTitles, (std::vector<std::string>{"", "", "Third"}));
     start({"-a", "none.txt"});
-    EXPECT_EQ(session.cmdNotes, std::vector<std::string>{"Cannot Open File: none.txt"});
+    EXPECT_EQ(session.cmdNotes, std::vector<std::string>{"Cannot Open: none.txt"});
 }
 
 } // namespace

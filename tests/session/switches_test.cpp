@@ -73,6 +73,9 @@ TEST(Linefrom, KeepsTheWordsOfAProgramStartApart) {
     EXPECT_EQ(back({"-fMy title", "-m", "3"}), "f=My title|m=3");
     EXPECT_EQ(back({"-s", "[WVW [a b.txt] P]"}), "s=[WVW [a b.txt] P]");
     EXPECT_EQ(back({"it's.txt", "-m2"}), "it's.txt|m=2");
+    EXPECT_EQ(back({"-c", "cfg", "b.txt"}), "c=cfg|b.txt") << "a folder is one word";
+    EXPECT_EQ(back({"-d", "c:\\my data", "-m", "2"}), "d=c:\\my data|m=2");
+    EXPECT_EQ(back({"a.txt", "-f", "My", "long", "title"}), "a.txt|f=My long title");
     EXPECT_EQ(back({}), "");
 }
 
