@@ -114,6 +114,23 @@ TEST_F(Settings, StandInTheSectionsOfTheFileInTheirOrder) {
     EXPECT_EQ(section("FYLPARAMNAMEOUT()").back(), "t0");
 }
 
+TEST_F(Settings, AreTheFileThatWasWrittenByHandFromTheFormat) {
+    std::ifstream golden(fs::path(VANEX_TESTS_DIR) / "golden" / "VANEX.INI", std::ios::binary);
+    std::ostringstream text;
+    text << golden.rdbuf();
+    settingstake(text.str());
+    EXPECT_EQ(session.confLow, 5);
+    EXPECT_EQ(session.confMethod, fisherBounds);
+    EXPECT_EQ(session.fitMethod, maximumLikelihood);
+    EXPECT_EQ(session.mleVariant, 3);
+    EXPECT_EQ(session.languageFile, "VXLNGDEU.TXT");
+    EXPECT_EQ(session.lastFile, "c:\\vanex\\pumps.w");
+    EXPECT_EQ(session.riskUsageRate, (std::vector<float>{100, 110.5f}));
+    EXPECT_TRUE(settingsmarked('W'));
+    session.programPath = "c:\\prog\\";
+    EXPECT_EQ(settingstext(), text.str());
+}
+
 TEST_F(Settings, WhatIsWrittenIsReadAgain) {
     session.dist = gumbel;
     session.gumbeltype = 1;
