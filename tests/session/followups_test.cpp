@@ -110,7 +110,8 @@ TEST_F(Followups, AKnownSlopeStays) {
     session.distributionAsked = 1;
     session.fixedSlope = 2;
     sets({bearings, suspended});
-    followed();
+    EXPECT_TRUE(holds(followed(), "Set 2: Data Distribution Analysis"));
+    EXPECT_EQ(session.fixedSlope, 2);
 }
 
 TEST_F(Followups, TheGridStandsOnTheLineOfTheRun) {
