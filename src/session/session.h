@@ -6,6 +6,7 @@
 #include "session/commandfields.h"
 #include "session/confidence.h"
 #include "session/drawing.h"
+#include "session/filestate.h"
 #include "session/fits.h"
 #include "session/folders.h"
 #include "session/gridstate.h"
@@ -47,6 +48,7 @@ struct Session : Capacities,
                  Folders,
                  Setup,
                  GridState,
+                 FileState,
                  CommandFields {
     RegressionSums sums; ///< of the set being fitted
 };
