@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "data/datafilesave.h"
 #include "data/report.h"
 #include "data/resultsjson.h"
 #include "data/samples.h"
@@ -31,10 +32,11 @@ enum ExitStatus { done = 0, noResult = 1, wrongUse = 2 };
 
 constexpr const char* helpHead =
     "Usage: vanexc [FILE|-] [switches] [--report FILE|-] [--json FILE|-]\n"
-    "              [--plot FILE [--plot-size WxH]] [--format TEXT] [--language NAME]\n"
+    "              [--plot FILE [--plot-size WxH]] [--save FILE] [--format TEXT] [--language NAME]\n"
     "\n"
-    "Fits a line to life data, writes a report and draws the plot. FILE is plain text, one cell a line or\n"
-    "several cells a line, each column a set; - reads standard input. Without FILE the\n"
+    "Fits a line to life data, writes a report and draws the plot. FILE is a data file of the\n"
+    "program or plain text, one cell a line or several cells a line, each column a set; - reads standard "
+    "input. Without FILE the\n"
     "built-in leukemia sample is analysed on the life side.\n"
     "\n"
     "Cells   X, -X (suspension) or XxYxQxZ_label: 6x0x3 is three failures at 6, -9 one\n"
@@ -53,6 +55,8 @@ constexpr const char* helpTail =
     "  --plot FILE       the plot: .svg picture, .hgl plotter text (HPGL), .trace every drawing\n"
     "                    operation in words\n"
     "  --plot-size WxH   pixels of the picture, 400x300 to 4000x3000; 1200x900 when not given\n"
+    "  --save FILE       the session, data, options and results, as a data file: .w on the life side,\n"
+    "                    .v on the visual side\n"
     "  --format TEXT     form of the data: text, the one there is\n"
     "  --language NAME   language of the report and the plot: German or Deutsch, ...; an unknown\n"
     "                    name lists them all\n"
@@ -72,6 +76,7 @@ struct Outputs {
     std::optional<std::string> plotSize;
     std::optional<std::string> language;
     std::optional<std::string> format;
+    std::optional<std::string> save;
     int pixelsAcross = 1200;
     int pixelsDown = 900;
 };
@@ -99,7 +104,8 @@ struct LongOption {
 };
 constexpr LongOption longOptions[] = {{"--report", &Outputs::report},     {"--json", &Outputs::json},
                                       {"--plot", &Outputs::plot},         {"--plot-size", &Outputs::plotSize},
-                                      {"--language", &Outputs::language}, {"--format", &Outputs::format}};
+                                      {"--language", &Outputs::language}, {"--format", &Outputs::format},
+                                      {"--save", &Outputs::save}};
 
 /// The help: usage, every switch in columns, outputs and examples.
 std::string helptext() {
@@ -209,6 +215,14 @@ bool writeoutput(const std::optional<std::string>& path, const std::string& text
     return false;
 }
 
+/// Saves the session; why it was refused is among the messages.
+bool savedata(const std::string& path, HeadlessPlatform& console) {
+    console.messages.clear();
+    if (datafilesave(path)) return true;
+    for (const std::string& message : console.messages) complain(message);
+    return false;
+}
+
 /// Writes what the long options ask for of the session as it has been calculated.
 int writeall(const Outputs& outputs, const HeadlessPlatform& console) {
     const bool plotted = !outputs.plot || plotfile(*outputs.plot, outputs.pixelsAcross, outputs.pixelsDown);
@@ -218,7 +232,8 @@ int writeall(const Outputs& outputs, const HeadlessPlatform& console) {
     if (!analysed) complainempty(console);
     std::string json;
     if (outputs.json) writeresults(json);
-    const bool written = writeoutput(outputs.report, reportastext()) && writeoutput(outputs.json, json);
+    bool written = writeoutput(outputs.report, reportastext()) && writeoutput(outputs.json, json);
+    if (outputs.save) written = savedata(*outputs.save, console) && written;
     return analysed && plotted && written ? done : noResult;
 }
 
@@ -240,6 +255,7 @@ bool load() {
     const bool loaded =
         session.cmdFile.empty() ? loadsample() : opendata(session.cmdFile) != DataRead::unreadable;
     if (!loaded) complainof(Word::Cannot, " ", Word::Open, " ", Word::File, ": ", AsTyped{session.cmdFile});
+    if (session.dataFileRead != 0) cmdapply(); // what was asked for holds against what the file says
     const bool room = roomfor(longestcolumn());
     if (!room) complainof(Word::Not, " ", Word::Enough, " ", Word::Free, " ", Word::Memory);
     return loaded && room;
@@ -272,7 +288,7 @@ int start(std::vector<std::string> arguments, const char* name, HeadlessPlatform
     complainall(console);
     if (end == StartEnd::exit) return status(writeall(outputs, console));
     if (end != StartEnd::ready) return status(noResult);
-    if (!outputs.report && !outputs.json && !outputs.plot) outputs.report = "-";
+    if (!outputs.report && !outputs.json && !outputs.plot && !outputs.save) outputs.report = "-";
     if (session.cmdFile.empty() && session.progSide != lifeSide) {
         chooseside(lifeSide);
         if (!sizearrays()) return noResult;

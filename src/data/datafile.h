@@ -6,11 +6,12 @@
 
 /// What a read came to.
 enum class FileRead {
-    read,    ///< the session holds what the file holds
-    bad,     ///< told; what was read before the fault stays, the data are those from before
-    oldForm, ///< the sections are of an older form: the caller takes the rest of the input as old plain text
-    text,    ///< no file of this program
-    nodata   ///< cannot be opened, or nothing in it
+    read,     ///< the session holds what the file holds
+    bad,      ///< told; what was read before the fault stays, the data are those from before
+    oldForm,  ///< the sections are of an older form: the caller takes the rest of the input as old plain text
+    text,     ///< no file of this program
+    nodata,   ///< told: cannot be opened, or nothing in it
+    cancelled ///< by the user; nothing has changed
 };
 
 /// Reads the tagged sections of the input, which stands behind its first line; fileDecimal and fileSuffix

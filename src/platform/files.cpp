@@ -10,6 +10,8 @@
 
 #include "platform/paths.h"
 
+#include <unistd.h>
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -48,6 +50,17 @@ std::optional<std::string> readregular(const std::string& path) {
     return readfile(name);
 }
 
+std::string readstart(const std::string& path, std::size_t bytes) {
+    const std::string name = nativepath(path);
+    std::error_code error;
+    if (!fs::is_regular_file(name, error)) return {};
+    const File file(std::fopen(name.c_str(), "rb"));
+    if (!file) return {};
+    std::string start(bytes, '\0');
+    start.resize(std::fread(start.data(), 1, bytes, file.get()));
+    return start;
+}
+
 bool OutputFile::open(const std::string& path) {
     drop();
     whole = true;
@@ -68,6 +81,8 @@ bool OutputFile::open(const std::string& path) {
     if (!direct) beside = target + "." + std::to_string(std::random_device{}()) + ".tmp";
     stream = std::fopen((direct ? target : beside).c_str(), "wb");
     if (!stream) beside.clear();
+    // What was readable by its owner alone stays so.
+    if (stream && exists && !direct) fs::permissions(beside, fs::status(target).permissions(), error);
     if (stream && direct) std::setvbuf(stream, nullptr, _IONBF, 0);
     return stream != nullptr;
 }
@@ -81,6 +96,12 @@ bool OutputFile::close() {
     std::FILE* const closing = std::exchange(stream, nullptr);
     if (!closing) return false;
     return (closing == stdout ? std::fflush(closing) : std::fclose(closing)) == 0;
+}
+
+bool OutputFile::settle() {
+    whole = whole && stream && std::fflush(stream) == 0;
+    if (whole && !beside.empty()) whole = fsync(fileno(stream)) == 0;
+    return whole;
 }
 
 bool OutputFile::commit() {

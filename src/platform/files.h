@@ -14,6 +14,9 @@ std::optional<std::string> readfile(const std::string& path);
 /// pipe or a device of that name can neither stop nor flood it.
 std::optional<std::string> readregular(const std::string& path);
 
+/// The first bytes of a regular file; empty when it is none or cannot be read. A pipe is left untouched.
+std::string readstart(const std::string& path, std::size_t bytes);
+
 /// Writes a file, or standard output for "-". A regular file is written beside its place and renamed over it,
 /// so that a full disk or a kill never costs the old one. False when not every byte could be written.
 bool writefile(const std::string& path, std::string_view text);
@@ -45,6 +48,9 @@ public:
     bool write(std::string_view text) override;
     bool commit() override;
     void drop() override;
+    /// Has the system put what was written on the disk itself before commit: a power failure then leaves the
+    /// old file or the new one, too. For what cannot be made again.
+    bool settle();
 
 private:
     bool close();
@@ -53,4 +59,17 @@ private:
     std::string target;
     std::string beside; ///< empty while the target itself is written
     bool whole = false; ///< every write so far has succeeded
+};
+
+/// Keeps the text in memory.
+class TextKeeper : public TextSink {
+public:
+    explicit TextKeeper(std::string& kept) : text(kept) {}
+    bool open(const std::string&) override { return text.clear(), true; }
+    bool write(std::string_view part) override { return text += part, true; }
+    bool commit() override { return true; }
+    void drop() override { text.clear(); }
+
+private:
+    std::string& text;
 };

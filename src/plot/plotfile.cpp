@@ -45,19 +45,6 @@ const PlotFileKind* kindof(std::string path) {
     return nullptr;
 }
 
-/// Keeps the text of a picture.
-class TextKeeper : public TextSink {
-public:
-    explicit TextKeeper(std::string& kept) : text(kept) {}
-    bool open(const std::string&) override { return text.clear(), true; }
-    bool write(std::string_view part) override { return text += part, true; }
-    bool commit() override { return true; }
-    void drop() override { text.clear(); }
-
-private:
-    std::string& text;
-};
-
 } // namespace
 
 bool plotfileknown(const std::string& path) { return kindof(path) != nullptr; }

@@ -47,6 +47,7 @@ struct PlotState {
     std::string titleSecond;                ///< second title line
     std::string axisTitleX;                 ///< empty: the standard title
     std::string axisTitleY;                 ///< further text behind the standard title
+    std::array<std::string, 3> labelText;   ///< further lines of the label block, kept as they are
     int16_t yScaleKind = occurrencePercent; ///< YScaleKind
     int16_t pointHide = 0;                  ///< 1: the points are not drawn
     int16_t pointLabelsShown = 1;           ///< 1: the label of each point stands beside it

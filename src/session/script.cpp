@@ -120,7 +120,12 @@ bool runrequest(const ScriptRequest& request) {
     if (files.empty() && !session.lastFile.empty())
         files.push_back(session.lastFile); // what waits in the settings
     if (files.empty()) files.emplace_back("CLIPBOARD");
-    if (!readinputs(files) || !calculate()) return false;
+    if (!readinputs(files)) return false;
+    // What the request says holds against the options that came with a data file.
+    if (session.dataFileRead != 0 && !takesettings(request.settings))
+        return scripterror(session.msg, ScriptHint::commandline);
+    if (session.dataFileRead != 0) takemethod(request.method);
+    if (!calculate()) return false;
     for (const ScriptCommand& command : request.commands)
         if (!scriptoutput(command))
             return scripterror(session.msg,

@@ -6,6 +6,7 @@
 
 #include "analysis/lifeterms.h"
 #include "analysis/logterm.h"
+#include "data/datafilesave.h"
 #include "data/lineequation.h"
 #include "data/report.h"
 #include "data/settitle.h"
@@ -145,7 +146,6 @@ struct TextWord {
 constexpr TextWord textWords[] = {
     {"A", [] { return std::optional(reportastext()); }},
     {"C", [] { return std::optional(reportastext()); }},
-    {"F", [] { return std::optional(reportastext()); }},
     {"D", [] { return std::optional(dataastext()); }},
     {"E", [] { return std::optional(reported(equations)); }},
     {"R", [] { return std::optional(reported(results)); }},
@@ -209,6 +209,7 @@ bool scriptoutput(const ScriptCommand& command) {
         compose(session.msg, Word::No, " ", Word::File, " ", Word::Name);
         return false;
     }
+    if (command.word == "F") return datafilesave(command.file);
     const bool picture = command.word == "P" || command.word == "I";
     if ((picture || command.word == "B") && session.cmdPlot == 0) return true;
     if (command.word == "B") return bitmap(command);

@@ -10,6 +10,7 @@
 #include "session/fits.h"
 #include "session/folders.h"
 #include "session/gridstate.h"
+#include "session/history.h"
 #include "session/lines.h"
 #include "session/options.h"
 #include "session/plotstate.h"
@@ -49,6 +50,7 @@ struct Session : Capacities,
                  Setup,
                  GridState,
                  FileState,
+                 History,
                  CommandFields {
     RegressionSums sums; ///< of the set being fitted
 };

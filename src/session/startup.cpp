@@ -1,5 +1,6 @@
 #include "session/startup.h"
 
+#include "data/datafileopen.h"
 #include "data/textpieces.h"
 #include "platform/paths.h"
 #include "platform/platform.h"
@@ -22,12 +23,18 @@ namespace {
 
 constexpr float manyPoints = 600; ///< from here on the arrays take a moment
 
-/// The side by the name of the program, by a script's tag, by -p; the later one holds.
-Side sidewanted(std::string_view name) {
+/// The side that a program name stands for; the plain names leave it to the data file.
+Side sideofprogram(std::string_view name) {
     const std::string program = lowercase(nameof(name));
-    Side side = program.starts_with("vanexw")   ? lifeSide
-                : program.starts_with("vanexy") ? simulationSide
-                                                : visualSide;
+    if (program.starts_with("vanexw")) return lifeSide;
+    if (program.starts_with("vanexy")) return simulationSide;
+    const bool named = program.starts_with("vanexv") || session.cmdFile.empty();
+    return !named && sideoffile(session.cmdFile) == 'W' ? lifeSide : visualSide;
+}
+
+/// The side by the name of the program or the data file, by a script's tag, by -p; the later one holds.
+Side sidewanted(std::string_view name) {
+    Side side = sideofprogram(name);
     if (const auto request = requestof(session.scriptRequest); request && request->side != 0)
         side = request->side == 'W' ? lifeSide : visualSide;
     if (session.cmdSide != 0) side = static_cast<Side>(session.cmdSide);
@@ -135,8 +142,15 @@ void welcome() {
     tellok();
 }
 
+bool opencmdfile() {
+    const DataRead end = opendata(session.cmdFile);
+    if (session.dataFileRead != 0) cmdapply();
+    return end == DataRead::read || end == DataRead::cancelled;
+}
+
 void openmain() {
-    const bool unreadable = !session.cmdFile.empty() && opendata(session.cmdFile) != DataRead::read;
+    session.undoActive = 1;
+    const bool unreadable = !session.cmdFile.empty() && !opencmdfile();
     if (unreadable) {
         compose(session.msg, Word::Cannot, " ", Word::Open, " ", Word::File, ": ", AsTyped{session.cmdFile});
         tellok();

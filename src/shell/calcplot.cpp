@@ -9,6 +9,7 @@
 #include "data/reportanalysis.h"
 #include "platform/platform.h"
 #include "session/session.h"
+#include "session/snapshots.h"
 #include "shell/grid.h"
 #include "shell/prompts.h"
 
@@ -117,6 +118,7 @@ void calcplot() {
     plotsetup();
 
     status(Word::Data);
+    undonotice();
     if (!readdata()) return;
     status(Word::Calculation);
     if (session.progSide == lifeSide) calcsmain();

@@ -422,3 +422,39 @@ TEST_F(Vanexc, AScriptOnAFullDiskFailsWithASentence) {
     EXPECT_EQ(full.status, 1);
     EXPECT_NE(full.err.find("Cannot Save"), std::string::npos);
 }
+
+TEST_F(Vanexc, SavesTheSessionAndComputesTheSameOfIt) {
+    write("pumps.txt", "150\n230\n-400\n310x0x2_seal worn\n");
+    const Outcome first = run("pumps.txt -p W -e LOGNORMAL -b M2D90 --save pumps --json first.json");
+    ASSERT_EQ(first.status, 0) << first.err;
+    EXPECT_EQ(first.out, "");
+    EXPECT_TRUE(contents(folder / "pumps.w").starts_with("WINVANEX_DATA2-VXW[.]\r\n"));
+    const Outcome second = run("pumps.w --save again.w --json second.json");
+    ASSERT_EQ(second.status, 0) << second.err;
+    EXPECT_EQ(contents(folder / "again.w"), contents(folder / "pumps.w"));
+    const Json before = Json::parse(contents(folder / "first.json"));
+    const Json after = Json::parse(contents(folder / "second.json"));
+    EXPECT_EQ(after["sets"], before["sets"]);
+    EXPECT_EQ(before["sets"][0]["distribution"], "Lognormal");
+}
+
+TEST_F(Vanexc, TheCommandLineHoldsAgainstTheOptionsOfTheFile) {
+    write("pumps.txt", "150\n230\n-400\n310\n");
+    ASSERT_EQ(run("pumps.txt -p W -e LOGNORMAL --save pumps.w").status, 0);
+    const Outcome outcome = run("pumps.w -e WEIBULL --json -");
+    ASSERT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(Json::parse(outcome.out)["sets"][0]["distribution"], "Weibull");
+}
+
+TEST_F(Vanexc, RefusesToSaveUnderTheExtensionOfTheOtherSide) {
+    const Outcome outcome = run("-p W --save pumps.v");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_NE(outcome.err.find("'pumps.v' With File To Save Cannot"), std::string::npos) << outcome.err;
+    EXPECT_FALSE(fs::exists(folder / "pumps.v"));
+}
+
+TEST_F(Vanexc, AScriptSavesADataFileByF) {
+    write("pumps.txt", "150\n230\n-400\n310\n");
+    ASSERT_EQ(run("-s '[WVW [pumps.txt] F pumps.w]'").status, 0);
+    EXPECT_TRUE(contents(folder / "pumps.w").starts_with("WINVANEX_DATA2-VXW[.]\r\n"));
+}

@@ -82,11 +82,11 @@ TEST_F(Script, WithoutAFileAnOutputGoesToTheClipboard) {
     EXPECT_EQ(desktop.clipboardText, "150\n230\n-400\n310\n") << "a picture is no text";
 }
 
-TEST_F(Script, ReportsGoToTheClipboardByCAndToAFileByF) {
+TEST_F(Script, ReportsGoToTheClipboardByCAndTheSessionToAFileByF) {
     ASSERT_TRUE(run("[WVW [" + path("one.txt") + "] C]"));
     EXPECT_NE(desktop.clipboardText->find("Analysis Report"), std::string::npos);
     ASSERT_TRUE(run("[WVW [" + path("one.txt") + "] F " + path("f.txt") + "]"));
-    EXPECT_EQ(*written("f.txt"), *desktop.clipboardText);
+    EXPECT_TRUE(written("f.txt")->starts_with("WINVANEX_DATA2-VXW[.]\r\n"));
     EXPECT_NE(fault("[WVW [" + path("one.txt") + "] F]").find("Check command line."), std::string::npos);
 }
 
@@ -212,7 +212,7 @@ TEST_F(Script, NamesInFaultsStandAsTheyWereTyped) {
 TEST_F(Script, EveryCommandWordHasAnOutput) {
     ASSERT_TRUE(run("[WVW [" + path("one.txt") + "] Q]"));
     for (const char* word :
-         {"A", "C", "F", "D", "E", "R", "Q", "P", "I", "MTBF", "RATE", "SURV", "EXPR", "AVAL"}) {
+         {"A", "C", "D", "E", "R", "Q", "P", "I", "MTBF", "RATE", "SURV", "EXPR", "AVAL"}) {
         const auto request = requestof(std::string("[WVW ") + word + "]");
         ASSERT_TRUE(request && request->commands.size() == 1) << word;
         EXPECT_TRUE(outputtext(word).has_value()) << word;

@@ -1,0 +1,81 @@
+#include "data/datafilesave.h"
+
+#include <cmath>
+
+#include "data/datafile.h"
+#include "data/filelines.h"
+#include "data/htmlwrapper.h"
+#include "data/labels.h"
+#include "data/textpieces.h"
+#include "platform/paths.h"
+#include "session/session.h"
+#include "shell/prompts.h"
+#include "shell/words.h"
+
+namespace {
+
+bool tellcannot(const std::string& name) {
+    compose(session.msg, Word::Cannot, " ", Word::Save, " ", Word::File, ": ", AsTyped{name});
+    tellok();
+    return false;
+}
+
+/// A file of one side must not hold the session of the other: its extension would lie.
+bool extensionserves(const std::string& name) {
+    const bool life = session.progSide == lifeSide;
+    if (!uppercase(name).ends_with(life ? ".V" : ".W")) return true;
+    compose(session.msg, "'", AsTyped{name}, "' ", Word::With, " ", Word::File, " ", Word::To, " ",
+            Word::Save, " ", Word::Cannot, " ... ", life ? "VXW" : "VXV");
+    tellok();
+    return false;
+}
+
+std::string withextension(const std::string& name, const char* life, const char* visual) {
+    const bool bare = nameof(name).find('.') == std::string::npos;
+    return bare ? name + (session.progSide == lifeSide ? life : visual) : name;
+}
+
+/// Writes what `write` writes to the sink, in the wrapper when it was asked for.
+template <class Write>
+bool writethrough(TextSink& sink, Write write) {
+    const Keep kept(session.htmlMode);
+    const bool wrapped = session.htmlMode == wrapperAsked;
+    session.htmlMode = wrapped ? wrapperWriting : plainLines;
+    outputbegin(sink);
+    if (wrapped) wrapperhead();
+    const bool written = write();
+    if (wrapped) wrappertail();
+    return outputend() && written;
+}
+
+template <class Write>
+bool savewhole(const std::string& path, Write write) {
+    OutputFile file;
+    return file.open(path) && writethrough(file, write) && file.settle() && file.commit();
+}
+
+} // namespace
+
+bool datafilesave(const std::string& name) {
+    const bool labels = std::fabs(session.u) == labelsWanted;
+    session.u = 0;
+    std::string path(trimmed(name));
+    path = labels ? withextension(path, ".lbl", ".lbl") : withextension(path, ".w", ".v");
+    if (!labels && !extensionserves(path)) return false;
+    return savewhole(path, labels ? labelswrite : datafilewrite) || tellcannot(path);
+}
+
+std::string datafiletext() {
+    std::string text;
+    TextKeeper sink(text);
+    const Keep kept(session.htmlMode);
+    session.htmlMode = plainLines;
+    return writethrough(sink, datafilewrite) ? text : std::string();
+}
+
+bool snapshotwrite(const std::string& path) {
+    const Keep kept(session.htmlMode);
+    session.htmlMode = plainLines;
+    OutputFile file;
+    return file.open(path) && writethrough(file, datafilewrite) && file.commit();
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+/// What the session was before: snapshots for undo and redo, and the former results.
+struct History {
+    /// A whole data file in the folder of temporary files, and what such a file does not say.
+    struct Snapshot {
+        std::string path;
+        std::string fileName; ///< data file of the session at that time
+    };
+    static constexpr std::size_t undoMax = 20; ///< steps that can be undone
+
+    int16_t resultsDirty = 0;        ///< 1: data or results that were not saved
+    int16_t undoActive = 0;          ///< 1: snapshots are kept; a run without a window needs none
+    int16_t undoKept = 0;            ///< 1: the change in hand has its snapshot already
+    uint64_t gridAccepted = 0;       ///< digest of the grid that the last cycle took
+    int snapshotSerial = 0;          ///< makes the names of snapshots differ
+    std::vector<Snapshot> undoSteps; ///< the newest last; its path is undoFile
+    std::vector<Snapshot> redoSteps; ///< what was undone, the latest last
+    std::string formerSelected;      ///< former result chosen last; empty when it is not on the list
+    /// Of each former result that is a temporary file: its name on the list, and its data file.
+    struct Former {
+        std::string title, fileName;
+    };
+    std::map<std::string, Former, std::less<>> formerNotes;
+};

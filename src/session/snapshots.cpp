@@ -1,0 +1,101 @@
+#include "session/snapshots.h"
+
+#include <filesystem>
+
+#include "data/datafilesave.h"
+#include "platform/paths.h"
+#include "platform/platform.h"
+#include "session/findfile.h"
+#include "session/session.h"
+
+namespace {
+
+/// FNV-1a over 64 bits, a word of length before each text so that cells cannot run together (Fowler, Noll,
+/// Vo; RFC 9923).
+class Digest {
+public:
+    void add(std::string_view text) {
+        add(text.size());
+        for (const char c : text) step(static_cast<unsigned char>(c));
+    }
+    void add(uint64_t number) {
+        for (int shift = 0; shift < 64; shift += 8) step((number >> shift) & 0xFF);
+    }
+    uint64_t value = 14695981039346656037u;
+
+private:
+    void step(uint64_t byte) { value = (value ^ byte) * 1099511628211u; }
+};
+
+void moveto(History::Snapshot& snapshot, const std::string& path) {
+    std::error_code error;
+    std::filesystem::rename(nativepath(snapshot.path), nativepath(path), error);
+    if (!error) snapshot.path = path;
+}
+
+std::string newname() { return temppath("-s" + std::to_string(++session.snapshotSerial) + ".tmp"); }
+
+void forgetredo() {
+    for (const auto& step : session.redoSteps) snapshotremove(step);
+    session.redoSteps.clear();
+}
+
+} // namespace
+
+uint64_t gridhash() {
+    Digest digest;
+    for (const auto& column : session.gridCells) {
+        digest.add(column.size());
+        for (const std::string& cell : column) digest.add(cell);
+    }
+    for (const std::string& title : session.gridTitles) digest.add(title);
+    return digest.value;
+}
+
+void undostack() {
+    auto& steps = session.undoSteps;
+    for (std::size_t i = 0; i + 1 < steps.size(); ++i)
+        if (steps[i].path == session.undoFile) moveto(steps[i], newname());
+    if (!steps.empty() && steps.back().path != session.undoFile) moveto(steps.back(), session.undoFile);
+}
+
+void undokeep() {
+    if (session.undoActive == 0) return;
+    session.undoKept = 1;
+    forgetredo();
+    const History::Snapshot present = snapshotnew();
+    if (present.path.empty()) return;
+    session.undoSteps.push_back(present);
+    if (session.undoSteps.size() > History::undoMax) {
+        snapshotremove(session.undoSteps.front());
+        session.undoSteps.erase(session.undoSteps.begin());
+    }
+    undostack();
+}
+
+void undodrop() {
+    session.undoKept = 0;
+    if (session.undoActive == 0 || session.undoSteps.empty()) return;
+    snapshotremove(session.undoSteps.back());
+    session.undoSteps.pop_back();
+    undostack();
+}
+
+void undonotice() {
+    const uint64_t grid = gridhash();
+    if (grid != session.gridAccepted) {
+        if (session.undoKept == 0) undokeep();
+        session.resultsDirty = 1;
+    }
+    session.gridAccepted = grid;
+    session.undoKept = 0;
+}
+
+History::Snapshot snapshotnew() {
+    const std::string path = newname();
+    return {snapshotwrite(path) ? path : std::string(), session.fileName};
+}
+
+void snapshotremove(const History::Snapshot& snapshot) {
+    if (platform && !snapshot.path.empty()) platform->system().removefile(snapshot.path);
+}

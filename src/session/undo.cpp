@@ -1,0 +1,51 @@
+#include "session/undo.h"
+
+#include "data/datafileopen.h"
+#include "session/session.h"
+#include "session/snapshots.h"
+#include "shell/calcplot.h"
+#include "shell/prompts.h"
+#include "shell/words.h"
+
+namespace {
+
+using Steps = std::vector<History::Snapshot>;
+
+bool tellnothing() {
+    compose(session.msg, Word::Present, " ", Word::At, " ", Word::Undo, " ", Word::No);
+    tellok();
+    return false;
+}
+
+bool readstep(const History::Snapshot& step) {
+    const Keep kept(session.noPrompt);
+    session.noPrompt = 1;
+    if (datafileopen(step.path) != FileRead::read) return false;
+    session.fileName = step.fileName;
+    return true;
+}
+
+/// Takes the newest step of one list into force, after the session as it is has become the newest step of
+/// the other.
+bool takestep(Steps& from, Steps& to) {
+    if (from.empty()) return tellnothing();
+    const History::Snapshot present = snapshotnew();
+    if (present.path.empty() || !readstep(from.back())) {
+        if (!present.path.empty()) readstep(present);
+        snapshotremove(present);
+        return false;
+    }
+    snapshotremove(from.back());
+    from.pop_back();
+    to.push_back(present);
+    undostack();
+    session.undoKept = 1;
+    calcplot();
+    session.resultsDirty = 1;
+    return true;
+}
+
+} // namespace
+
+bool undo() { return takestep(session.undoSteps, session.redoSteps); }
+bool redo() { return takestep(session.redoSteps, session.undoSteps); }

@@ -1,0 +1,141 @@
+#include "session/undo.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "data/datafilesave.h"
+#include "session/findfile.h"
+#include "session/opendata.h"
+#include "session/session.h"
+#include "session/snapshots.h"
+#include "shell/calcplot.h"
+#include "shell/grid.h"
+#include "support/freshsession.h"
+#include "support/scriptedplatform.h"
+#include "support/workfolder.h"
+
+namespace {
+
+class Undo : public testing::Test {
+protected:
+    Undo() {
+        session.noPrompt = 1;
+        session.undoActive = 1;
+        session.tempPath = folder.path("") + "/";
+        newtempbase();
+        calcplot();
+    }
+    void type(int set, int point, const std::string& cell) {
+        gridset(set, point, cell);
+        calcplot();
+    }
+    using Cells = std::vector<std::vector<std::string>>;
+
+    FreshSession fresh{lifeSide};
+    ScriptedPlatform desktop;
+    WorkFolder folder;
+};
+
+TEST_F(Undo, WithNothingToUndoSaysSo) {
+    desktop.expectmessage("Present At Undo No");
+    EXPECT_FALSE(undo());
+    desktop.expectmessage("Present At Undo No");
+    EXPECT_FALSE(redo());
+}
+
+TEST_F(Undo, GivesDataAndOptionsBackStepByStep) {
+    type(1, 1, "150");
+    type(1, 2, "230");
+    session.dist = lognormal;
+    calcplot(); // an option alone is no step
+    type(1, 3, "310x0x2_seal worn");
+    ASSERT_EQ(session.undoSteps.size(), 3u);
+
+    ASSERT_TRUE(undo());
+    EXPECT_EQ(session.gridCells, (Cells{{"150", "230"}}));
+    EXPECT_EQ(session.dist, lognormal);
+    ASSERT_TRUE(undo());
+    EXPECT_EQ(session.gridCells, (Cells{{"150"}}));
+    EXPECT_EQ(session.dist, weibull) << "the option goes with the data";
+    ASSERT_TRUE(undo());
+    EXPECT_EQ(session.lastRow, 0);
+
+    ASSERT_TRUE(redo());
+    ASSERT_TRUE(redo());
+    ASSERT_TRUE(redo());
+    EXPECT_EQ(session.gridCells, (Cells{{"150", "230", "310x0x2_seal worn"}}));
+    EXPECT_EQ(session.dist, lognormal);
+    desktop.expectmessage("Present At Undo No");
+    EXPECT_FALSE(redo());
+}
+
+TEST_F(Undo, ANewChangeForgetsWhatWasUndone) {
+    type(1, 1, "150");
+    type(1, 2, "230");
+    ASSERT_TRUE(undo());
+    type(1, 2, "999");
+    desktop.expectmessage("Present At Undo No");
+    EXPECT_FALSE(redo());
+    ASSERT_TRUE(undo());
+    EXPECT_EQ(session.gridCells, (Cells{{"150"}}));
+}
+
+TEST_F(Undo, TheNewestSnapshotIsOnePlainDataFileUnderItsName) {
+    session.htmlMode = wrapperAsked;
+    type(1, 1, "150");
+    type(1, 2, "230");
+    EXPECT_EQ(session.undoFile, session.tempPath + session.tempBase + "-1.tmp");
+    EXPECT_TRUE(folder.text(session.tempBase + "-1.tmp").starts_with("WINVANEX_DATA2-VXW[.]\r\n"));
+    EXPECT_EQ(session.undoSteps.back().path, session.undoFile);
+    EXPECT_EQ(folder.names().size(), 2u);
+}
+
+TEST_F(Undo, KeepsTwentySteps) {
+    for (int j = 1; j <= 25; ++j) type(1, j, std::to_string(10 * j));
+    EXPECT_EQ(session.undoSteps.size(), 20u);
+    for (int step = 0; step < 20; ++step) ASSERT_TRUE(undo());
+    EXPECT_EQ(session.gridCells.front().size(), 5u);
+}
+
+TEST_F(Undo, AnOpenedFileCanBeUndone) {
+    type(1, 1, "150");
+    type(1, 2, "230");
+    folder.write("other.txt", "1\n2\n3\n");
+    ASSERT_EQ(opendata(folder.path("other.txt")), DataRead::read);
+    calcplot();
+    EXPECT_EQ(session.gridCells, (Cells{{"1", "2", "3"}}));
+    ASSERT_TRUE(undo());
+    EXPECT_EQ(session.gridCells, (Cells{{"150", "230"}}));
+    EXPECT_EQ(session.fileName, "");
+    ASSERT_TRUE(redo());
+    EXPECT_EQ(session.fileName, folder.path("other.txt"));
+}
+
+TEST_F(Undo, AFileThatCannotBeReadIsNoStep) {
+    type(1, 1, "150");
+    const std::size_t steps = session.undoSteps.size();
+    EXPECT_EQ(opendata(folder.write("empty.txt", "\n")), DataRead::empty);
+    EXPECT_EQ(session.undoSteps.size(), steps);
+    EXPECT_EQ(session.gridCells, (Cells{{"150"}}));
+}
+
+TEST_F(Undo, ALostSnapshotLeavesTheSessionAsItIs) {
+    type(1, 1, "150");
+    type(1, 2, "230");
+    std::filesystem::remove(session.undoFile);
+    desktop.expectmessage("No Data");
+    EXPECT_FALSE(undo());
+    EXPECT_EQ(session.gridCells, (Cells{{"150", "230"}}));
+}
+
+TEST_F(Undo, WithoutAWindowNothingIsKept) {
+    session.undoActive = 0;
+    type(1, 1, "150");
+    type(1, 2, "230");
+    EXPECT_TRUE(session.undoSteps.empty());
+    EXPECT_TRUE(folder.names().empty());
+    EXPECT_EQ(session.resultsDirty, 1);
+}
+
+} // namespace
