@@ -422,3 +422,29 @@ TEST_F(Vanexc, AScriptOnAFullDiskFailsWithASentence) {
     EXPECT_EQ(full.status, 1);
     EXPECT_NE(full.err.find("Cannot Save"), std::string::npos);
 }
+
+TEST_F(Vanexc, ASampleIsAnalysedByItsNumber) {
+    const Outcome outcome = run("--sample 3 -m 3");
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_NE(outcome.out.find("3W - Nelson [1982] pp. 317 to 336"), std::string::npos);
+    EXPECT_EQ(run("--sample 4 --json -").status, 0) << "grouped input, without a switch for it";
+}
+
+TEST_F(Vanexc, ASampleThatCannotBeServedIsToldAndAnalysesNoOther) {
+    const Outcome refused = run("--sample 7 -p W");
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_NE(refused.err.find("Only For X-Y Plot"), std::string::npos) << refused.err;
+    EXPECT_EQ(refused.out, "");
+    for (const char* unknown : {"0", "12", "2x", "-1", "99999999999"}) {
+        const Outcome outcome = run(std::string("--sample ") + unknown);
+        EXPECT_EQ(outcome.status, 2) << unknown;
+        EXPECT_EQ(outcome.out, "");
+    }
+}
+
+TEST_F(Vanexc, AFileAndASampleTogetherAreAUsageError) {
+    write("data.txt", "10\n20\n30\n");
+    const Outcome outcome = run("data.txt -p W --sample 2");
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.out, "");
+}
