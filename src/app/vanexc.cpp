@@ -188,12 +188,10 @@ bool takesample(Outputs& outputs) {
     return false;
 }
 
-/// The sample asked for is to stay on the visual side: it is meant for that alone, or for both and the side
-/// was chosen.
+/// The sample asked for leaves the visual side in force: it is meant for that alone, or the side was chosen.
 bool forvisual(const Outputs& outputs) {
-    if (!outputs.sample) return false;
-    const SampleSide side = sampledata(outputs.sampleNumber)->side;
-    return side == SampleSide::visual || (side == SampleSide::either && session.cmdSide == visualSide);
+    return outputs.sample
+           && (session.cmdSide == visualSide || sampledata(outputs.sampleNumber)->side == SampleSide::visual);
 }
 
 /// Puts the sample into the grid; what the command line asks for wins over the sample's own input type.

@@ -435,6 +435,7 @@ TEST_F(Vanexc, ASampleThatCannotBeServedIsToldAndAnalysesNoOther) {
     EXPECT_EQ(refused.status, 1);
     EXPECT_NE(refused.err.find("Only For X-Y Plot"), std::string::npos) << refused.err;
     EXPECT_EQ(refused.out, "");
+    EXPECT_NE(run("--sample 1 -p V").err.find("Only For Life Analysis"), std::string::npos);
     for (const char* unknown : {"0", "12", "2x", "-1", "99999999999"}) {
         const Outcome outcome = run(std::string("--sample ") + unknown);
         EXPECT_EQ(outcome.status, 2) << unknown;
