@@ -17,6 +17,7 @@
 #include "plot/plotfile.h"
 #include "session/commandline.h"
 #include "session/opendata.h"
+#include "session/sampleload.h"
 #include "session/scriptoutput.h"
 #include "session/session.h"
 #include "session/sizing.h"
@@ -60,6 +61,7 @@ constexpr const char* helpTail =
     "  --format TEXT     form of the data: text, the one there is\n"
     "  --language NAME   language of the report and the plot: German or Deutsch, ...; an unknown\n"
     "                    name lists them all\n"
+    "  --sample K        built-in sample 1 to 11 in place of FILE; 7 and 9 are of the X-Y side\n"
     "  --help, --version\n"
     "\n"
     "Exit status 0, 1 when no set could be analysed or a script failed, 2 for a usage error.\n"
@@ -77,6 +79,8 @@ struct Outputs {
     std::optional<std::string> language;
     std::optional<std::string> format;
     std::optional<std::string> save;
+    std::optional<std::string> sample;
+    int sampleNumber = 2; ///< leukemia
     int pixelsAcross = 1200;
     int pixelsDown = 900;
 };
@@ -105,7 +109,7 @@ struct LongOption {
 constexpr LongOption longOptions[] = {{"--report", &Outputs::report},     {"--json", &Outputs::json},
                                       {"--plot", &Outputs::plot},         {"--plot-size", &Outputs::plotSize},
                                       {"--language", &Outputs::language}, {"--format", &Outputs::format},
-                                      {"--save", &Outputs::save}};
+                                      {"--save", &Outputs::save},         {"--sample", &Outputs::sample}};
 
 /// The help: usage, every switch in columns, outputs and examples.
 std::string helptext() {
@@ -179,6 +183,29 @@ bool takeformat(const Outputs& outputs) {
     return false;
 }
 
+/// Takes the number of the sample. False when there is none of that number.
+bool takesample(Outputs& outputs) {
+    if (!outputs.sample) return true;
+    const char* const end = outputs.sample->data() + outputs.sample->size();
+    const auto read = std::from_chars(outputs.sample->data(), end, outputs.sampleNumber);
+    if (read.ec == std::errc() && read.ptr == end && sampledata(outputs.sampleNumber)) return true;
+    complainof(Word::Unknown, " ", Word::Sample, ": ", AsTyped{*outputs.sample}, "\n1 - 11");
+    return false;
+}
+
+/// The sample asked for leaves the visual side in force: it is meant for that alone, or the side was chosen.
+bool forvisual(const Outputs& outputs) {
+    return outputs.sample
+           && (session.cmdSide == visualSide || sampledata(outputs.sampleNumber)->side == SampleSide::visual);
+}
+
+/// Puts the sample into the grid; what the command line asks for wins over the sample's own input type.
+bool loadsample(int number) {
+    if (!sampleload(number)) return false;
+    cmdapply();
+    return true;
+}
+
 /// Looks at what was asked of the plot before any work is done.
 bool plotpossible(Outputs& outputs) {
     if (outputs.plot && !plotfileknown(*outputs.plot)) {
@@ -189,16 +216,6 @@ bool plotpossible(Outputs& outputs) {
     if (takesize(outputs)) return true;
     complainof(Word::Plot, " ", Word::Size, ": ", AsTyped{*outputs.plotSize}, "\n400x300 - 4000x3000");
     return false;
-}
-
-bool loadsample() {
-    constexpr int leukemiaSample = 2;
-    const Sample& sample = *sampledata(leukemiaSample);
-    int point = 0;
-    for (const auto cell : sample.cells) gridset(1, ++point, cell);
-    session.gridTitles.assign(1, std::string(sample.label));
-    session.fileName = sample.label;
-    return true;
 }
 
 /// Why nothing was analysed, when no message has said it.
@@ -250,10 +267,10 @@ bool filelost() {
 }
 
 /// Reads the data that were named, or the sample. False, and told, when there are none.
-bool load() {
+bool load(int sample) {
     if (session.cmdFile.empty() && filelost()) return false;
-    const bool loaded =
-        session.cmdFile.empty() ? loadsample() : opendata(session.cmdFile) != DataRead::unreadable;
+    if (session.cmdFile.empty() && !loadsample(sample)) return false;
+    const bool loaded = session.cmdFile.empty() || opendata(session.cmdFile) != DataRead::unreadable;
     if (!loaded) complainof(Word::Cannot, " ", Word::Open, " ", Word::File, ": ", AsTyped{session.cmdFile});
     if (session.dataFileRead != 0) cmdapply(); // what was asked for holds against what the file says
     const bool room = roomfor(longestcolumn());
@@ -277,7 +294,7 @@ int status(int outcome) { return session.cmdNotes.empty() ? outcome : wrongUse; 
 int start(std::vector<std::string> arguments, const char* name, HeadlessPlatform& console) {
     Outputs outputs;
     if (!takeoutputs(arguments, outputs) || !plotpossible(outputs) || !takeformat(outputs)
-        || !takelanguage(outputs))
+        || !takelanguage(outputs) || !takesample(outputs))
         return wrongUse;
     const StartEnd end = startup(arguments, name, false);
     if (end == StartEnd::wrongUse) {
@@ -289,12 +306,20 @@ int start(std::vector<std::string> arguments, const char* name, HeadlessPlatform
     if (end == StartEnd::exit) return status(writeall(outputs, console));
     if (end != StartEnd::ready) return status(noResult);
     if (!outputs.report && !outputs.json && !outputs.plot && !outputs.save) outputs.report = "-";
-    if (session.cmdFile.empty() && session.progSide != lifeSide) {
+    if (outputs.sample && !session.cmdFile.empty()) {
+        complainof(Word::Data, " ", Word::File, " ", Word::Or, " ", Word::Sample, ": ",
+                   AsTyped{session.cmdFile});
+        return wrongUse;
+    }
+    if (session.cmdFile.empty() && session.progSide != lifeSide && !forvisual(outputs)) {
         chooseside(lifeSide);
         if (!sizearrays()) return noResult;
         cmdapply();
     }
-    if (!load()) return status(noResult);
+    if (!load(outputs.sampleNumber)) {
+        for (const std::string& message : console.messages) complain(message);
+        return status(noResult);
+    }
     calcplot();
     return status(writeall(outputs, console));
 }

@@ -11,6 +11,7 @@
 #include "session/folders.h"
 #include "session/gridstate.h"
 #include "session/history.h"
+#include "session/librarystate.h"
 #include "session/lines.h"
 #include "session/options.h"
 #include "session/plotstate.h"
@@ -51,6 +52,7 @@ struct Session : Capacities,
                  GridState,
                  FileState,
                  History,
+                 LibraryState,
                  CommandFields {
     RegressionSums sums; ///< of the set being fitted
 };

@@ -457,4 +457,30 @@ TEST_F(Vanexc, AScriptSavesADataFileByF) {
     write("pumps.txt", "150\n230\n-400\n310\n");
     ASSERT_EQ(run("-s '[WVW [pumps.txt] F pumps.w]'").status, 0);
     EXPECT_TRUE(contents(folder / "pumps.w").starts_with("WINVANEX_DATA2-VXW[.]\r\n"));
+
+TEST_F(Vanexc, ASampleIsAnalysedByItsNumber) {
+    const Outcome outcome = run("--sample 3 -m 3");
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_NE(outcome.out.find("3W - Nelson [1982] pp. 317 to 336"), std::string::npos);
+    EXPECT_EQ(run("--sample 4 --json -").status, 0) << "grouped input, without a switch for it";
+}
+
+TEST_F(Vanexc, ASampleThatCannotBeServedIsToldAndAnalysesNoOther) {
+    const Outcome refused = run("--sample 7 -p W");
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_NE(refused.err.find("Only For X-Y Plot"), std::string::npos) << refused.err;
+    EXPECT_EQ(refused.out, "");
+    EXPECT_NE(run("--sample 1 -p V").err.find("Only For Life Analysis"), std::string::npos);
+    for (const char* unknown : {"0", "12", "2x", "-1", "99999999999"}) {
+        const Outcome outcome = run(std::string("--sample ") + unknown);
+        EXPECT_EQ(outcome.status, 2) << unknown;
+        EXPECT_EQ(outcome.out, "");
+    }
+}
+
+TEST_F(Vanexc, AFileAndASampleTogetherAreAUsageError) {
+    write("data.txt", "10\n20\n30\n");
+    const Outcome outcome = run("data.txt -p W --sample 2");
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.out, "");
 }
