@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "data/importtable.h"
 #include "data/report.h"
 #include "data/resultsjson.h"
 #include "data/samples.h"
@@ -31,7 +32,8 @@ enum ExitStatus { done = 0, noResult = 1, wrongUse = 2 };
 
 constexpr const char* helpHead =
     "Usage: vanexc [FILE|-] [switches] [--report FILE|-] [--json FILE|-]\n"
-    "              [--plot FILE [--plot-size WxH]] [--format TEXT] [--language NAME]\n"
+    "              [--plot FILE [--plot-size WxH]] [--format LETTER] [--decimal SYMBOL]\n"
+    "              [--language NAME]\n"
     "\n"
     "Fits a line to life data, writes a report and draws the plot. FILE is plain text, one cell a line or\n"
     "several cells a line, each column a set; - reads standard input. Without FILE the\n"
@@ -53,10 +55,14 @@ constexpr const char* helpTail =
     "  --plot FILE       the plot: .svg picture, .hgl plotter text (HPGL), .trace every drawing\n"
     "                    operation in words\n"
     "  --plot-size WxH   pixels of the picture, 400x300 to 4000x3000; 1200x900 when not given\n"
-    "  --format TEXT     form of the data: text, the one there is\n"
     "  --language NAME   language of the report and the plot: German or Deutsch, ...; an unknown\n"
     "                    name lists them all\n"
     "  --help, --version\n"
+    "\n"
+    "Input\n"
+    "  --format LETTER   what the columns of the text hold, as in the format menu: E, K2, ...; an\n"
+    "                    unknown letter lists them all; text, or nothing, tells it from the text\n"
+    "  --decimal SYMBOL  comma or point: what a comma between digits is, where a text leaves it open\n"
     "\n"
     "Exit status 0, 1 when no set could be analysed or a script failed, 2 for a usage error.\n"
     "\n"
@@ -72,6 +78,7 @@ struct Outputs {
     std::optional<std::string> plotSize;
     std::optional<std::string> language;
     std::optional<std::string> format;
+    std::optional<std::string> decimal;
     int pixelsAcross = 1200;
     int pixelsDown = 900;
 };
@@ -99,7 +106,8 @@ struct LongOption {
 };
 constexpr LongOption longOptions[] = {{"--report", &Outputs::report},     {"--json", &Outputs::json},
                                       {"--plot", &Outputs::plot},         {"--plot-size", &Outputs::plotSize},
-                                      {"--language", &Outputs::language}, {"--format", &Outputs::format}};
+                                      {"--language", &Outputs::language}, {"--format", &Outputs::format},
+                                      {"--decimal", &Outputs::decimal}};
 
 /// The help: usage, every switch in columns, outputs and examples.
 std::string helptext() {
@@ -166,10 +174,37 @@ bool takesize(Outputs& outputs) {
            && within(outputs.pixelsDown, 300, 3000);
 }
 
-/// The form of the data is one of those there are.
+/// The forms of both sides, a line each.
+std::string formatlist() {
+    std::string list;
+    for (const Side side : {lifeSide, visualSide}) {
+        extend(list, "\n-p ", side == lifeSide ? 'W' : 'V', ":");
+        for (const ImportLetter& letter : importletters(side)) {
+            letter.label(extend(list, "\n  ", letter.letter, "  "));
+            if (letter.forms.size() == 1) continue;
+            for (const ImportForm& form : letter.forms)
+                form.label(extend(list, "\n    ", AsTyped{importcode({&letter, &form})}, "  "));
+        }
+    }
+    return list;
+}
+
+/// Notes the form of the data that was asked for. False, with the list of all, when no side has it.
 bool takeformat(const Outputs& outputs) {
     if (!outputs.format || *outputs.format == "text") return true;
-    complainof(Word::Unknown, " ", Word::Data, " ", Word::Type, ": ", AsTyped{*outputs.format}, "\ntext");
+    session.formatWanted = *outputs.format;
+    if (importchoice(lifeSide, *outputs.format).form || importchoice(visualSide, *outputs.format).form)
+        return true;
+    complainof(Word::Unknown, " ", Word::Format, ": ", AsTyped{*outputs.format}, formatlist());
+    return false;
+}
+
+bool takedecimal(const Outputs& outputs) {
+    if (!outputs.decimal) return true;
+    session.decimalWanted = *outputs.decimal == "comma" ? "," : *outputs.decimal == "point" ? "." : "";
+    if (!session.decimalWanted.empty()) return true;
+    complainof(Word::Unknown, " ", Word::Decimal, " ", Word::Symbol, ": ", AsTyped{*outputs.decimal},
+               "\ncomma point");
     return false;
 }
 
@@ -185,14 +220,13 @@ bool plotpossible(Outputs& outputs) {
     return false;
 }
 
-bool loadsample() {
+void loadsample() {
     constexpr int leukemiaSample = 2;
     const Sample& sample = *sampledata(leukemiaSample);
     int point = 0;
     for (const auto cell : sample.cells) gridset(1, ++point, cell);
     session.gridTitles.assign(1, std::string(sample.label));
     session.fileName = sample.label;
-    return true;
 }
 
 /// Why nothing was analysed, when no message has said it.
@@ -235,14 +269,21 @@ bool filelost() {
 }
 
 /// Reads the data that were named, or the sample. False, and told, when there are none.
-bool load() {
+bool load(HeadlessPlatform& console) {
     if (session.cmdFile.empty() && filelost()) return false;
-    const bool loaded =
-        session.cmdFile.empty() ? loadsample() : opendata(session.cmdFile) != DataRead::unreadable;
-    if (!loaded) complainof(Word::Cannot, " ", Word::Open, " ", Word::File, ": ", AsTyped{session.cmdFile});
+    const DataRead outcome =
+        session.cmdFile.empty() ? (loadsample(), DataRead::read) : opendata(session.cmdFile);
+    if (outcome == DataRead::unreadable)
+        complainof(Word::Cannot, " ", Word::Open, " ", Word::File, ": ", AsTyped{session.cmdFile});
+    if (outcome == DataRead::refused) {
+        wordclean(session.msg);
+        complain(session.msg);
+        console.messages.clear();
+    }
+    if (outcome == DataRead::unreadable || outcome == DataRead::refused) return false;
     const bool room = roomfor(longestcolumn());
     if (!room) complainof(Word::Not, " ", Word::Enough, " ", Word::Free, " ", Word::Memory);
-    return loaded && room;
+    return room;
 }
 
 /// Notes on values without effect, and what the prompts would have shown.
@@ -258,10 +299,18 @@ void complainall(HeadlessPlatform& console) {
 /// A run that had to leave out a value must not look as if it had been obeyed.
 int status(int outcome) { return session.cmdNotes.empty() ? outcome : wrongUse; }
 
+/// The form that was asked for belongs to the side that was started.
+bool formatofside() {
+    if (session.formatWanted.empty() || importchoice(session.progSide, session.formatWanted).form)
+        return true;
+    complainof(Word::Unknown, " ", Word::Format, ": ", AsTyped{session.formatWanted}, formatlist());
+    return false;
+}
+
 int start(std::vector<std::string> arguments, const char* name, HeadlessPlatform& console) {
     Outputs outputs;
     if (!takeoutputs(arguments, outputs) || !plotpossible(outputs) || !takeformat(outputs)
-        || !takelanguage(outputs))
+        || !takedecimal(outputs) || !takelanguage(outputs))
         return wrongUse;
     const StartEnd end = startup(arguments, name, false);
     if (end == StartEnd::wrongUse) {
@@ -272,13 +321,14 @@ int start(std::vector<std::string> arguments, const char* name, HeadlessPlatform
     complainall(console);
     if (end == StartEnd::exit) return status(writeall(outputs, console));
     if (end != StartEnd::ready) return status(noResult);
+    if (!formatofside()) return wrongUse;
     if (!outputs.report && !outputs.json && !outputs.plot) outputs.report = "-";
     if (session.cmdFile.empty() && session.progSide != lifeSide) {
         chooseside(lifeSide);
         if (!sizearrays()) return noResult;
         cmdapply();
     }
-    if (!load()) return status(noResult);
+    if (!load(console)) return status(noResult);
     calcplot();
     return status(writeall(outputs, console));
 }

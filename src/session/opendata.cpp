@@ -3,15 +3,13 @@
 #include <algorithm>
 #include <optional>
 
-#include "data/plaintext.h"
+#include "data/textimport.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/platform.h"
 #include "session/session.h"
 
 namespace {
-
-constexpr std::size_t oneSetTooMany = 25; ///< so that what is too much is told
 
 std::optional<std::string> textof(const std::string& name) {
     if (name == "CLIPBOARD") return platform ? platform->clipboard().text() : std::nullopt;
@@ -28,17 +26,13 @@ std::size_t longestcolumn() {
 }
 
 DataRead opendata(const std::string& name, bool further) {
-    const auto text = textof(name);
+    auto text = textof(name);
     if (!text) return DataRead::unreadable;
-    CellColumns read = readplaintext(*text, oneSetTooMany);
-    if (read.empty()) return DataRead::empty;
-    if (further) {
-        session.gridCells.insert(session.gridCells.end(), read.begin(), read.end());
-    } else {
-        session.gridCells = std::move(read);
-        session.gridTitles.clear();
-        session.fileName = name == "-" || name == "CLIPBOARD" ? std::string() : name;
-    }
+    session.msg = std::move(*text);
+    const TextRead outcome = textimport(TextFrom::text, further);
+    if (outcome == TextRead::empty) return DataRead::empty;
+    if (outcome == TextRead::refused) return DataRead::refused;
+    if (!further) session.fileName = name == "-" || name == "CLIPBOARD" ? std::string() : name;
     return DataRead::read;
 }
 

@@ -9,6 +9,7 @@
 #include "session/fits.h"
 #include "session/folders.h"
 #include "session/gridstate.h"
+#include "session/importstate.h"
 #include "session/lines.h"
 #include "session/options.h"
 #include "session/plotstate.h"
@@ -47,6 +48,7 @@ struct Session : Capacities,
                  Folders,
                  Setup,
                  GridState,
+                 ImportState,
                  CommandFields {
     RegressionSums sums; ///< of the set being fitted
 };

@@ -136,8 +136,7 @@ void welcome() {
 }
 
 void openmain() {
-    const bool unreadable = !session.cmdFile.empty() && opendata(session.cmdFile) != DataRead::read;
-    if (unreadable) {
+    if (!session.cmdFile.empty() && opendata(session.cmdFile) == DataRead::unreadable) {
         compose(session.msg, Word::Cannot, " ", Word::Open, " ", Word::File, ": ", AsTyped{session.cmdFile});
         tellok();
     }
