@@ -7,8 +7,9 @@
 #include <string>
 #include <string_view>
 
-#include "data/plaintext.h"
+#include "data/importread.h"
 #include "data/resultsjson.h"
+#include "data/textnormalize.h"
 #include "data/utf8.h"
 #include "platform/headless/headless.h"
 #include "plot/plotprob.h"
@@ -74,7 +75,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
     gridclear();
     chooseoptions(data[0], data[1], data[2]);
     session.noPrompt = 1;
-    session.gridCells = readplaintext({reinterpret_cast<const char*>(data + 3), size - 3}, 10);
+    const std::string_view text(reinterpret_cast<const char*>(data + 3), size - 3);
+    ImportOptions options;
+    options.mostSets = 10;
+    session.gridCells = importread(textnormalize(text), *importchoice(lifeSide, "A1").form, options).cells;
     calcplot();
     std::string json;
     writeresults(json);

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "data/datafilesave.h"
+#include "data/importtable.h"
 #include "data/report.h"
 #include "data/resultsjson.h"
 #include "data/samples.h"
@@ -33,7 +34,8 @@ enum ExitStatus { done = 0, noResult = 1, wrongUse = 2 };
 
 constexpr const char* helpHead =
     "Usage: vanexc [FILE|-] [switches] [--report FILE|-] [--json FILE|-]\n"
-    "              [--plot FILE [--plot-size WxH]] [--save FILE] [--format TEXT] [--language NAME]\n"
+    "              [--plot FILE [--plot-size WxH]] [--save FILE] [--sample K]\n"
+    "              [--format LETTER] [--decimal SYMBOL] [--language NAME]\n"
     "\n"
     "Fits a line to life data, writes a report and draws the plot. FILE is a data file of the\n"
     "program or plain text, one cell a line or several cells a line, each column a set; - reads standard "
@@ -58,11 +60,15 @@ constexpr const char* helpTail =
     "  --plot-size WxH   pixels of the picture, 400x300 to 4000x3000; 1200x900 when not given\n"
     "  --save FILE       the session, data, options and results, as a data file: .w on the life side,\n"
     "                    .v on the visual side\n"
-    "  --format TEXT     form of the data: text, the one there is\n"
     "  --language NAME   language of the report and the plot: German or Deutsch, ...; an unknown\n"
     "                    name lists them all\n"
     "  --sample K        built-in sample 1 to 11 in place of FILE; 7 and 9 are of the X-Y side\n"
     "  --help, --version\n"
+    "\n"
+    "Input\n"
+    "  --format LETTER   what the columns of the text hold, as in the format menu: E, K2, ...; an\n"
+    "                    unknown letter lists them all; text, or nothing, tells it from the text\n"
+    "  --decimal SYMBOL  comma or point: what a comma between digits is, where a text leaves it open\n"
     "\n"
     "Exit status 0, 1 when no set could be analysed or a script failed, 2 for a usage error.\n"
     "\n"
@@ -81,6 +87,7 @@ struct Outputs {
     std::optional<std::string> save;
     std::optional<std::string> sample;
     int sampleNumber = 2; ///< leukemia
+    std::optional<std::string> decimal;
     int pixelsAcross = 1200;
     int pixelsDown = 900;
 };
@@ -109,7 +116,8 @@ struct LongOption {
 constexpr LongOption longOptions[] = {{"--report", &Outputs::report},     {"--json", &Outputs::json},
                                       {"--plot", &Outputs::plot},         {"--plot-size", &Outputs::plotSize},
                                       {"--language", &Outputs::language}, {"--format", &Outputs::format},
-                                      {"--save", &Outputs::save},         {"--sample", &Outputs::sample}};
+                                      {"--save", &Outputs::save},         {"--sample", &Outputs::sample},
+                                      {"--decimal", &Outputs::decimal}};
 
 /// The help: usage, every switch in columns, outputs and examples.
 std::string helptext() {
@@ -176,10 +184,37 @@ bool takesize(Outputs& outputs) {
            && within(outputs.pixelsDown, 300, 3000);
 }
 
-/// The form of the data is one of those there are.
+/// The forms of both sides, a line each.
+std::string formatlist() {
+    std::string list;
+    for (const Side side : {lifeSide, visualSide}) {
+        extend(list, "\n-p ", side == lifeSide ? 'W' : 'V', ":");
+        for (const ImportLetter& letter : importletters(side)) {
+            letter.label(extend(list, "\n  ", letter.letter, "  "));
+            if (letter.forms.size() == 1) continue;
+            for (const ImportForm& form : letter.forms)
+                form.label(extend(list, "\n    ", AsTyped{importcode({&letter, &form})}, "  "));
+        }
+    }
+    return list;
+}
+
+/// Notes the form of the data that was asked for. False, with the list of all, when no side has it.
 bool takeformat(const Outputs& outputs) {
     if (!outputs.format || *outputs.format == "text") return true;
-    complainof(Word::Unknown, " ", Word::Data, " ", Word::Type, ": ", AsTyped{*outputs.format}, "\ntext");
+    session.formatWanted = *outputs.format;
+    if (importchoice(lifeSide, *outputs.format).form || importchoice(visualSide, *outputs.format).form)
+        return true;
+    complainof(Word::Unknown, " ", Word::Format, ": ", AsTyped{*outputs.format}, formatlist());
+    return false;
+}
+
+bool takedecimal(const Outputs& outputs) {
+    if (!outputs.decimal) return true;
+    session.decimalWanted = *outputs.decimal == "comma" ? "," : *outputs.decimal == "point" ? "." : "";
+    if (!session.decimalWanted.empty()) return true;
+    complainof(Word::Unknown, " ", Word::Decimal, " ", Word::Symbol, ": ", AsTyped{*outputs.decimal},
+               "\ncomma point");
     return false;
 }
 
@@ -267,15 +302,22 @@ bool filelost() {
 }
 
 /// Reads the data that were named, or the sample. False, and told, when there are none.
-bool load(int sample) {
+bool load(int sample, HeadlessPlatform& console) {
     if (session.cmdFile.empty() && filelost()) return false;
     if (session.cmdFile.empty() && !loadsample(sample)) return false;
-    const bool loaded = session.cmdFile.empty() || opendata(session.cmdFile) != DataRead::unreadable;
-    if (!loaded) complainof(Word::Cannot, " ", Word::Open, " ", Word::File, ": ", AsTyped{session.cmdFile});
+    const DataRead outcome = session.cmdFile.empty() ? DataRead::read : opendata(session.cmdFile);
+    if (outcome == DataRead::unreadable)
+        complainof(Word::Cannot, " ", Word::Open, " ", Word::File, ": ", AsTyped{session.cmdFile});
+    if (outcome == DataRead::refused) {
+        wordclean(session.msg);
+        complain(session.msg);
+        console.messages.clear();
+    }
+    if (outcome == DataRead::unreadable || outcome == DataRead::refused) return false;
     if (session.dataFileRead != 0) cmdapply(); // what was asked for holds against what the file says
     const bool room = roomfor(longestcolumn());
     if (!room) complainof(Word::Not, " ", Word::Enough, " ", Word::Free, " ", Word::Memory);
-    return loaded && room;
+    return room;
 }
 
 /// Notes on values without effect, and what the prompts would have shown.
@@ -291,10 +333,18 @@ void complainall(HeadlessPlatform& console) {
 /// A run that had to leave out a value must not look as if it had been obeyed.
 int status(int outcome) { return session.cmdNotes.empty() ? outcome : wrongUse; }
 
+/// The form that was asked for belongs to the side that was started.
+bool formatofside() {
+    if (session.formatWanted.empty() || importchoice(session.progSide, session.formatWanted).form)
+        return true;
+    complainof(Word::Unknown, " ", Word::Format, ": ", AsTyped{session.formatWanted}, formatlist());
+    return false;
+}
+
 int start(std::vector<std::string> arguments, const char* name, HeadlessPlatform& console) {
     Outputs outputs;
     if (!takeoutputs(arguments, outputs) || !plotpossible(outputs) || !takeformat(outputs)
-        || !takelanguage(outputs) || !takesample(outputs))
+        || !takedecimal(outputs) || !takelanguage(outputs) || !takesample(outputs))
         return wrongUse;
     const StartEnd end = startup(arguments, name, false);
     if (end == StartEnd::wrongUse) {
@@ -305,6 +355,7 @@ int start(std::vector<std::string> arguments, const char* name, HeadlessPlatform
     complainall(console);
     if (end == StartEnd::exit) return status(writeall(outputs, console));
     if (end != StartEnd::ready) return status(noResult);
+    if (!formatofside()) return wrongUse;
     if (!outputs.report && !outputs.json && !outputs.plot && !outputs.save) outputs.report = "-";
     if (outputs.sample && !session.cmdFile.empty()) {
         complainof(Word::Data, " ", Word::File, " ", Word::Or, " ", Word::Sample, ": ",
@@ -316,7 +367,7 @@ int start(std::vector<std::string> arguments, const char* name, HeadlessPlatform
         if (!sizearrays()) return noResult;
         cmdapply();
     }
-    if (!load(outputs.sampleNumber)) {
+    if (!load(outputs.sampleNumber, console)) {
         for (const std::string& message : console.messages) complain(message);
         return status(noResult);
     }

@@ -6,7 +6,7 @@
 #include "data/datafileopen.h"
 #include "data/datafilesave.h"
 #include "data/filelines.h"
-#include "data/plaintext.h"
+#include "data/textimport.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/platform.h"
@@ -15,8 +15,6 @@
 #include "session/snapshots.h"
 
 namespace {
-
-constexpr std::size_t oneSetTooMany = 25; ///< so that what is too much is told
 
 /// Where the data come from, and what stands there.
 struct Source {
@@ -34,50 +32,55 @@ Source sourceof(const std::string& name) {
     return {there, readfile(there)};
 }
 
-/// Reads a text of no form of our own into the grid.
-bool takeplain(std::string_view text) {
-    CellColumns read = readplaintext(text, oneSetTooMany);
-    if (read.empty()) return false;
-    session.gridCells = std::move(read);
-    session.gridTitles.clear();
-    return true;
+/// Hands a text of no form of our own to the import.
+DataRead taketext(bool further) {
+    session.msg = inputrest();
+    inputclose();
+    switch (textimport(TextFrom::text, further)) {
+    case TextRead::read: return DataRead::read;
+    case TextRead::empty: return DataRead::empty;
+    case TextRead::refused: break;
+    }
+    return DataRead::refused;
 }
 
-/// Reads whatever stands in a text into the session; the data that were there go.
+/// What the session is when a file of our own has been read, or could not be.
+DataRead outcomeof(FileRead end) {
+    session.dataFileRead = end == FileRead::read ? 1 : 0;
+    switch (end) {
+    case FileRead::read: return DataRead::read;
+    case FileRead::nodata: return DataRead::empty;
+    case FileRead::cancelled: session.msg.clear(); return DataRead::refused;
+    case FileRead::bad:
+    case FileRead::oldForm:
+    case FileRead::text: break;
+    }
+    return DataRead::unreadable;
+}
+
 DataRead take(Source& source) {
     session.dataFileRead = 0;
-    switch (datafiletake(std::move(*source.text), source.path, roomfor)) {
-    case FileRead::read: session.dataFileRead = 1; return DataRead::read;
-    case FileRead::text: {
-        const bool taken = takeplain(inputrest());
-        inputclose();
-        return taken ? DataRead::read : DataRead::empty;
-    }
-    case FileRead::nodata: return DataRead::empty;
-    case FileRead::bad:
-    case FileRead::oldForm: return DataRead::unreadable;
-    case FileRead::cancelled: break;
-    }
-    return DataRead::cancelled;
+    const FileRead end = datafiletake(std::move(*source.text), source.path, roomfor);
+    return end == FileRead::text ? taketext(false) : outcomeof(end);
 }
 
-/// Reads a text as further sets behind those that are there; the options stay.
+/// Reads sets to stand behind those that are there; the options stay.
 DataRead takefurther(Source& source) {
     const auto cells = session.gridCells;
-    auto titles = session.gridTitles;
-    const std::string present = datafiletext();
+    const auto titles = session.gridTitles;
     const int16_t optionsCame = session.dataFileRead;
-    const DataRead end = take(source);
-    const CellColumns added = std::move(session.gridCells);
-    std::vector<std::string> addedTitles = std::move(session.gridTitles);
-    if (session.dataFileRead != 0) {
-        const Keep kept(session.noPrompt);
-        session.noPrompt = 1;
-        datafiletake(present, "");
-    }
-    session.dataFileRead = optionsCame;
+    const std::string present = datafiletext();
+    const FileRead read = datafiletake(std::move(*source.text), source.path, roomfor);
+    if (read == FileRead::text) return taketext(true);
+    const DataRead end = outcomeof(read);
+    const auto added = std::move(session.gridCells);
+    const auto addedTitles = std::move(session.gridTitles);
+    const Keep kept(session.noPrompt);
+    session.noPrompt = 1;
+    datafiletake(present, "");
     session.gridCells = cells;
     session.gridTitles = titles;
+    session.dataFileRead = optionsCame;
     if (end == DataRead::read) appendsets(added, addedTitles);
     return end;
 }

@@ -91,6 +91,7 @@ bool readinputs(const std::vector<std::string>& files) {
     for (const std::string& file : files) {
         DataRead read = opendata(file, further);
         if (read == DataRead::empty && file != "CLIPBOARD") read = opendata("CLIPBOARD", further);
+        if (read == DataRead::refused) return scripterror(session.msg, ScriptHint::commandline);
         if (read != DataRead::read) {
             compose(session.msg, Word::Cannot, " ", Word::Open, " ", Word::File, ": ", AsTyped{file});
             return scripterror(session.msg, ScriptHint::filename);

@@ -12,6 +12,7 @@
 #include "session/gridstate.h"
 #include "session/history.h"
 #include "session/librarystate.h"
+#include "session/importstate.h"
 #include "session/lines.h"
 #include "session/options.h"
 #include "session/plotstate.h"
@@ -53,6 +54,7 @@ struct Session : Capacities,
                  FileState,
                  History,
                  LibraryState,
+                 ImportState,
                  CommandFields {
     RegressionSums sums; ///< of the set being fitted
 };

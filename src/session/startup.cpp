@@ -142,19 +142,19 @@ void welcome() {
     tellok();
 }
 
-bool opencmdfile() {
+/// Opens the data file of the command line, whose switches hold against the options of the file.
+void opencmdfile() {
     const DataRead end = opendata(session.cmdFile);
     if (session.dataFileRead != 0) cmdapply();
-    return end == DataRead::read || end == DataRead::cancelled;
+    if (end == DataRead::read || end == DataRead::empty) return;
+    if (end == DataRead::unreadable)
+        compose(session.msg, Word::Cannot, " ", Word::Open, " ", Word::File, ": ", AsTyped{session.cmdFile});
+    if (!session.msg.empty()) tellok();
 }
 
 void openmain() {
     session.undoActive = 1;
-    const bool unreadable = !session.cmdFile.empty() && !opencmdfile();
-    if (unreadable) {
-        compose(session.msg, Word::Cannot, " ", Word::Open, " ", Word::File, ": ", AsTyped{session.cmdFile});
-        tellok();
-    }
+    if (!session.cmdFile.empty()) opencmdfile();
     roomfor(longestcolumn());
     calcplot();
     welcome();

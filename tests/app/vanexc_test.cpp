@@ -183,7 +183,7 @@ TEST_F(Vanexc, NothingToAnalyseEndsWithOneAndASentence) {
                  {"# only a note\n", "Not Enough Data"},
                  {"150\n", "Not Enough Data"},
                  {"-150\n-230\n", "Not Enough Data"},
-                 {"hello\nworld\n", "Bad Data"},
+                 {"hello\nworld\n", "No Data"},
                  {"200\n200\n", "Not Enough Data"}};
     for (const auto& item : cases) {
         const Outcome outcome = run("- -p W --json -", item.input);
@@ -222,6 +222,72 @@ TEST_F(Vanexc, TheReportShowsTheLogLikelihoodOfALikelihoodFitAlone) {
     EXPECT_NE(run("-m 3").out.find("\nmle (LL)=-"), std::string::npos);
     EXPECT_EQ(run("-m 1").out.find("(LL)"), std::string::npos);
     EXPECT_TRUE(Json::parse(run("-m 1 --json -").out)["sets"][0]["logLik"].is_null());
+}
+
+TEST_F(Vanexc, AColumnOfNumbersUnderAHeadingIsTitledByIt) {
+    const Json set = Json::parse(run("- -p W --json -", "Hours\n150\n230\n310\n").out)["sets"][0];
+    EXPECT_EQ(set["title"], "Hours");
+    EXPECT_EQ(set["counts"]["occr"], 3);
+}
+
+TEST_F(Vanexc, ReadsTheFormThatWasAskedFor) {
+    const Outcome outcome = run("- -p W --format E --json -", "150, F\n230, S\n400, F\n");
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    const Json counts = Json::parse(outcome.out)["sets"][0]["counts"];
+    EXPECT_EQ(counts["occr"], 2);
+    EXPECT_EQ(counts["susp"], 1);
+    EXPECT_EQ(run("- -p W --format c", "10 2 1\n20 1 0\n30 1 4\n").status, 0) << "in either case";
+}
+
+TEST_F(Vanexc, TheFormDecidesTheInputMethod) {
+    const Json set =
+        Json::parse(run("- -p W --format B2 --json -", "10 1 20\n20 4 20\n30 9 20\n").out)["sets"][0];
+    EXPECT_EQ(set["inputType"], 2);
+}
+
+TEST_F(Vanexc, AnUnknownFormIsAUsageErrorThatListsAll) {
+    for (const char* arguments :
+         {"- -p W --format Z", "- -p W --format K9", "- -p W --format Q", "--format ''"}) {
+        const Outcome outcome = run(arguments, "150\n230\n");
+        EXPECT_EQ(outcome.status, 2) << arguments;
+        EXPECT_EQ(outcome.out, "") << arguments;
+        for (const char* line : {"E  X-Value  F/S", "K2  Kaplan-Meier", "Q  ID-Label"})
+            EXPECT_NE(outcome.err.find(line), std::string::npos) << arguments << outcome.err;
+    }
+}
+
+TEST_F(Vanexc, ACommaThatMayBeADecimalSymbolIsRefusedWithTheWayOut) {
+    const std::string text = "150,5\n230,25\n310,75\n";
+    const Outcome outcome = run("- -p W --json -", text);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_NE(outcome.err.find("150,5 = 150.5 Or 150 | 5? ... --decimal comma / --decimal point"),
+              std::string::npos)
+        << outcome.err;
+    const Json decimal = Json::parse(run("- -p W --decimal comma --json -", text).out);
+    ASSERT_EQ(decimal["sets"].size(), 1u);
+    EXPECT_EQ(decimal["sets"][0]["points"][0]["x"], 150.5);
+    const Json columns = Json::parse(run("- -p W --decimal point --json -", text).out);
+    ASSERT_EQ(columns["sets"].size(), 2u);
+    EXPECT_EQ(columns["sets"][1]["points"][0]["x"], 5);
+    EXPECT_EQ(run("- -p W --decimal semicolon", text).status, 2);
+}
+
+TEST_F(Vanexc, AScriptRefusesAnUnclearTextWithTheWayOut) {
+    write("a.txt", "150,5\n230,25\n310,75\n");
+    const Outcome outcome = run("-s '[WVW [a.txt] Q]'");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_NE(outcome.err.find("--decimal comma"), std::string::npos) << outcome.err;
+    EXPECT_EQ(run("-s '[WVW [a.txt] Q]' --decimal comma").out, "3\n");
+}
+
+TEST_F(Vanexc, MoreRowsThanTheLargestArraysHoldAreDroppedAndCounted) {
+    std::string data;
+    constexpr int most = 768000, extra = 5;
+    for (int row = 0; row < most + extra; ++row) data += std::to_string(row % 1000 + 1) + "\n";
+    const Outcome outcome = run("- -p W --report /dev/null", data);
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_NE(outcome.err.find("Point Quantity Too Big (+5)"), std::string::npos) << outcome.err;
 }
 
 TEST_F(Vanexc, AnUnreadableFileIsTold) {
