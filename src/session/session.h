@@ -7,6 +7,7 @@
 #include "session/confidence.h"
 #include "session/drawing.h"
 #include "session/filestate.h"
+#include "session/filetables.h"
 #include "session/fits.h"
 #include "session/folders.h"
 #include "session/gridstate.h"
@@ -49,6 +50,7 @@ struct Session : Capacities,
                  Setup,
                  GridState,
                  FileState,
+                 FileTables,
                  CommandFields {
     RegressionSums sums; ///< of the set being fitted
 };
