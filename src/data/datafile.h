@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
+#include <string_view>
 
 /// The program's own data file: a session as counted sections of text lines. docs/files.md describes it.
 
@@ -21,3 +23,7 @@ FileRead datafileread();
 /// Writes the session to the output: first lines, sections, in the wrapper when htmlMode asks for it.
 /// False, and told, when the session has no rows that could be written (sg, ifylcnf).
 bool datafilewrite();
+
+/// Points of the largest set in the text of a tagged file, or of what pretends to be one: no more than lines
+/// are really there. For making room before the read.
+std::size_t longestset(std::string_view text);

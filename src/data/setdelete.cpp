@@ -86,6 +86,8 @@ void moveresults(const Move& m) {
     for (const auto list : members::setDoubles) movedown(s.*list, m);
     for (const auto list : members::setFlags) movedown(s.*list, m);
     for (const auto list : members::setTexts) movedown(s.*list, m);
+    for (const auto list : members::setLists) movedown(s.*list, m);
+    movedown(s.setRange, m);
     for (auto* limits : {&s.paramLow, &s.paramHigh}) moveparameters(*limits, m, noAnswer);
     movecolumns(s.BARRXA, m);
     movecolumns(s.BARRYA, m);

@@ -58,7 +58,7 @@ bool sizelines(const Bounds& b) {
     for (const auto list : members::lineTexts) all = all && (s.*list).size(b.LL);
     for (auto& ends : s.lineEnd) all = all && ends.size(2, b.LL + 14);
     for (auto& other : s.paramOther) all = all && other.size(2, b.LL);
-    return all;
+    return all && s.lineRange.size(b.LL);
 }
 
 bool sizefits(const Bounds& b) {
@@ -69,6 +69,8 @@ bool sizefits(const Bounds& b) {
     for (const auto list : members::setTexts) all = all && (s.*list).size(b.S);
     for (const auto list : members::setFloats) all = all && (s.*list).size(b.S);
     for (const auto list : members::setDoubles) all = all && (s.*list).size(b.S);
+    for (const auto list : members::setLists) all = all && (s.*list).size(b.S);
+    all = all && s.setRange.size(b.S);
     for (auto* limits : {&s.paramLow, &s.paramHigh}) all = all && limits->size(b.S, 2);
     for (auto* list : {&s.mixEtas, &s.mixBetas, &s.mixPortions}) all = all && list->size(s.extraLines + 1);
     s.setMessages.assign(static_cast<std::size_t>(b.S) + 1, {});
@@ -85,6 +87,19 @@ void fillrows() {
     for (int k = 1; k <= static_cast<int>(s.maxSets); ++k)
         s.rowKind(static_cast<int>(rowofset(static_cast<float>(k)))) = "P";
     s.lineVisible.fill(1);
+}
+
+/// What a file keeps of the data as a whole.
+void cleartables() {
+    Session& s = session;
+    for (auto* values : {&s.plotB, &s.reportValue}) values->clear();
+    for (auto* texts : {&s.columnText, &s.FITO1}) texts->clear();
+    for (auto* places : {&s.POINTMARKERX, &s.POINTMARKERY}) places->clear();
+    for (auto* line : {&s.LIBRARYITEM, &s.ANALYSISCOMMENT}) line->clear();
+    for (auto* list : {&s.SOLCOEF, &s.SOLCOEFA, &s.SOLCOEFB}) list->fill(0);
+    s.FITIXSAVE.fill(0);
+    s.NORMXD.fill({});
+    s.firstPlotLine = 0;
 }
 
 } // namespace
@@ -125,6 +140,9 @@ void sessionclear() {
     for (const auto list : members::setDoubles) (s.*list).fill(0);
     for (const auto list : members::setFlags) (s.*list).fill(0);
     for (const auto list : members::setTexts) (s.*list).fill({});
+    for (const auto list : members::setLists) (s.*list).fill({});
+    for (auto* ranges : {&s.setRange, &s.lineRange}) ranges->fill({});
+    cleartables();
     for (auto* limits : {&s.paramLow, &s.paramHigh}) limits->fill(noAnswer);
     s.mcCorrelations.clear();
     for (auto* table : {&s.etaFit, &s.betaFit, &s.paramA, &s.paramB, &s.paramExtra}) table->fill(0);

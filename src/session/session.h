@@ -7,6 +7,7 @@
 #include "session/confidence.h"
 #include "session/drawing.h"
 #include "session/filestate.h"
+#include "session/filetables.h"
 #include "session/fits.h"
 #include "session/folders.h"
 #include "session/gridstate.h"
@@ -55,6 +56,7 @@ struct Session : Capacities,
                  History,
                  LibraryState,
                  ImportState,
+                 FileTables,
                  CommandFields {
     RegressionSums sums; ///< of the set being fitted
 };

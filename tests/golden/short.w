@@ -1,0 +1,22 @@
+WINVANEX_DATA2-VXW[.]
+1.2
+DIMENSIONS
+8
+2
+3
+0
+24
+750
+20
+8
+3
+SET_Bearings
+2
+12.5 0 1 0
+-40  0  3  0
+PROGRAM_SPECIFIC
+4
+1
+Lognormal
+2
+2
