@@ -276,7 +276,7 @@ bool savedata(const std::string& path, HeadlessPlatform& console) {
 }
 
 /// Writes what the long options ask for of the session as it has been calculated.
-int writeall(const Outputs& outputs, const HeadlessPlatform& console) {
+int writeall(const Outputs& outputs, HeadlessPlatform& console) {
     const bool plotted = !outputs.plot || plotfile(*outputs.plot, outputs.pixelsAcross, outputs.pixelsDown);
     for (const std::string& message : console.messages) complain(message);
     if (!plotted) complainof(Word::Cannot, " ", Word::Plot, ": ", AsTyped{*outputs.plot});

@@ -7,6 +7,7 @@
 #include "data/datafileoptions.h"
 #include "data/filelines.h"
 #include "data/filevalue.h"
+#include "data/labels.h"
 #include "data/numbertext.h"
 #include "data/rangeline.h"
 #include "session/session.h"
@@ -123,13 +124,6 @@ constexpr FileItem ofline() {
 double& etaofline(int g) { return session.paramA(methodline(), lineof(g)); }
 double& betaofline(int g) { return session.paramB(methodline(), lineof(g)); }
 float& thirdofline(int g) { return session.paramThree(lineof(g)); }
-
-std::string& labelline(int g) {
-    std::string* const lines[] = {&session.titleWanted, &session.titleSecond,  &session.axisTitleX,
-                                  &session.axisTitleY,  &session.labelKept[1], &session.labelKept[2],
-                                  &session.labelKept[3]};
-    return *lines[g - 1];
-}
 
 // ---- lines of more than one value ----
 
@@ -375,7 +369,7 @@ constexpr FileSection sections[] = {
     growntag<&S::POINTMARKERX>("POINTMARKERX()", nolimit),
     growntag<&S::POINTMARKERY>("POINTMARKERY()", nolimit),
     persettag<&S::NINSPECT>("NINSPECT()"),
-    linetag<&S::LIBRARYITEM>("LIBRARYITEM"),
+    linetag<&S::libraryItem>("LIBRARYITEM"),
     arraytag<&S::SOLCOEFA, 10>("SOLCOEFA"),
     arraytag<&S::SOLCOEFB, 10>("SOLCOEFB"),
     persettag<&S::DUANEC>("DUANEC"),
@@ -383,7 +377,7 @@ constexpr FileSection sections[] = {
     arraytag<&S::FITIXSAVE, 3>("FITIXSAVE"),
     growntag<&S::FITO1>("FITO1", nolimit, true),
     {.tag = "NORMXD", .items = normxd, .groups = fixed<10>, .countsGroups = true},
-    linetag<&S::ANALYSISCOMMENT>("ANALYSISCOMMENT"),
+    linetag<&S::analysisComment>("ANALYSISCOMMENT"),
     persettag<&S::IRECURSET>("IRECURSET"),
     persettag<&S::RecurrentIDQTY>("RecurrentIDQTY"),
     listtag("DUANEX", setlist<&S::DUANEX>),

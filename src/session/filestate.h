@@ -32,7 +32,6 @@ struct FileState {
     /// they are written back as they were read.
     std::array<std::string, 174> programKept;
     std::array<std::string, 11> styleKept;
-    std::array<std::string, 4> labelKept; ///< the last lines of the label block
 
     int16_t keepScale = 0;     ///< 1: a file does not change the scale style
     int16_t reportChoice = 0;  ///< what the file shows first: 0 the plot, 1 the report

@@ -33,7 +33,6 @@ struct FileTables {
     std::vector<double> reportValue;               ///< and in the report
     std::vector<std::string> columnText;           ///< free text lines on the plot, at most 200
     std::vector<float> POINTMARKERX, POINTMARKERY; ///< places of the point markers
-    std::string LIBRARYITEM, ANALYSISCOMMENT;
     std::array<float, 4> FITIXSAVE{}; ///< indices of the curve fit, from 1
     std::vector<std::string> FITO1;   ///< its options
 

@@ -95,7 +95,7 @@ void cleartables() {
     for (auto* values : {&s.plotB, &s.reportValue}) values->clear();
     for (auto* texts : {&s.columnText, &s.FITO1}) texts->clear();
     for (auto* places : {&s.POINTMARKERX, &s.POINTMARKERY}) places->clear();
-    for (auto* line : {&s.LIBRARYITEM, &s.ANALYSISCOMMENT}) line->clear();
+    for (auto* line : {&s.libraryItem, &s.analysisComment}) line->clear();
     for (auto* list : {&s.SOLCOEF, &s.SOLCOEFA, &s.SOLCOEFB}) list->fill(0);
     s.FITIXSAVE.fill(0);
     s.NORMXD.fill({});

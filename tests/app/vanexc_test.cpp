@@ -523,6 +523,7 @@ TEST_F(Vanexc, AScriptSavesADataFileByF) {
     write("pumps.txt", "150\n230\n-400\n310\n");
     ASSERT_EQ(run("-s '[WVW [pumps.txt] F pumps.w]'").status, 0);
     EXPECT_TRUE(contents(folder / "pumps.w").starts_with("WINVANEX_DATA2-VXW[.]\r\n"));
+}
 
 TEST_F(Vanexc, ASampleIsAnalysedByItsNumber) {
     const Outcome outcome = run("--sample 3 -m 3");
