@@ -147,21 +147,22 @@ void readboundchoice(std::string_view line) {
     if (choice == simulationChosen) session.confMethod = simulationBounds;
 }
 
-/// A percentage is written as the fraction that gives it back.
+float levelof(std::string_view line) {
+    return static_cast<float>(checkedlevel(readentry(line).value) * percent);
+}
+
+/// A percentage is written as the shorter fraction that gives it back.
 template <auto Member>
 std::string writelevel() {
-    const double level = checkedlevel(static_cast<double>(session.*Member) / percent);
-    const auto single = static_cast<float>(level);
-    std::string line;
-    if (static_cast<float>(static_cast<double>(single) * percent) == session.*Member)
-        appendvalue(line, single);
-    else
-        appendvalue(line, level);
-    return line;
+    std::string digits;
+    appendtrimmed(digits, session.*Member);
+    const double level = checkedlevel(readnumber(digits).value / percent);
+    const std::string line = numberline(static_cast<float>(level));
+    return levelof(line) == session.*Member ? line : numberline(level);
 }
 template <auto Member>
 void readlevel(std::string_view line) {
-    session.*Member = static_cast<float>(checkedlevel(readentry(line).value) * percent);
+    session.*Member = levelof(line);
 }
 
 std::string writechoice() { return numberline(session.reportChoice); }
@@ -534,7 +535,7 @@ constexpr int styleCount = 10;
 /// An axis of style 1 or 2 runs over the whole line; on any other a limit stands above zero.
 bool serveslimit(double value) {
     const double axis = readentry(session.styleKept[1]).value;
-    return !lifesession() || value > 0 || axis == 1 || axis == 2;
+    return std::isfinite(value) && (!lifesession() || value > 0 || axis == 1 || axis == 2);
 }
 void takelimit(std::string_view line, double& limit) {
     const double value = readentry(line).value;
