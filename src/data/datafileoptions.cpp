@@ -55,6 +55,7 @@ double wholestep(double value) {
     return value < 0.1 && several ? 1.0 / 6 : value;
 }
 constexpr double dropped = std::numeric_limits<double>::quiet_NaN(); ///< within no limits
+double wholenumber(double value) { return value == std::floor(value) ? value : dropped; }
 double notminusone(double value) { return value == -1 ? dropped : value; }
 double parameterchoice(double value) {
     const double most = session.dist == weibull || session.dist == gumbel ? 6 : 3;
@@ -243,7 +244,13 @@ constexpr ProgramField fields[] = {
      .when = lifefile,
      .write = writelevel<&S::confHigh>,
      .read = readlevel<&S::confHigh>},
-    {.position = 7, .name = "inputType", .at = at<&S::inputType>, .low = 0, .high = 5, .when = samemode},
+    {.position = 7,
+     .name = "inputType",
+     .at = at<&S::inputType>,
+     .low = 0,
+     .high = 5,
+     .when = samemode,
+     .settle = wholenumber},
     {.position = 8, .name = "reportChoice", .write = writechoice, .read = readchoice},
     {.position = 9, .name = "spareA", .kind = r4},
     {.position = 10, .name = "usageRate", .kind = r4, .when = samemode},
