@@ -26,6 +26,13 @@ public:
     bool write(std::string_view part) override { return text += part, true; }
 };
 
+Cell cell(float x) {
+    Cell made;
+    made.x = x;
+    made.hasValue = true;
+    return made;
+}
+
 void fillsession(Side side, int16_t exponent, int sets, int points) {
     session = Session{};
     session.sizeExponent = exponent;
@@ -34,7 +41,7 @@ void fillsession(Side side, int16_t exponent, int sets, int points) {
     std::mt19937 random(1);
     std::uniform_real_distribution<float> value(0, 10000);
     for (int k = 1; k <= sets; ++k) {
-        for (int j = 1; j <= points; ++j) cellstore({.x = value(random)}, k, j);
+        for (int j = 1; j <= points; ++j) cellstore(cell(value(random)), k, j);
         session.n(static_cast<int>(rowofset(static_cast<float>(k)))) = static_cast<float>(points);
     }
     session.lastRow = rowofset(static_cast<float>(sets));

@@ -142,6 +142,14 @@ TEST_F(LifeFile, APortionThatIsNoneIsTakenBackAndTold) {
     EXPECT_EQ(session.popPortion, 0);
 }
 
+TEST_F(LifeFile, AnotherAvailabilityIsTold) {
+    options({{35, ".9"}});
+    options({{35, ".9"}});
+    desktop.expectmessage("File AU% =.8 (AU%) ... AU% =.9 old.w");
+    session.fileName = "old.w";
+    options({{35, ".8"}});
+}
+
 TEST_F(LifeFile, TheRiskStepOfSeveralSetsIsNeverBelowATenth) {
     options({{11, ".05"}});
     EXPECT_EQ(session.riskStep, .05f);
