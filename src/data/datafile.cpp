@@ -140,8 +140,18 @@ void checkoverride() {
     if (session.progSide == lifeSide && setcount() == 0 && readentry(kept).value != 0) kept = "0";
 }
 
+/// Availability of the session, as the option list keeps it.
+double availability() { return readentry(session.programKept[35]).value; }
+
+/// Tells of an availability that the file puts in place of the session's.
+void noteavailability(double before) {
+    const double now = availability();
+    if (before == 0 || now == before) return;
+    note(Word::File, " AU% =", now, " (AU%) ... AU% =", before, " ", AsTyped{session.fileName});
+}
+
 /// What is left to settle once everything has been read, in this order.
-void endread(const FileData& data, bool checked, double check) {
+void endread(const FileData& data, bool checked, double check, double availabilityBefore) {
     if (data.dropped > 0) note(Word::Set, " ", Word::Quantity, " ", Word::Total, " ... ", data.dropped);
     checklines();
     for (int k = 1; k <= setcount(); ++k) {
@@ -150,6 +160,7 @@ void endread(const FileData& data, bool checked, double check) {
             turnslashes(session.gridTitles[static_cast<std::size_t>(k - 1)]);
     }
     checkoverride();
+    noteavailability(availabilityBefore);
     if (checked && check != data.check)
         note(Word::Data, " ", Word::Sum, " ", Word::Difference, " (", check, " / ", data.check, ")");
     if (data.unread > 0) note(Word::Bad, " ", Word::Data, " (", data.unread, ")");
@@ -191,10 +202,11 @@ FileRead readdata() {
     FileData data;
     if (!setsread(data)) return badfile(readAborted);
     noticepoints(data);
+    const double availabilityBefore = availability();
     SectionWalk walk(data);
     const FileRead result = walk.run();
     if (result != FileRead::read) return result;
-    endread(data, checked, check);
+    endread(data, checked, check, availabilityBefore);
     session.u = 0;
     return result;
 }

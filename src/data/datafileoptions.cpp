@@ -55,6 +55,7 @@ double wholestep(double value) {
     return value < 0.1 && several ? 1.0 / 6 : value;
 }
 constexpr double dropped = std::numeric_limits<double>::quiet_NaN(); ///< within no limits
+double wholenumber(double value) { return value == std::floor(value) ? value : dropped; }
 double notminusone(double value) { return value == -1 ? dropped : value; }
 double parameterchoice(double value) {
     const double most = session.dist == weibull || session.dist == gumbel ? 6 : 3;
@@ -147,21 +148,22 @@ void readboundchoice(std::string_view line) {
     if (choice == simulationChosen) session.confMethod = simulationBounds;
 }
 
-/// A percentage is written as the fraction that gives it back.
+float levelof(std::string_view line) {
+    return static_cast<float>(checkedlevel(readentry(line).value) * percent);
+}
+
+/// A percentage is written as the shorter fraction that gives it back.
 template <auto Member>
 std::string writelevel() {
-    const double level = checkedlevel(static_cast<double>(session.*Member) / percent);
-    const auto single = static_cast<float>(level);
-    std::string line;
-    if (static_cast<float>(static_cast<double>(single) * percent) == session.*Member)
-        appendvalue(line, single);
-    else
-        appendvalue(line, level);
-    return line;
+    std::string digits;
+    appendtrimmed(digits, session.*Member);
+    const double level = checkedlevel(readnumber(digits).value / percent);
+    const std::string line = numberline(static_cast<float>(level));
+    return levelof(line) == session.*Member ? line : numberline(level);
 }
 template <auto Member>
 void readlevel(std::string_view line) {
-    session.*Member = static_cast<float>(checkedlevel(readentry(line).value) * percent);
+    session.*Member = levelof(line);
 }
 
 std::string writechoice() { return numberline(session.reportChoice); }
@@ -242,7 +244,13 @@ constexpr ProgramField fields[] = {
      .when = lifefile,
      .write = writelevel<&S::confHigh>,
      .read = readlevel<&S::confHigh>},
-    {.position = 7, .name = "inputType", .at = at<&S::inputType>, .low = 0, .high = 5, .when = samemode},
+    {.position = 7,
+     .name = "inputType",
+     .at = at<&S::inputType>,
+     .low = 0,
+     .high = 5,
+     .when = samemode,
+     .settle = wholenumber},
     {.position = 8, .name = "reportChoice", .write = writechoice, .read = readchoice},
     {.position = 9, .name = "spareA", .kind = r4},
     {.position = 10, .name = "usageRate", .kind = r4, .when = samemode},
@@ -534,7 +542,7 @@ constexpr int styleCount = 10;
 /// An axis of style 1 or 2 runs over the whole line; on any other a limit stands above zero.
 bool serveslimit(double value) {
     const double axis = readentry(session.styleKept[1]).value;
-    return !lifesession() || value > 0 || axis == 1 || axis == 2;
+    return std::isfinite(value) && (!lifesession() || value > 0 || axis == 1 || axis == 2);
 }
 void takelimit(std::string_view line, double& limit) {
     const double value = readentry(line).value;

@@ -87,7 +87,7 @@ int plotlines() { return static_cast<int>(session.maxLines - session.maxSets); }
 
 bool haslines() { return session.maxLines > session.maxSets; }
 bool hassets() { return setcount() > 0; }
-bool hasbounds() { return session.confLow != 0 || session.confHigh != 0; }
+bool hasbounds() { return session.progSide == lifeSide && (session.confLow != 0 || session.confHigh != 0); }
 
 // ---- places that an index alone does not give ----
 
@@ -129,7 +129,7 @@ float& thirdofline(int g) { return session.paramThree(lineof(g)); }
 
 void writecurve(std::string& line, int s) {
     const std::string& curve = session.curveType(s);
-    const char first = curve.empty() ? ' ' : curve[0];
+    const char first = curve.empty() || curve[0] < ' ' || curve[0] > '~' ? ' ' : curve[0];
     line += first >= 'a' && first <= 'z' ? static_cast<char>(first - 'a' + 'A') : first;
 }
 void readcurve(std::string_view line, int s) {

@@ -32,7 +32,11 @@ double checkstep(double check, float x, float y) {
     constexpr double most = 9e300, divisor = 29;
     const double sum = std::clamp(check + static_cast<double>(x) + static_cast<double>(y), -most, most);
     const double quotient = sum / divisor;
-    return std::trunc((quotient - std::trunc(quotient)) * divisor);
+    // Beyond this size a double has no fraction; below it the whole part is an integer, got without a call.
+    constexpr double wholeOnly = 9007199254740992.0;
+    if (!(std::fabs(quotient) < wholeOnly)) return 0;
+    const double fraction = quotient - static_cast<double>(static_cast<int64_t>(quotient));
+    return static_cast<double>(static_cast<int64_t>(fraction * divisor));
 }
 
 // ---- dimensions ----
@@ -83,7 +87,13 @@ bool isvalue(float value) { return value != static_cast<float>(noAnswer) && valu
 /// Reads a field; one that is missing or no value leaves the default. False when it is no value.
 bool takenumber(std::string_view& line, float& value) {
     if (line.empty() || line.starts_with(labelMark)) return true;
-    const float number = sngguard(readentry(takefield(line)).value);
+    const std::string_view field = takefield(line);
+    // Most fields are one digit: no quantity but one, no Y, no Z.
+    if (field.size() == 1 && field[0] >= '0' && field[0] <= '9') {
+        value = static_cast<float>(field[0] - '0');
+        return true;
+    }
+    const float number = sngguard(readentry(field).value);
     if (!isvalue(number)) return false;
     value = number;
     return true;
@@ -114,7 +124,16 @@ struct Target {
     bool checked = false;
 };
 
+/// Room for the points that a count promises, as far as the rest of the file can hold them: a line has a
+/// digit and an end at least.
+void makeroom(FileRow& row, double count) {
+    const double lines = static_cast<double>(inputrest().size()) / 2;
+    const double points = std::min({count, lines, static_cast<double>(session.maxPoints)});
+    row.points.reserve(static_cast<std::size_t>(std::max(points, 0.0)));
+}
+
 bool pointsread(FileData& data, const Target& target, double count) {
+    if (target.row) makeroom(*target.row, count);
     for (double j = 1; j <= count; ++j) {
         const std::string_view line = nextline();
         if (session.eofFlag == 1) return false;
@@ -280,8 +299,12 @@ void blockwrite(int row, const std::string& title, const RangePairs& range) {
 }
 
 void appendfield(std::string& line, float value) {
-    line += ' ';
-    appendvalue(line, value);
+    if (value == 0)
+        line += " 0";
+    else if (value == 1)
+        line += " 1";
+    else
+        appendvalue(line += ' ', value);
 }
 
 void setwrite(int k) {
