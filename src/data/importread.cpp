@@ -92,6 +92,7 @@ public:
     Taker(const ImportForm& wanted, const ImportOptions& chosen) : form(wanted), options(chosen) {}
 
     bool take(Items items, RowPoint& row) const {
+        if (items.size() < form.needed) return false;
         std::size_t column = 0;
         for (const Item item : form.items) {
             if (item == Item::none) break;
@@ -346,14 +347,14 @@ private:
         putpoint(point, set);
     }
 
-    /// Ages of units one after the other; a suspension ends the unit.
+    /// Ages of units one after the other; a suspension ends a unit that has no name of its own.
     void putunit(ImportPoint& point, std::size_t set) {
         if (!sets.room(set)) return;
         double& ended = sets.unit(set);
         const std::string unit = numbertext(ended + 1);
         if (point.suspended) ended += 1;
         if (point.y.empty()) point.y = point.suspended ? "0" : "1";
-        point.label = unit;
+        if (point.label.empty()) point.label = unit;
         putpoint(point, set);
     }
 

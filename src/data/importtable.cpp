@@ -302,7 +302,7 @@ constexpr ImportForm xyF[] = {
 };
 constexpr ImportForm xyK[] = {{{x, y, label}, 2, Rows::points, NewSet::blankLine, keepInput, nullptr}};
 constexpr ImportForm xyP[] = {{{x}, 1, Rows::units, NewSet::column, keepInput, nullptr}};
-constexpr ImportForm xyN[] = {{{x, label}, 2, Rows::points, NewSet::blankLine, keepInput, nullptr}};
+constexpr ImportForm xyN[] = {{{x, label}, 2, Rows::units, NewSet::blankLine, keepInput, nullptr}};
 constexpr ImportForm xyO[] = {{{x, event}, 2, Rows::units, NewSet::column, keepInput, nullptr}};
 constexpr ImportForm xyQ[] = {{{label, x}, 2, Rows::unitRows, NewSet::blankLine, keepInput, nullptr}};
 

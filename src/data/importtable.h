@@ -34,7 +34,7 @@ enum class Rows : std::uint8_t {
     points,    ///< each row a point, or one each of occurrences and suspensions
     events,    ///< each row an event: Y counts them
     itemTimes, ///< each row an event: the ages of all items, whose sum is X
-    units,     ///< ages of one unit after the other, each up to its suspension
+    units,     ///< ages of units, by their label or one unit after the other up to its suspension
     unitRows,  ///< each row a unit: its ID and its ages
     nevada,    ///< each row a production period: its quantity and the returns by period
 };
@@ -42,9 +42,9 @@ enum class Rows : std::uint8_t {
 enum class NewSet : std::uint8_t { column, blankLine, changedSet };
 
 struct ImportForm {
-    std::array<Item, 5> items;   ///< columns from the left
-    std::uint8_t needed;         ///< so many must be there; the others may be empty
-    Rows rows;                   ///<
+    std::array<Item, 5> items; ///< columns from the left
+    std::uint8_t needed;       ///< so many must be there; the others may be empty
+    Rows rows;
     NewSet newSet;               ///< what begins a new set
     std::int16_t inputType;      ///< input form that it sets; keepInput: as it was
     void (*label)(std::string&); ///< line of the inner question; null where there is only one form

@@ -35,7 +35,8 @@ std::optional<Groups> groupsof(std::string_view text) {
         mark = text.front();
         text.remove_prefix(1);
     }
-    if (!text.empty() && text.front() != ' ' && text.front() != 'T') return std::nullopt;
+    if (!text.empty() && std::string_view(" T+").find(text.front()) == std::string_view::npos)
+        return std::nullopt;
     groups.rest = text;
     return groups;
 }

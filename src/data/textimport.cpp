@@ -57,6 +57,14 @@ bool askdecimal(const TextLook& look, TextMarks& marks, bool preferDecimal) {
     return true;
 }
 
+/// A comma in one line of several, or in one of many, is no way of writing. It is left as it stands, and the
+/// grid tells that number as unreadable.
+bool isslip(const TextLook& look) {
+    constexpr std::size_t several = 3, many = 20;
+    return (look.undecidedLines == 1 && look.numberLines >= several)
+           || look.undecidedLines * many <= look.numberLines;
+}
+
 /// Settles commas that can be read in two ways. False, with the reason in msg, when nobody says how.
 bool settlecommas(const TextLook& look, TextMarks& marks) {
     marks = look.marks;
@@ -71,9 +79,7 @@ bool settlecommas(const TextLook& look, TextMarks& marks) {
         marks = settled(marks, true);
         return true;
     }
-    // One such number among many is left as it stands: the grid tells it as unreadable.
-    constexpr std::size_t many = 3;
-    if (look.undecidedLines == 1 && look.numberLines >= many) return true;
+    if (isslip(look)) return true;
     const std::string_view line = look.firstLine.substr(0, shownLine);
     compose(session.msg, Word::Decimal, " ", Word::Symbol, " ", Word::Unknown, ": ", AsTyped{line}, " = ",
             AsTyped{reading(line, settled(marks, true))}, " ", Word::Or, " ",

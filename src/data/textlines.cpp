@@ -65,6 +65,16 @@ bool numberrow(std::string_view text) {
     return true;
 }
 
+/// True when the digits at `at`, going on by `step`, end at a mark of dates and times: the comma stands
+/// beside a date, which no number does.
+bool indate(std::string_view text, std::size_t at, std::size_t step) {
+    constexpr int mostDigits = 4;
+    for (int i = 0; i < mostDigits && at < text.size() && decimaldigit(text[at]); ++i) at += step;
+    const std::size_t behind = at + step;
+    return at < text.size() && std::string_view("-/:").find(text[at]) != std::string_view::npos
+           && behind < text.size() && decimaldigit(text[behind]);
+}
+
 } // namespace
 
 bool beginsnumber(std::string_view text) {
@@ -73,6 +83,8 @@ bool beginsnumber(std::string_view text) {
 
 bool betweendigits(std::string_view text, std::size_t comma) {
     if (comma + 1 >= text.size() || !decimaldigit(text[comma + 1])) return false;
+    constexpr std::size_t back = static_cast<std::size_t>(-1);
+    if (indate(text, comma + 1, 1) || (comma > 0 && indate(text, comma - 1, back))) return false;
     return comma == 0 || decimaldigit(text[comma - 1]) || text[comma - 1] == '-' || text[comma - 1] == '+'
            || isblank(text[comma - 1]);
 }

@@ -43,7 +43,8 @@ private:
 /// True for a text that begins as a number, or one with a mark, does.
 bool beginsnumber(std::string_view text);
 
-/// True for a comma with a digit behind it, and a digit or nothing of its field before it.
+/// True for a comma with a digit behind it, and a digit or nothing of its field before it; not for one beside
+/// a date.
 bool betweendigits(std::string_view text, std::size_t comma);
 
 inline bool decimaldigit(char c) { return c >= '0' && c <= '9'; }

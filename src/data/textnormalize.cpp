@@ -233,6 +233,9 @@ void appendcell(std::string& out, std::string_view text, Comma comma) {
 
 /// Most fields hold nothing that is to be changed.
 void appendfield(std::string& out, const TextField& field, const TextMarks& marks) {
+    const bool quotes = field.quoted || field.text.find('"') != std::string_view::npos;
+    if (quotes && field.text.find_first_of("\t\r\n") != std::string_view::npos)
+        return appendquoted(out, field.text); // no separator comes out of quotes
     const bool framed = field.framed || field.quoted;
     const Comma comma = framed ? marks.within : marks.between;
     if (!beginsnumber(field.text) || field.text.find_first_of(",*.") == std::string_view::npos) {

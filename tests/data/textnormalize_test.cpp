@@ -60,6 +60,7 @@ TEST(TextNormalize, TakesQuotedItemsWhole) {
               "150|Pump, the \"old\" one/230|x/");
     EXPECT_EQ(shown("\"Time\nin hours\",Label\n150,a\n"), "Time in hours|Label/150|a/");
     EXPECT_EQ(shown("\"1\t2\"\t3\n"), "1 2|3/");
+    EXPECT_EQ(shown("a,\"b\nc\"\t4\n"), "a,\"b c\"|4/") << "quotes within an item hold its lines together";
 }
 
 TEST(TextNormalize, ALoneQuoteIsNoMoreThanACharacter) {
