@@ -3,11 +3,10 @@
 #include <algorithm>
 #include <vector>
 
+#include "data/datafilesave.h"
 #include "data/textpieces.h"
-#include "platform/files.h"
 #include "platform/platform.h"
 #include "session/findfile.h"
-#include "session/opendata.h"
 #include "session/session.h"
 #include "shell/prompts.h"
 #include "shell/words.h"
@@ -56,7 +55,7 @@ bool sidestart(char side, std::string_view commands) {
                                              [&](const SideProgram& one) { return one.side == side; });
     if (program == std::end(sides)) return false;
     const std::string file = temppath("-x.tmp");
-    if (!writefile(file, dataastext())) return tellmissing(file);
+    if (!snapshotwrite(file)) return tellmissing(file);
     const std::string request =
         "[" + std::string(program->tag) + " [" + file + "] " + std::string(commands) + " D]";
     const std::string arguments[] = {"-s", request};

@@ -74,7 +74,7 @@ TEST_F(HostileFile, AWrongCountCostsNoMoreThanItsSection) {
             if (tag != "LABELSWVW") {
                 EXPECT_EQ(session.axisTitleX, "Hours");
             }
-            EXPECT_EQ(session.ANALYSISCOMMENT, "first run");
+            EXPECT_EQ(session.analysisComment, "first run");
         }
 }
 
@@ -114,13 +114,13 @@ TEST_F(HostileFile, SectionsOutOfOrderAreReadFromTheFirstOnAndEndNothing) {
     // The comment in front of the levels: these come too late and are passed over.
     std::rotate(swapped.begin() + fits, swapped.begin() + comment, swapped.begin() + comment + 3);
     ASSERT_EQ(reads(textof(swapped)), FileRead::read);
-    EXPECT_EQ(session.ANALYSISCOMMENT, "first run");
+    EXPECT_EQ(session.analysisComment, "first run");
     EXPECT_EQ(session.CI(1), 0);
 
     auto doubled = lines;
     doubled.insert(doubled.begin() + comment + 3, {"ANALYSISCOMMENT", "1", "second"});
     ASSERT_EQ(reads(textof(doubled)), FileRead::read);
-    EXPECT_EQ(session.ANALYSISCOMMENT, "first run");
+    EXPECT_EQ(session.analysisComment, "first run");
 }
 
 TEST_F(HostileFile, ASectionOfALaterVersionIsPassedOver) {
@@ -128,7 +128,7 @@ TEST_F(HostileFile, ASectionOfALaterVersionIsPassedOver) {
     const auto at = static_cast<std::ptrdiff_t>(lineoftag(lines, "COLORS"));
     newer.insert(newer.begin() + at, {"NEWTABLE()", "3", "1", "text", "3"});
     ASSERT_EQ(reads(textof(newer)), FileRead::read);
-    EXPECT_EQ(session.ANALYSISCOMMENT, "first run");
+    EXPECT_EQ(session.analysisComment, "first run");
     EXPECT_EQ(session.LOGLYKMLE(1), -21.0625);
 }
 
@@ -169,7 +169,7 @@ TEST_F(HostileFile, WesternBytesAreReadAsLetters) {
     western[lineoftag(lines, "ANALYSISCOMMENT") + 2] = "K\xFC"
                                                        "hler";
     ASSERT_EQ(reads(textof(western)), FileRead::read);
-    EXPECT_EQ(session.ANALYSISCOMMENT, "K\xC3\xBChler");
+    EXPECT_EQ(session.analysisComment, "K\xC3\xBChler");
 }
 
 TEST_F(HostileFile, NumbersBeyondEveryScaleBecomeNoPointOfTheirOwn) {

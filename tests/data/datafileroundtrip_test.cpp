@@ -94,7 +94,7 @@ public:
         for (std::size_t i : {1, 4, 9}) s.styleKept[i] = std::to_string(below(5));
         for (auto* label : {&s.titleWanted, &s.titleSecond, &s.axisTitleX, &s.axisTitleY, &s.fontName})
             *label = text();
-        for (std::string& label : s.labelKept) label = text();
+        for (std::string& label : s.labelText) label = text();
         for (int32_t& colour : s.palette) colour = below(0x1000000);
     }
 
@@ -161,7 +161,7 @@ public:
         for (float& v : s.FITIXSAVE) v = single();
         for (auto& n : s.NORMXD)
             n = {number(), single(), text(), single(), single(), number(), number(), single()};
-        s.LIBRARYITEM = text(), s.ANALYSISCOMMENT = text();
+        s.libraryItem = text(), s.analysisComment = text();
         for (int k = 0; k <= setcount(); ++k) {
             s.W2n(k) = static_cast<float>(below(6));
             for (int j = 1; j <= 6; ++j) s.W2X(k, j) = single();

@@ -32,7 +32,7 @@ TEST_F(LifeFile, ALongerOptionListThanIsKnownIsPassedOverAtItsEnd) {
                            + "ANALYSISCOMMENT\r\n1\r\nseen\r\n"),
               FileRead::read);
     EXPECT_EQ(session.dist, normal);
-    EXPECT_EQ(session.ANALYSISCOMMENT, "seen");
+    EXPECT_EQ(session.analysisComment, "seen");
 }
 
 TEST_F(LifeFile, AListOfFewerThan56OptionsResetsTheRest) {
@@ -238,7 +238,7 @@ TEST_F(LifeFile, MoreSetsThanThereIsRoomForAreDroppedAndTold) {
     EXPECT_EQ(session.lastRow, 24);
     EXPECT_EQ(session.gridCells.size(), 8u);
     EXPECT_EQ(session.CI(8), 8);
-    EXPECT_EQ(session.ANALYSISCOMMENT, "seen");
+    EXPECT_EQ(session.analysisComment, "seen");
 }
 
 TEST_F(LifeFile, MorePointsThanThereIsRoomForAreDropped) {
@@ -364,11 +364,11 @@ TEST_F(LifeFile, ReadingReplacesTheResultsOfTheDataBefore) {
     gridread({{"7"}});
     session.setFitted(1) = 1;
     session.DUANEGROWTHS(1) = "old";
-    session.ANALYSISCOMMENT = "old";
+    session.analysisComment = "old";
     ASSERT_EQ(readfiletext(lifehead(1, onePoint)), FileRead::read);
     EXPECT_EQ(session.setFitted(1), 0);
     EXPECT_EQ(session.DUANEGROWTHS(1), "");
-    EXPECT_EQ(session.ANALYSISCOMMENT, "");
+    EXPECT_EQ(session.analysisComment, "");
 }
 
 TEST_F(LifeFile, TheOlderFormsOfTheProcessTablesFillTheSamePlaces) {

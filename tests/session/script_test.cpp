@@ -15,6 +15,7 @@
 #include "session/scriptrequest.h"
 #include "session/session.h"
 #include "session/siblings.h"
+#include "shell/calcplot.h"
 #include "shell/grid.h"
 #include "support/freshsession.h"
 #include "support/scriptedplatform.h"
@@ -296,9 +297,11 @@ TEST_F(Script, TheOtherSideGetsTheDataInAFileThatItDeletes) {
     session.tempPath = folder.string() + "/";
     session.tempBase = "VX1";
     session.gridCells = {{"1", "2"}};
+    calcplot();
     desktop.machine.present = {"c:\\prog\\vanexv"};
     ASSERT_TRUE(sidestart('V', "P"));
-    EXPECT_EQ(*written("VX1-x.tmp"), "1\n2\n");
+    EXPECT_TRUE(written("VX1-x.tmp")->starts_with("WINVANEX_DATA2-VXW[.]\r\n"));
+    EXPECT_NE(written("VX1-x.tmp")->find("\r\n1 0 1 0\r\n2 0 1 0\r\n"), std::string::npos);
     EXPECT_EQ(desktop.machine.started[0].arguments[0], "-s");
     EXPECT_EQ(desktop.machine.started[0].arguments[1], "[VXV [" + path("VX1-x.tmp") + "] P D]");
     desktop.machine.present.clear();
