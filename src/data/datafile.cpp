@@ -1,6 +1,6 @@
 #include "data/datafile.h"
 
-#include <cmath>
+#include <algorithm>
 #include <new>
 #include <vector>
 
@@ -76,7 +76,7 @@ private:
         const FileSection& section = filesections()[static_cast<std::size_t>(number)];
         const bool options = section.tag == programTag;
         if (!section.readerOnly) next = number + 1;
-        if (!taken && section.ofSets && number < programNumber()) {
+        if (!taken && section.ofSets && (number < programNumber() || section.readerOnly)) {
             waiting.push_back({number, inputplace()});
             return true;
         }
@@ -225,7 +225,10 @@ FileRead datafileread() {
 
 bool datafilewrite() {
     if (!strideserves()) return false;
-    const Keep keep{session.ifylcnf, session.fileSide, session.fileRows, session.fileStride};
+    const Keep keep{session.ifylcnf,     session.fileSide,      session.fileRows,        session.fileStride,
+                    session.fileHasData, session.fileDiscovery, session.decimalSeparator};
+    // Line 1 names a symbol of one character; a point is understood everywhere.
+    if (session.decimalSeparator != ",") session.decimalSeparator = ".";
     session.ifylcnf = confidencerows();
     if (!(rowstep() > 0)) {
         tell("sg-2*ifylcnf%/9<=0");

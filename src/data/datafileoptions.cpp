@@ -64,14 +64,7 @@ double parameterchoice(double value) {
 
 // ---- positions of their own shape ----
 
-template <class Number>
-std::string numberline(Number value) {
-    std::string line;
-    appendvalue(line, value);
-    return line;
-}
-
-std::string writeside() { return numberline(session.progSide); }
+std::string writeside() { return valueline(session.progSide); }
 
 /// A file of the other side is taken as its data alone: what it said of the analysis belongs to that side.
 void readside(std::string_view line) {
@@ -117,7 +110,7 @@ void readmethod(std::string_view line) {
 /// Codes of a single point in files: a hundred a method, with the percentage of the point beside it.
 constexpr double lowestPoint = 51, highestPoint = 549;
 
-std::string writebounds() { return numberline(session.confMethod); }
+std::string writebounds() { return valueline(session.confMethod); }
 void readbounds(std::string_view line) {
     const double code = readentry(line).value;
     const double size = std::fabs(code);
@@ -138,8 +131,8 @@ void readbounds(std::string_view line) {
 /// What the code of the method alone cannot say: no bounds, and the plain simulation.
 enum BoundChoice : int { untold = 0, noneChosen = 1, simulationChosen = 2 };
 std::string writeboundchoice() {
-    if (session.confMethod == noBounds) return numberline(noneChosen);
-    return numberline(session.confMethod == simulationBounds ? simulationChosen : untold);
+    if (session.confMethod == noBounds) return valueline(noneChosen);
+    return valueline(session.confMethod == simulationBounds ? simulationChosen : untold);
 }
 void readboundchoice(std::string_view line) {
     int16_t choice = untold;
@@ -158,15 +151,15 @@ std::string writelevel() {
     std::string digits;
     appendtrimmed(digits, session.*Member);
     const double level = checkedlevel(readnumber(digits).value / percent);
-    const std::string line = numberline(static_cast<float>(level));
-    return levelof(line) == session.*Member ? line : numberline(level);
+    const std::string line = valueline(static_cast<float>(level));
+    return levelof(line) == session.*Member ? line : valueline(level);
 }
 template <auto Member>
 void readlevel(std::string_view line) {
     session.*Member = levelof(line);
 }
 
-std::string writechoice() { return numberline(session.reportChoice); }
+std::string writechoice() { return valueline(session.reportChoice); }
 void readchoice(std::string_view line) {
     const auto choice = static_cast<int16_t>(readentry(line).value == 1 ? 1 : 0);
     if (choice == session.reportChoice) return;
@@ -181,7 +174,7 @@ void readchoice(std::string_view line) {
 
 /// The reliability flag stands beside the scale itself, which knows more forms of it.
 bool reliability() { return session.yScaleKind % 2 == 1; }
-std::string writereliability() { return numberline(reliability() ? 1 : 0); }
+std::string writereliability() { return valueline(reliability() ? 1 : 0); }
 void readreliability(std::string_view line) {
     if (!lifesession() || (readentry(line).value != 0) == reliability()) return;
     session.yScaleKind = static_cast<int16_t>(session.yScaleKind + (reliability() ? -1 : 1));
@@ -197,7 +190,7 @@ void readwidth(std::string_view line) {
     if (readentry(line).value > 0) session.programKept[40] = line;
 }
 
-std::string writeportion() { return lifesession() ? numberline(session.popPortion) : "0"; }
+std::string writeportion() { return lifesession() ? valueline(session.popPortion) : "0"; }
 void readportion(std::string_view line) {
     const float portion = sngguard(readentry(line).value);
     const bool serves = lifesession() && portion >= 0 && portion <= 1;
@@ -209,18 +202,18 @@ void readportion(std::string_view line) {
 }
 
 /// The smallest-extreme form, -1, follows from the family's name.
-std::string writegumbel() { return numberline(session.gumbeltype); }
+std::string writegumbel() { return valueline(session.gumbeltype); }
 void readgumbel(std::string_view line) {
     const double type = readentry(line).value;
     if (type == 0 || type == 1) session.gumbeltype = static_cast<int16_t>(type);
 }
 
-std::string writethreshold() { return numberline(carriesthreshold() && session.findThreshold == 1 ? 1 : 0); }
+std::string writethreshold() { return valueline(carriesthreshold() && session.findThreshold == 1 ? 1 : 0); }
 void readthreshold(std::string_view line) {
     session.findThreshold = carriesthreshold() && readentry(line).value == 1 ? 1 : 0;
 }
 
-std::string writerecurrent() { return numberline(setcount() > 0 ? session.RecurrentIDQTY(1) : 0.0f); }
+std::string writerecurrent() { return valueline(setcount() > 0 ? session.RecurrentIDQTY(1) : 0.0f); }
 void readnothing(std::string_view) {}
 
 // ---- the table ----
@@ -447,7 +440,7 @@ std::string keptline(const ProgramField* field, int position) {
     double value = readentry(kept).value;
     const double before = value;
     if (!settled(*field, value)) return "0";
-    return value == before ? kept : numberline(value);
+    return value == before ? kept : valueline(value);
 }
 
 std::string programline(int position) {
@@ -466,7 +459,7 @@ void takekept(const ProgramField* field, int position, std::string_view line) {
     double value = readentry(line).value;
     const double before = value;
     if (field && !settled(*field, value)) return;
-    kept = value == before ? std::string(line) : numberline(value);
+    kept = value == before ? std::string(line) : valueline(value);
 }
 
 void takeoption(int position, std::string_view line) {
@@ -505,7 +498,7 @@ void resetoptions() {
 }
 
 void programwrite() {
-    linewrite(numberline(programCount));
+    linewrite(valueline(programCount));
     for (int position = 1; position <= programCount; ++position) {
         std::string line;
         appendvalue(line, programline(position));
@@ -530,73 +523,5 @@ bool programread() {
             break;
         if (position <= programCount) takeoption(position, line);
     }
-    return true;
-}
-
-// ---- the style list ----
-
-namespace {
-
-constexpr int styleCount = 10;
-
-/// An axis of style 1 or 2 runs over the whole line; on any other a limit stands above zero.
-bool serveslimit(double value) {
-    const double axis = readentry(session.styleKept[1]).value;
-    return std::isfinite(value) && (!lifesession() || value > 0 || axis == 1 || axis == 2);
-}
-void takelimit(std::string_view line, double& limit) {
-    const double value = readentry(line).value;
-    if (serveslimit(value)) limit = value;
-}
-std::string limitline(double limit) { return serveslimit(limit) ? numberline(limit) : "0"; }
-
-std::string styleline(int position) {
-    switch (position) {
-    case 3: return lifesession() ? "0" : numberline(session.xyscale);
-    case 5: return limitline(session.xlowd);
-    case 6: return limitline(session.xhighd);
-    case 7: return numberline(sngguard(session.ylowd));
-    case 8: return numberline(sngguard(session.yhighd));
-    case 10: return "0";
-    default: break;
-    }
-    const std::string& kept = session.styleKept[static_cast<std::size_t>(position)];
-    return kept.empty() ? "0" : kept;
-}
-
-void takestyle(int position, std::string_view line) {
-    switch (position) {
-    case 2:
-        if (session.keepScale == 0) session.styleKept[2] = line;
-        return;
-    case 3:
-        if (!lifesession()) session.xyscale = std::clamp(sngguard(readentry(line).value), 0.0f, 5.0f);
-        return;
-    case 5: return takelimit(line, session.xlowd);
-    case 6: return takelimit(line, session.xhighd);
-    case 7: session.ylowd = static_cast<double>(sngguard(readentry(line).value)); return;
-    case 8: session.yhighd = static_cast<double>(sngguard(readentry(line).value)); return;
-    case 10: return;
-    default: session.styleKept[static_cast<std::size_t>(position)] = line; return;
-    }
-}
-
-} // namespace
-
-void stylewrite() {
-    linewrite(numberline(styleCount));
-    for (int position = 1; position <= styleCount; ++position) {
-        std::string line;
-        appendvalue(line, styleline(position));
-        linewrite(line);
-    }
-}
-
-bool styleread() {
-    const int number = sectionat("STYLE1", 0);
-    std::string_view line;
-    const double count = sectionline(number, line) ? readentry(line).value : 0;
-    for (int position = 1; position <= count && sectionline(number, line); ++position)
-        if (position <= styleCount) takestyle(position, line);
     return true;
 }

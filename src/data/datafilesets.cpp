@@ -157,7 +157,7 @@ bool pointsread(FileData& data, const Target& target, double count) {
 }
 
 /// The set that a row of the file belongs to, taken on when it is new; null when the session has no room.
-FileSet* setofrow(FileData& data, int k) {
+FileSet* fileset(FileData& data, int k) {
     if (static_cast<float>(k) > session.maxSets) return nullptr;
     if (data.sets.size() < static_cast<std::size_t>(k)) data.sets.resize(static_cast<std::size_t>(k));
     return &data.sets[static_cast<std::size_t>(k - 1)];
@@ -185,7 +185,7 @@ bool blockread(FileData& data, int row) {
     const std::string_view line = nextline();
     if (session.eofFlag == 1 || !line.starts_with(setTag)) return false;
     if (line.size() > setTag.size() && line[setTag.size()] != '_') return false;
-    FileSet* set = setofrow(data, k);
+    FileSet* set = fileset(data, k);
     if (behind == 0 && set) titleread(*set, line, row);
     if (behind == 0 && !set) ++data.dropped;
     const NumberText count = readentry(nextline());
@@ -271,7 +271,7 @@ void putset(FileSet& set, int k) {
 
 // ---- writing ----
 
-/// An X-Y program keeps the title in the grid, too, where it was typed.
+/// The title as typed; the number of its row, which stands for none, where there is none.
 std::string titleof(int k) {
     const auto column = static_cast<std::size_t>(k - 1);
     const bool titled = column < session.gridTitles.size() && !session.gridTitles[column].empty();

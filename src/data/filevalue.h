@@ -16,6 +16,14 @@ void appendvalue(std::string& line, int32_t value);
 /// A text as one line of UTF-8: line ends within it become blanks.
 void appendvalue(std::string& line, const std::string& text);
 
+/// A line of one value.
+template <class Value>
+std::string valueline(Value value) {
+    std::string line;
+    appendvalue(line, value);
+    return line;
+}
+
 /// Takes a line as the value; a number that cannot be read is 0, one beyond an integer's range its limit.
 void takevalue(std::string_view line, float& value);
 void takevalue(std::string_view line, double& value);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "platform/headless/headless.h"
 #include "support/filefixture.h"
 #include "support/scriptedplatform.h"
@@ -46,6 +48,31 @@ TEST(DataFile, ACommaFileReadsOnASessionWithAPoint) {
     EXPECT_EQ(session.X(3, 2), -3.5f);
     EXPECT_EQ(session.gridCells[0], (std::vector<std::string>{"1.25", "-3.5x0x2_no, 4"}));
     EXPECT_EQ(session.setRange(1)[0], 1.5);
+}
+
+TEST(DataFile, ADecimalSymbolThatLineOneCannotNameIsWrittenAsAPoint) {
+    FreshSession life(lifeSide);
+    ScriptedPlatform desktop;
+    gridread({{"1.5"}});
+    const std::string plain = written();
+    session.decimalSeparator = "\xD9\xAB";
+    EXPECT_EQ(written(), plain);
+    EXPECT_EQ(session.decimalSeparator, "\xD9\xAB");
+    ASSERT_EQ(readfiletext(plain), FileRead::read);
+    EXPECT_EQ(session.X(3, 1), 1.5f);
+}
+
+TEST(DataFile, APointThatIsNoNumberComesBackAsNone) {
+    FreshSession life(lifeSide);
+    HeadlessPlatform desktop;
+    Platform* const former = std::exchange(platform, &desktop);
+    gridread({{"1", "2", "3"}});
+    session.entryX(3, 2) = std::numeric_limits<float>::quiet_NaN();
+    const std::string text = written();
+    ASSERT_EQ(readfiletext(text), FileRead::read);
+    EXPECT_EQ(session.gridCells[0], (std::vector<std::string>{"1", "3"}));
+    EXPECT_NE(session.fileNotes.find("Bad Data (1)"), std::string::npos);
+    platform = former;
 }
 
 } // namespace

@@ -33,7 +33,10 @@ public:
         default: return std::normal_distribution<double>(0, 1000)(random);
         }
     }
-    float single() { return below(3) ? std::bit_cast<float>(static_cast<uint32_t>(random())) : static_cast<float>(number()); }
+    float single() {
+        return below(3) ? std::bit_cast<float>(static_cast<uint32_t>(random()))
+                        : static_cast<float>(number());
+    }
     /// A point's value: what the cells of the grid let through.
     float value() { return static_cast<float>(std::normal_distribution<double>(0, 100)(random)); }
 

@@ -55,8 +55,9 @@ TEST_F(LifeFile, AListOf56OptionsLeavesTheRestAsItIs) {
 TEST_F(LifeFile, ABadOptionListKeepsTheDataAndWhatWasReadBeforeIt) {
     gridread({{"7", "8"}});
     session.titleWanted = "mine";
-    for (const char* list : {"PROGRAM_SPECIFIC\r\n0\r\n1\r\n", "PROGRAM_SPECIFIC\r\nabc\r\n",
-                             "PROGRAM_SPECIFIC", "PROGRAM_SPECIFIC 2\r\n3\r\n1\r\n"}) {
+    for (const char* list :
+         {"PROGRAM_SPECIFIC\r\n0\r\n1\r\n", "PROGRAM_SPECIFIC\r\nabc\r\n", "PROGRAM_SPECIFIC",
+          "PROGRAM_SPECIFIC 2\r\n3\r\n1\r\n", "ETABARR()\r\n1\r\n5\r\nPROGRAM_SPECIFIC\r\n-1\r\n"}) {
         SCOPED_TRACE(list);
         desktop.expectmessage("Bad Input File");
         EXPECT_EQ(readfiletext(lifehead(1, onePoint) + "LABELSWVW\r\n1\r\nfile's\r\n" + list), FileRead::bad);
