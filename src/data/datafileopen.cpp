@@ -74,6 +74,7 @@ FileRead readtagged(const FirstLine& first, MakeRoom makeroom) {
     session.fileSuffix = first.suffix;
     if (makeroom) makeroom(longestset(inputrest()));
     const FileRead end = datafileread();
+    if (end == FileRead::nodata) return tellnodata();
     return end == FileRead::oldForm ? takeold(oldplainread(inputrest(), oldplainfields()), makeroom) : end;
 }
 
@@ -176,11 +177,12 @@ char sideoffile(const std::string& name) {
     constexpr int linesLooked = 10; // the first line of a wrapped file stands behind the head of the page
     const std::string start = readstart(datafilename(name), firstLines);
     std::string_view rest = start;
-    for (int line = 0; line < linesLooked && !rest.empty(); ++line)
-        if (const auto first = firstlineof(takeline(rest))) {
-            constexpr std::string_view sideMark = "-VX";
-            const auto mark = first->suffix.find(sideMark);
-            return mark == std::string::npos ? '\0' : *(first->suffix.c_str() + mark + sideMark.size());
-        }
+    for (int line = 0; line < linesLooked && !rest.empty(); ++line) {
+        const auto first = firstlineof(takeline(rest));
+        if (!first) continue;
+        constexpr std::string_view sideMark = "-VX";
+        const auto mark = first->suffix.find(sideMark);
+        if (mark != std::string::npos) return *(first->suffix.c_str() + mark + sideMark.size());
+    }
     return 0;
 }

@@ -332,6 +332,7 @@ constexpr ProgramField fields[] = {
     {.position = 96, .name = "linewidth", .at = at<&S::linewidth>, .low = 1, .high = 9},
     {.position = 97, .name = "colormode", .at = at<&S::colormode>, .low = 0, .high = 1},
     {.position = 98, .name = "plotMode", .at = at<&S::plotMode>, .low = 1, .high = whole, .when = samemode},
+    {.position = 103, .name = "usageChoice", .at = at<&S::usageChoice>, .low = 0, .high = 6},
     {.position = 107, .name = "recurrentIdQty", .write = writerecurrent, .read = readnothing},
     {.position = 108, .name = "xLimitLow", .kind = r8, .at = at<&S::xLimitLow>},
     {.position = 109, .name = "xLimitHigh", .kind = r8, .at = at<&S::xLimitHigh>},

@@ -10,6 +10,8 @@
 
 namespace {
 
+constexpr std::size_t mostTypedCells = 50000; ///< of a grid that is kept as it was typed
+
 /// FNV-1a over 64 bits, a word of length before each text so that cells cannot run together (Fowler, Noll,
 /// Vo; RFC 9923).
 class Digest {
@@ -21,7 +23,7 @@ public:
     void add(uint64_t number) {
         for (int shift = 0; shift < 64; shift += 8) step((number >> shift) & 0xFF);
     }
-    uint64_t value = 14695981039346656037u;
+    uint64_t value = History::emptyGrid;
 
 private:
     void step(uint64_t byte) { value = (value ^ byte) * 1099511628211u; }
@@ -93,7 +95,13 @@ void undonotice() {
 
 History::Snapshot snapshotnew() {
     const std::string path = newname();
-    return {snapshotwrite(path) ? path : std::string(), session.fileName};
+    History::Snapshot snapshot{snapshotwrite(path) ? path : std::string(), session.fileName, {}, {}};
+    std::size_t cells = 0;
+    for (const auto& column : session.gridCells) cells += column.size();
+    if (cells > mostTypedCells) return snapshot;
+    snapshot.cells = session.gridCells;
+    snapshot.titles = session.gridTitles;
+    return snapshot;
 }
 
 void snapshotremove(const History::Snapshot& snapshot) {

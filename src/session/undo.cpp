@@ -22,6 +22,9 @@ bool readstep(const History::Snapshot& step) {
     session.noPrompt = 1;
     if (datafileopen(step.path) != FileRead::read) return false;
     session.fileName = step.fileName;
+    if (step.cells.empty()) return true;
+    session.gridCells = step.cells;
+    session.gridTitles = step.titles;
     return true;
 }
 

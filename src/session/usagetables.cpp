@@ -21,7 +21,8 @@ std::span<const UsageTable> usagetables() { return tables; }
 bool usageopen(int choice) {
     if (choice < 1 || choice > static_cast<int>(std::size(tables))) return false;
     const UsageTable& table = tables[choice - 1];
-    const Keep keep{session.msg};
+    const Keep keep{session.msg, session.formatWanted};
+    session.formatWanted = "A"; // cells, whatever the menu was last used for
     session.msg = table.file;
     const bool found = findfilequietly();
     if (!found || opendata(session.msg) != DataRead::read) {

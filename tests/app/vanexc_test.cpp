@@ -178,7 +178,7 @@ TEST_F(Vanexc, NothingToAnalyseEndsWithOneAndASentence) {
     const struct {
         const char* input;
         const char* sentence;
-    } cases[] = {{"", "Not Enough Data"},
+    } cases[] = {{"", "No Data"},
                  {"\n\n  \n", "Not Enough Data"},
                  {"# only a note\n", "Not Enough Data"},
                  {"150\n", "Not Enough Data"},
@@ -501,7 +501,7 @@ TEST_F(Vanexc, SavesTheSessionAndComputesTheSameOfIt) {
     const Json before = Json::parse(contents(folder / "first.json"));
     const Json after = Json::parse(contents(folder / "second.json"));
     EXPECT_EQ(after["sets"], before["sets"]);
-    EXPECT_EQ(before["sets"][0]["distribution"], "Lognormal");
+    EXPECT_EQ(before["sets"][0]["family"], "Lognormal");
 }
 
 TEST_F(Vanexc, TheCommandLineHoldsAgainstTheOptionsOfTheFile) {
@@ -509,7 +509,7 @@ TEST_F(Vanexc, TheCommandLineHoldsAgainstTheOptionsOfTheFile) {
     ASSERT_EQ(run("pumps.txt -p W -e LOGNORMAL --save pumps.w").status, 0);
     const Outcome outcome = run("pumps.w -e WEIBULL --json -");
     ASSERT_EQ(outcome.status, 0) << outcome.err;
-    EXPECT_EQ(Json::parse(outcome.out)["sets"][0]["distribution"], "Weibull");
+    EXPECT_EQ(Json::parse(outcome.out)["sets"][0]["family"], "Weibull");
 }
 
 TEST_F(Vanexc, RefusesToSaveUnderTheExtensionOfTheOtherSide) {

@@ -64,10 +64,8 @@ TEST_F(OldForms, TheParenthesisFormNamesItsColumns) {
 
 TEST_F(OldForms, ATableThatOnlyBeginsAlikeGoesToTheTextImport) {
     for (const char* text : {"Hits;Weight\n1;2\n", "Label,Value\na,1\nb,2\nc,3\nd,4\ne,5\nf,6\ng,7\nh,8\n",
-                             "U4 count\n1\n", "() of unknown\n1 2\n", "HISTORY\n", "10\n20\n"}) {
-        const FileRead end = take(text);
-        EXPECT_TRUE(end == FileRead::text || std::string_view(text) == "HISTORY\n") << text;
-    }
+                             "U4 count\n1\n", "() of unknown\n1 2\n", "10\n20\n"})
+        EXPECT_EQ(take(text), FileRead::text) << text;
 }
 
 TEST_F(OldForms, ACommaInANumberIsLeftToTheTextImportWhichAsks) {
@@ -84,7 +82,7 @@ TEST_F(OldForms, TheStoreFormatEndsTheLoadWithItsName) {
 
 TEST_F(OldForms, AHundredThousandRecordsOfNoiseAreReadInOnePass) {
     std::string noise = "HISTORY SUSPENSION\n";
-    for (int i = 0; i < 100000; ++i) noise += "+-.9 ; ;\t x 1e999 _\n";
+    for (int i = 0; i < 100000; ++i) noise += "-.9 ; ;\t x 1e999 _\n";
     ASSERT_EQ(take(noise), FileRead::read);
     EXPECT_EQ(session.gridCells.front().size(), 100000u);
 }
