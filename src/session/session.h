@@ -6,6 +6,7 @@
 #include "session/commandfields.h"
 #include "session/confidence.h"
 #include "session/drawing.h"
+#include "session/expressionstate.h"
 #include "session/filestate.h"
 #include "session/fits.h"
 #include "session/folders.h"
@@ -49,6 +50,7 @@ struct Session : Capacities,
                  Setup,
                  GridState,
                  FileState,
+                 Expression,
                  CommandFields {
     RegressionSums sums; ///< of the set being fitted
 };
