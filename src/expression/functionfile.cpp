@@ -4,6 +4,7 @@
 #include <cmath>
 #include <optional>
 #include <system_error>
+#include <type_traits>
 #include <vector>
 
 #include "data/numbertext.h"

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <map>
 #include <optional>
 #include <string>
 
@@ -11,7 +10,6 @@
 #include "data/numbertext.h"
 #include "expression/functionnotices.h"
 #include "expression/program.h"
-#include "expression/tokens.h"
 #include "numeric/sngguard.h"
 #include "session/session.h"
 

@@ -1,7 +1,6 @@
 #include "expression/functiontext.h"
 
 #include <algorithm>
-#include <cctype>
 #include <charconv>
 #include <cmath>
 

@@ -1,5 +1,7 @@
 #include "expression/program.h"
 
+#include <utility>
+
 #include "expression/rules.h"
 #include "expression/tokens.h"
 #include "numeric/constants.h"
