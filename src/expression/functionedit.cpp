@@ -67,8 +67,7 @@ FunctionProgram programnow() {
 }
 
 bool cangoon(FunctionFault fault) {
-    return fault == FunctionFault::none || fault == FunctionFault::unfinished
-           || fault == FunctionFault::empty;
+    return fault == FunctionFault::none || fault == FunctionFault::unfinished;
 }
 
 void tellbadtext(std::string_view typed) {
