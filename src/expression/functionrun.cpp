@@ -106,7 +106,7 @@ std::string textofcell(const Cell& cell) {
         text += 'x';
         appendtrimmed(text, fields[i]);
     }
-    if (cell.label.find_first_not_of(' ') != std::string_view::npos) (text += '_') += cell.label;
+    if (!cell.label.empty()) (text += '_') += cell.label;
     return text;
 }
 
@@ -122,7 +122,8 @@ std::optional<std::string> textofresult(Cell cell, float result) {
     std::string text = textofcell(cell);
     // A reserved number is no value of a cell: written there, it would empty the field.
     const Cell again = cellsplit(text);
-    const bool holds = again.hasValue && again.x == cell.x && again.y == cell.y;
+    const bool holds = again.hasValue && again.x == cell.x && again.y == cell.y
+                       && again.quantity == cell.quantity && again.z == cell.z && again.label == cell.label;
     return holds ? std::optional(std::move(text)) : std::nullopt;
 }
 

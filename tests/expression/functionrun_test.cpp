@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "data/cell.h"
 #include "expression/functionedit.h"
 #include "expression/rules.h"
 #include "numeric/matherror.h"
@@ -57,9 +58,9 @@ TEST_F(FunctionRun, WritesXInItsMode) {
 }
 
 TEST_F(FunctionRun, KeepsQuantityZAndLabel) {
-    set(1, {"1x10x3x4_pump 7", "2x20x1x0_ x", "3"});
+    set(1, {"1x10x3x4_pump 7", "2x20x1x0_ x", "3_ "});
     EXPECT_TRUE(run("2*y+1"));
-    EXPECT_EQ(cells(1), (Cells{"1x21x3x4_pump 7", "2x41_ x", "3x1"}));
+    EXPECT_EQ(cells(1), (Cells{"1x21x3x4_pump 7", "2x41_ x", "3x1_ "}));
 }
 
 TEST_F(FunctionRun, PassesOverCellsThatAreNoPoints) {
@@ -199,6 +200,21 @@ TEST_F(FunctionRun, KeepsTheMarkOfASuspension) {
     set(1, {"10", "-20x0x3x0_s", "30"});
     EXPECT_TRUE(run("x+5"));
     EXPECT_EQ(cells(1), (Cells{"15", "-25x0x3_s", "35"}));
+}
+
+TEST_F(FunctionRun, KeepsWhatAMarkBeforeXSays) {
+    session.plotMode = 1;
+    session.functionMode = functionX;
+    set(1, {">100", "<7", ">10<20_i"});
+    std::vector<Cell> before;
+    for (const std::string& text : cells(1)) before.push_back(cellsplit(text));
+    EXPECT_TRUE(run("x*2"));
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        const Cell after = cellsplit(cells(1)[i]);
+        EXPECT_EQ(after.x, before[i].x * 2);
+        EXPECT_EQ(after.z, before[i].z);
+    }
+    EXPECT_EQ(cellsplit(cells(1)[2]).label, "i");
 }
 
 TEST_F(FunctionRun, NeverTurnsAFailureIntoASuspension) {
