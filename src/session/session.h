@@ -6,6 +6,7 @@
 #include "session/commandfields.h"
 #include "session/confidence.h"
 #include "session/drawing.h"
+#include "session/expressionstate.h"
 #include "session/filestate.h"
 #include "session/filetables.h"
 #include "session/fits.h"
@@ -57,6 +58,7 @@ struct Session : Capacities,
                  LibraryState,
                  ImportState,
                  FileTables,
+                 Expression,
                  CommandFields {
     RegressionSums sums; ///< of the set being fitted
 };

@@ -1,7 +1,9 @@
 #include "session/startup.h"
 
+#include "analysis/ranks.h"
 #include "data/datafileopen.h"
 #include "data/textpieces.h"
+#include "expression/rules.h"
 #include "platform/paths.h"
 #include "platform/platform.h"
 #include "session/commandline.h"
@@ -109,6 +111,7 @@ StartEnd runscript(bool windowed) {
 
 StartEnd startup(std::span<const std::string> words, std::string_view name, bool windowed) {
     const bool first = session.startPasses++ == 0;
+    rankPosition = regresscalcwmainplotpos;
     if (first) {
         if (!firstpass(linefrom(words), name, windowed)) return StartEnd::wrongUse;
         if (!sizeall()) return StartEnd::noMemory;

@@ -6,6 +6,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "expression/rules.h"
 #include "platform/paths.h"
 #include "session/findfile.h"
 #include "session/optionfile.h"
@@ -62,6 +63,12 @@ TEST_F(Startup, ABareStartIsTheVisualSideWithEmptyArrays) {
     EXPECT_EQ(session.tempPath, own);
     EXPECT_EQ(session.startDir, "c:\\work\\");
     EXPECT_EQ(session.dataPath, "c:\\vanex\\");
+}
+
+TEST_F(Startup, LendsThePlottingPositionToTheTypedFunctions) {
+    rankPosition = nullptr;
+    start({});
+    EXPECT_EQ(modrule(modRankPosition)(3, 10), (3 - 0.3) / (10 + 0.4)); // Benard's, the standard one
 }
 
 TEST_F(Startup, TheNameOfTheProgramChoosesTheSideAndPWins) {

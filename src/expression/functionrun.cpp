@@ -1,0 +1,295 @@
+#include "expression/functionrun.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <optional>
+#include <string>
+
+#include "data/cell.h"
+#include "data/numbertext.h"
+#include "expression/functionnotices.h"
+#include "expression/program.h"
+#include "numeric/sngguard.h"
+#include "session/session.h"
+
+namespace {
+
+constexpr int columnOperands = 10;
+
+/// The cells of a set, as the grid has them.
+const std::vector<std::string>& cellsof(int set) {
+    static const std::vector<std::string> none;
+    const auto column = static_cast<std::size_t>(set - 1);
+    return set >= 1 && column < session.gridCells.size() ? session.gridCells[column] : none;
+}
+
+/// A comma that is not the decimal symbol may have been meant as one: such a cell is no point.
+bool ispoint(std::string_view text, const Cell& cell) {
+    return cell.hasValue
+           && (session.decimalSeparator == ","
+               || text.substr(0, text.find('_')).find(',') == std::string_view::npos);
+}
+
+/// On a probability plot a minus sign marks a suspension where it does not make a value.
+bool signmarks() { return session.plotMode == 1 && !negativedata(); }
+
+double valueofx(float x) { return signmarks() ? std::fabs(x) : x; }
+
+/// The points of a set, by row of the grid.
+std::vector<std::optional<Cell>> pointsof(int set) {
+    std::vector<std::optional<Cell>> points;
+    for (const std::string& text : cellsof(set)) {
+        const Cell cell = cellsplit(text);
+        points.push_back(ispoint(text, cell) ? std::optional(cell) : std::nullopt);
+    }
+    return points;
+}
+
+/// The columns that the function names, read once a run. x0 is the set that x comes from, x1 to x9 are sets 1
+/// to 9; a row that a set does not have counts as 0.
+class Columns {
+public:
+    Columns(uint16_t used, int set) {
+        for (int d = 0; d < columnOperands; ++d)
+            if (used & 1 << d) points[d] = pointsof(d == 0 ? set : d);
+    }
+    const double* row(std::size_t at) {
+        for (std::size_t d = 0; d < points.size(); ++d)
+            values[d] = at < points[d].size() && points[d][at] ? valueofx(points[d][at]->x) : 0;
+        return values.data();
+    }
+
+private:
+    std::array<std::vector<std::optional<Cell>>, columnOperands> points;
+    std::array<double, columnOperands> values{};
+};
+
+/// A row of the run: where it stands in the grid, and what it offers.
+struct RunRow {
+    std::size_t place = 0;
+    FunctionRow values;
+};
+
+/// The rows of a set, or those that both of two sets have.
+std::vector<RunRow> rowsofrun(int set) {
+    const bool two = session.functionMode == functionTwoSets;
+    const bool hasK = session.functionMode < functionY;
+    const auto first = pointsof(set);
+    const auto second = two ? pointsof(session.functionSetB) : std::vector<std::optional<Cell>>();
+    std::vector<RunRow> rows;
+    for (std::size_t at = 0; at < first.size(); ++at) {
+        if (!first[at] || (two && (at >= second.size() || !second[at]))) continue;
+        FunctionRow values;
+        values.x = valueofx(first[at]->x);
+        values.y = two ? valueofx(second[at]->x) : hasK ? session.fk : first[at]->y;
+        values.row = static_cast<double>(rows.size() + 1);
+        rows.push_back({at, values});
+    }
+    for (RunRow& row : rows) {
+        row.values.rows = static_cast<double>(rows.size());
+        row.values.lastX = rows.back().values.x;
+        row.values.lastY = two ? rows.back().values.y : first[rows.back().place]->y;
+    }
+    return rows;
+}
+
+/// The text of a cell, without the fields at its end that say nothing.
+std::string textofcell(const Cell& cell) {
+    std::string text;
+    appendtrimmed(text, cell.x);
+    const float fields[] = {cell.y, cell.quantity, cell.z};
+    const float silent[] = {0, 1, 0};
+    int last = 2;
+    while (last >= 0 && fields[last] == silent[last]) --last;
+    for (int i = 0; i <= last; ++i) {
+        text += 'x';
+        appendtrimmed(text, fields[i]);
+    }
+    if (!cell.label.empty()) (text += '_') += cell.label;
+    return text;
+}
+
+/// The text of the cell with the result in it; nothing when the cell cannot hold it.
+std::optional<std::string> textofresult(Cell cell, float result) {
+    const bool isY = session.functionMode <= functionY;
+    float& field = isY ? cell.y : cell.x;
+    if (!isY && signmarks()) {
+        if (!(result > 0)) return std::nullopt;
+        result = std::copysign(result, cell.x);
+    }
+    field = result;
+    std::string text = textofcell(cell);
+    // A reserved number is no value of a cell: written there, it would empty the field.
+    const Cell again = cellsplit(text);
+    const bool holds = again.hasValue && again.x == cell.x && again.y == cell.y
+                       && again.quantity == cell.quantity && again.z == cell.z && again.label == cell.label;
+    return holds ? std::optional(std::move(text)) : std::nullopt;
+}
+
+struct Result {
+    std::size_t place;
+    std::string text;
+};
+
+/// Evaluates every row. The cells stand untouched meanwhile.
+std::vector<Result> resultsofrun(const FunctionProgram& program, int target, RowFailures& failures) {
+    const auto present = pointsof(target);
+    const int set = session.functionMode < functionY ? target : session.functionSet;
+    Columns columns(program.columns, set);
+    std::vector<FunctionMemory> memory(static_cast<std::size_t>(program.memories));
+    std::vector<Result> results;
+    for (RunRow& row : rowsofrun(set)) {
+        if (program.columns) row.values.columns = columns.row(row.place);
+        const FunctionValue value = functionrow(program, row.values, memory);
+        if (value.fault) {
+            failures.add(value.fault, row.values.row);
+            continue;
+        }
+        Cell cell;
+        cell.x = static_cast<float>(row.values.x);
+        if (row.place < present.size() && present[row.place]) cell = *present[row.place];
+        auto text = textofresult(cell, sngguard(value.value));
+        if (text)
+            results.push_back({row.place, std::move(*text)});
+        else
+            failures.add(outsideRange, row.values.row);
+    }
+    return results;
+}
+
+void writeresults(std::vector<Result>& results, int target) {
+    if (results.empty()) return;
+    const auto column = static_cast<std::size_t>(target - 1);
+    if (session.gridCells.size() <= column) session.gridCells.resize(column + 1);
+    auto& cells = session.gridCells[column];
+    for (Result& result : results) {
+        if (cells.size() <= result.place) cells.resize(result.place + 1);
+        cells[result.place] = std::move(result.text);
+    }
+}
+
+/// The program of the session's function; told when it cannot run.
+FunctionProgram programofsession() {
+    FunctionProgram program = functionprogram(session.fcode, functionliterals(), session.modSetting);
+    if (program.fault != FunctionFault::none) tellfunctionfault(program);
+    return program;
+}
+
+/// A target that has both coordinates, or a function that asks for no second one.
+bool dimensionsfit(const FunctionProgram& program, int target) {
+    const bool needsY =
+        session.functionMode <= functionY || (program.usesY && session.functionMode != functionTwoSets);
+    if (session.plotMode != 1 || !needsY) return true;
+    telltwodimensional(target);
+    return false;
+}
+
+bool runtarget(int target) {
+    const FunctionProgram program = programofsession();
+    if (program.fault != FunctionFault::none || !dimensionsfit(program, target)) return false;
+    RowFailures failures;
+    std::vector<Result> results = resultsofrun(program, target, failures);
+    writeresults(results, target);
+    failures.tell(target);
+    return !results.empty();
+}
+
+bool inwindow(const FunctionPoint& point, const FunctionWindow& window) {
+    const auto between = [](double low, double high, double value) {
+        return !(low < high) || (value >= low && value <= high);
+    };
+    return between(window.xlow, window.xhigh, point.x) && between(window.ylow, window.yhigh, point.y);
+}
+
+/// The last x and y of the current set, for a curve drawn through it.
+void lastofset(FunctionRow& row) {
+    const auto points = pointsof(session.functionSet);
+    const auto last =
+        std::find_if(points.rbegin(), points.rend(), [](const auto& p) { return p.has_value(); });
+    if (last == points.rend()) return;
+    row.lastX = valueofx((*last)->x);
+    row.lastY = (*last)->y;
+}
+
+std::vector<FunctionPoint> tracecurve(int points, const FunctionWindow& window, bool& any) {
+    const FunctionProgram program = programofsession();
+    if (program.fault != FunctionFault::none) return {};
+    Columns columns(program.columns, session.functionSet);
+    std::vector<FunctionMemory> memory(static_cast<std::size_t>(program.memories));
+    RowFailures failures;
+    std::vector<FunctionPoint> curve;
+    FunctionRow row;
+    lastofset(row);
+    row.y = session.fk;
+    row.rows = points;
+    const double low = session.fxlow;
+    const double span = session.fxhigh - low;
+    for (int i = 0; i < points; ++i) {
+        FunctionPoint point;
+        point.x =
+            i + 1 == points && i > 0 ? session.fxhigh : sngguard(low + span * i / std::max(points - 1, 1));
+        row.x = point.x;
+        row.row = i + 1;
+        if (program.columns) row.columns = columns.row(static_cast<std::size_t>(i));
+        const FunctionValue value = functionrow(program, row, memory);
+        if (value.fault) {
+            failures.add(value.fault, row.row);
+            continue;
+        }
+        any = true;
+        point.y = sngguard(value.value);
+        if (inwindow(point, window)) curve.push_back(point);
+    }
+    failures.tell(session.functionSet);
+    return curve;
+}
+
+} // namespace
+
+bool functionrun(int target) {
+    if (session.functionRunning) return false;
+    const Keep keep{session.functionRunning};
+    session.functionRunning = true;
+    const bool exists = target >= 1 && static_cast<float>(target) <= session.maxSets;
+    if (exists && runtarget(target)) return true;
+    if (!exists) tellnotarget();
+    functionundo();
+    return false;
+}
+
+std::vector<FunctionPoint> functioncurve(int points, const FunctionWindow& window) {
+    if (session.functionRunning) return {};
+    const Keep keep{session.functionRunning};
+    session.functionRunning = true;
+    bool any = false;
+    auto curve = tracecurve(points, window, any);
+    if (!any) functionundo();
+    return curve;
+}
+
+std::span<const double> functionliterals() {
+    const auto held = static_cast<float>(session.flits.size());
+    const float count = std::clamp(session.flitcount, 0.0f, std::max(held - 1, 0.0f));
+    return std::span(session.flits)
+        .last(session.flits.empty() ? 0 : session.flits.size() - 1)
+        .first(static_cast<std::size_t>(count));
+}
+
+void functionclose() {
+    const int open = functionprogram(session.fcode, functionliterals(), session.modSetting).openBrackets;
+    for (int i = 0; i < open; ++i) session.fcode += "89";
+}
+
+void functionkeep() {
+    functionclose();
+    session.fcodeSaved = session.fcode;
+    session.flitsSaved = session.flits;
+}
+
+void functionundo() {
+    if (session.fcodeSaved.empty()) return;
+    session.fcode = session.fcodeSaved;
+    session.flits = session.flitsSaved;
+    session.flitcount = static_cast<float>(session.flits.size()) - 1;
+}
