@@ -270,9 +270,9 @@ bool writeoutput(const std::optional<std::string>& path, const std::string& text
 /// Saves the session; why it was refused is among the messages.
 bool savedata(const std::string& path, HeadlessPlatform& console) {
     console.messages.clear();
-    if (datafilesave(path)) return true;
+    const bool saved = datafilesave(path);
     for (const std::string& message : console.messages) complain(message);
-    return false;
+    return saved && console.messages.empty(); // what is told could not be saved
 }
 
 /// Writes what the long options ask for of the session as it has been calculated.
@@ -310,8 +310,8 @@ bool load(int sample, HeadlessPlatform& console) {
         complainof(Word::Cannot, " ", Word::Open, " ", Word::File, ": ", AsTyped{session.cmdFile});
     if (outcome == DataRead::refused) {
         wordclean(session.msg);
-        complain(session.msg);
-        console.messages.clear();
+        if (!session.msg.empty()) complain(session.msg);
+        if (!session.msg.empty()) console.messages.clear();
     }
     if (outcome == DataRead::unreadable || outcome == DataRead::refused) return false;
     if (session.dataFileRead != 0) cmdapply(); // what was asked for holds against what the file says

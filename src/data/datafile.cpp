@@ -164,7 +164,7 @@ void endread(const FileData& data, bool checked, double check, double availabili
     if (checked && check != data.check)
         note(Word::Data, " ", Word::Sum, " ", Word::Difference, " (", check, " / ", data.check, ")");
     if (data.unread > 0) note(Word::Bad, " ", Word::Data, " (", data.unread, ")");
-    if (session.fileNotes.empty()) return;
+    if (session.fileNotes.empty() || session.quietRead != 0) return;
     session.msg = session.fileNotes;
     session.menuTitle.clear();
     tellok();

@@ -8,6 +8,7 @@
 
 /// What a read came to.
 enum class FileRead {
+    labels,   ///< a label file: the labels are the file's, data and options as they were
     read,     ///< the session holds what the file holds
     bad,      ///< told; what was read before the fault stays, the data are those from before
     oldForm,  ///< the sections are of an older form: the caller takes the rest of the input as old plain text

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "data/datafilesave.h"
 #include "data/filelines.h"
 #include "data/htmlwrapper.h"
 #include "data/labels.h"
@@ -68,12 +69,27 @@ FileRead takeold(std::optional<OldData> data, MakeRoom makeroom) {
     return FileRead::read;
 }
 
+/// Reads the session back as it was, out of the text of its data file and its grid.
+void readback(const std::string& before, const GridState& grid) {
+    const Keep kept(session.quietRead, session.fileDecimal);
+    session.quietRead = 1;
+    inputtext(before);
+    if (const auto first = firstlineof(nextline())) session.fileDecimal = first->decimal;
+    datafileread();
+    static_cast<GridState&>(session) = grid;
+}
+
 FileRead readtagged(const FirstLine& first, MakeRoom makeroom) {
     const Keep kept(session.fileDecimal);
     session.fileDecimal = first.decimal;
     session.fileSuffix = first.suffix;
-    if (makeroom) makeroom(longestset(inputrest()));
+    const std::size_t longest = longestset(inputrest());
+    const bool grows = makeroom && static_cast<float>(longest) > session.maxPoints;
+    const GridState grid = grows ? static_cast<const GridState&>(session) : GridState();
+    const std::string before = grows ? datafiletext() : std::string(); // making room empties the session
+    if (grows) makeroom(longest);
     const FileRead end = datafileread();
+    if (grows && end != FileRead::read) readback(before, grid);
     if (end == FileRead::nodata) return tellnodata();
     return end == FileRead::oldForm ? takeold(oldplainread(inputrest(), oldplainfields()), makeroom) : end;
 }
@@ -118,12 +134,13 @@ FileRead openlisted(std::string_view heading, MakeRoom makeroom) {
 
 FileRead openstore(std::string_view heading, MakeRoom) {
     if (!uppercase(heading).starts_with(storeName.substr(0, 6))) return FileRead::text;
+    tellbad();
     session.msg = storeName;
     return FileRead::cancelled;
 }
 
 FileRead openlabels(std::string_view heading, MakeRoom) {
-    return labelsread(heading) ? FileRead::read : FileRead::text;
+    return labelsread(heading) ? FileRead::labels : FileRead::text;
 }
 
 /// What the first two characters of a file stand for. The opener finds the input behind the first line;

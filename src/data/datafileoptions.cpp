@@ -75,7 +75,7 @@ void readside(std::string_view line) {
     if (samemode()) return;
     resetoptions();
     session.axisTitleY = "% CDF Occurrence";
-    if (!lifesession() || session.fileHasData == 0) return;
+    if (!lifesession() || session.fileHasData == 0 || session.quietRead != 0) return;
     compose(session.msg, Word::File, " ", Word::Import, " ", Word::Data, " ", Word::As, " ", Word::Probit,
             " ", Word::Format);
     askyesno();
@@ -163,7 +163,7 @@ std::string writechoice() { return valueline(session.reportChoice); }
 void readchoice(std::string_view line) {
     const auto choice = static_cast<int16_t>(readentry(line).value == 1 ? 1 : 0);
     if (choice == session.reportChoice) return;
-    if (session.fileRows > 0) {
+    if (session.fileRows > 0 && session.quietRead == 0) {
         compose(session.msg, Word::Select, " ", Word::Plot, "/", Word::Report, " ", Word::As, " ",
                 Word::File);
         askyesno();
@@ -171,6 +171,13 @@ void readchoice(std::string_view line) {
     }
     session.reportChoice = choice;
 }
+
+/// Without a set there is nothing that the override could be for.
+std::string writeoverride() {
+    const std::string& kept = session.programKept[64];
+    return kept.empty() || (lifesession() && setcount() == 0) ? "0" : kept;
+}
+void readoverride(std::string_view line) { session.programKept[64] = valueline(readentry(line).value); }
 
 /// The reliability flag stands beside the scale itself, which knows more forms of it.
 bool reliability() { return session.yScaleKind % 2 == 1; }
@@ -248,10 +255,15 @@ constexpr ProgramField fields[] = {
     {.position = 9, .name = "spareA", .kind = r4},
     {.position = 10, .name = "usageRate", .kind = r4, .when = samemode},
     {.position = 11, .name = "riskStep", .kind = r4, .at = at<&S::riskStep>, .low = 0, .settle = wholestep},
-    {.position = 12, .name = "legendPlace", .at = at<&S::legendPlace>, .low = 0, .high = 1},
-    {.position = 13, .name = "bCount", .at = at<&S::barCount>},
-    {.position = 14, .name = "pointHide", .at = at<&S::pointHide>, .low = 0, .high = 1},
-    {.position = 15, .name = "pointLabelsShown", .at = at<&S::pointLabelsShown>, .low = 0, .high = 1},
+    {.position = 12, .name = "legendPlace", .at = at<&S::legendPlace>, .low = 0, .high = 1, .shown = true},
+    {.position = 13, .name = "bCount", .at = at<&S::barCount>, .shown = true},
+    {.position = 14, .name = "pointHide", .at = at<&S::pointHide>, .low = 0, .high = 1, .shown = true},
+    {.position = 15,
+     .name = "pointLabelsShown",
+     .at = at<&S::pointLabelsShown>,
+     .low = 0,
+     .high = 1,
+     .shown = true},
     {.position = 16, .name = "negativeXAllowed", .at = at<&S::negativeXAllowed>, .settle = negativevalues},
     {.position = 17, .name = "parameterChoice", .settle = parameterchoice},
     {.position = 18, .name = "rankSmoothing"},
@@ -289,7 +301,7 @@ constexpr ProgramField fields[] = {
      .when = lifesession,
      .write = writereliability,
      .read = readreliability},
-    {.position = 64, .name = "sampleSizeOverride"},
+    {.position = 64, .name = "sampleSizeOverride", .write = writeoverride, .read = readoverride},
     {.position = 65, .name = "test-plan target", .kind = r8},
     {.position = 66, .name = "test-plan target", .kind = r8},
     {.position = 67, .name = "testPlanChoice"},
@@ -326,11 +338,11 @@ constexpr ProgramField fields[] = {
     {.position = 90, .name = "gridAsked", .at = at<&S::gridAsked>, .low = 0, .high = 1},
     {.position = 91, .name = "intervalPlot", .at = at<&S::intervalPlot>, .low = 0, .high = 1},
     {.position = 92, .name = "singleP", .kind = r8, .at = at<&S::singleP>, .low = 1e-9, .high = 1 - 1e-9},
-    {.position = 93, .name = "groupDisplay", .at = at<&S::groupDisplay>, .low = 0, .high = 1},
-    {.position = 94, .name = "marksize", .at = at<&S::marksize>, .low = 0, .high = 20},
-    {.position = 95, .name = "markFixed", .at = at<&S::markFixed>, .low = 0, .high = 1},
-    {.position = 96, .name = "linewidth", .at = at<&S::linewidth>, .low = 1, .high = 9},
-    {.position = 97, .name = "colormode", .at = at<&S::colormode>, .low = 0, .high = 1},
+    {.position = 93, .name = "groupDisplay", .at = at<&S::groupDisplay>, .low = 0, .high = 1, .shown = true},
+    {.position = 94, .name = "marksize", .at = at<&S::marksize>, .low = 0, .high = 20, .shown = true},
+    {.position = 95, .name = "markFixed", .at = at<&S::markFixed>, .low = 0, .high = 1, .shown = true},
+    {.position = 96, .name = "linewidth", .at = at<&S::linewidth>, .low = 1, .high = 9, .shown = true},
+    {.position = 97, .name = "colormode", .at = at<&S::colormode>, .low = 0, .high = 1, .shown = true},
     {.position = 98, .name = "plotMode", .at = at<&S::plotMode>, .low = 1, .high = whole, .when = samemode},
     {.position = 103, .name = "usageChoice", .at = at<&S::usageChoice>, .low = 0, .high = 6},
     {.position = 107, .name = "recurrentIdQty", .write = writerecurrent, .read = readnothing},
@@ -343,11 +355,26 @@ constexpr ProgramField fields[] = {
     {.position = 116, .name = "testLast", .at = at<&S::testLast>, .low = 1, .high = whole},
     {.position = 117, .name = "LFAIL", .kind = r8, .at = at<&S::LFAIL>, .low = -9.123e32},
     {.position = 118, .name = "RSUSP", .kind = r8, .at = at<&S::RSUSP>, .low = -9.123e32},
-    {.position = 119, .name = "digitsGeneral", .at = at<&S::maskDigits, 0>, .low = 1, .high = 17},
-    {.position = 120, .name = "digitsParameter", .at = at<&S::maskDigits, 1>, .low = 1, .high = 17},
-    {.position = 121, .name = "digitsSlope", .at = at<&S::maskDigits, 2>, .low = 1, .high = 17},
-    {.position = 122, .name = "digitsAxis", .at = at<&S::maskDigits, 3>, .low = 1, .high = 17},
-    {.position = 123, .name = "digitsFit", .at = at<&S::maskDigits, 4>, .low = 1, .high = 17},
+    {.position = 119,
+     .name = "digitsGeneral",
+     .at = at<&S::maskDigits, 0>,
+     .low = 1,
+     .high = 17,
+     .shown = true},
+    {.position = 120,
+     .name = "digitsParameter",
+     .at = at<&S::maskDigits, 1>,
+     .low = 1,
+     .high = 17,
+     .shown = true},
+    {.position = 121,
+     .name = "digitsSlope",
+     .at = at<&S::maskDigits, 2>,
+     .low = 1,
+     .high = 17,
+     .shown = true},
+    {.position = 122, .name = "digitsAxis", .at = at<&S::maskDigits, 3>, .low = 1, .high = 17, .shown = true},
+    {.position = 123, .name = "digitsFit", .at = at<&S::maskDigits, 4>, .low = 1, .high = 17, .shown = true},
     {.position = 129, .name = "t0Mode", .write = writethreshold, .read = readthreshold},
     {.position = 138, .name = "option", .low = 1, .high = 2},
     {.position = 139, .name = "wbConf", .at = at<&S::wbConf>, .low = 0, .high = 100},
@@ -482,7 +509,7 @@ double checkedlevel(double fraction) { return std::clamp(fraction, 0.0, highestL
 void resetoptions() {
     static Session standard;
     for (const ProgramField& field : fields)
-        if (field.at) {
+        if (field.at && !field.shown) {
             const Place from = field.at(standard);
             std::visit([&]<class T>(T* held) { *held = *std::get<T*>(from); }, field.at(session));
         }

@@ -30,6 +30,7 @@ struct ProgramField {
     double (*settle)(double) = nullptr; ///< what becomes of a number, written or read
     std::string (*write)() = nullptr;   ///< a line of its own shape
     void (*read)(std::string_view line) = nullptr;
+    bool shown = false; ///< how things look, no option of the analysis: a reset leaves it
 };
 
 /// The positions with a meaning, in order; what lies between is kept as it stands.
@@ -42,7 +43,7 @@ bool programread();
 void stylewrite();
 bool styleread();
 
-/// Every option of the list as at the start of the program.
+/// Every analysis option of the list as at the start of the program.
 void resetoptions();
 
 /// The level check: a confidence as a fraction, held to 0 and 0.999999.

@@ -20,6 +20,19 @@ bool tellcannot(const std::string& name) {
     return false;
 }
 
+/// A file holds points: cells of the grid that are none are not in it, nor sets beyond the capacity.
+void tellunsaved() {
+    std::size_t cells = 0, points = 0;
+    for (const auto& column : session.gridCells)
+        for (const std::string& cell : column) cells += trimmed(cell).empty() ? 0 : 1;
+    for (int k = 1; k <= setcount(); ++k) points += static_cast<std::size_t>(pointcount(k));
+    if (cells <= points) return;
+    compose(session.msg, Word::Not, " ", Word::Saved, ": ", static_cast<int>(cells - points), " ",
+            Word::Point, " ... ", Word::Bad, " ", Word::Data, " / ", Word::Set, " ", Word::Quantity, " ",
+            Word::Too, " ", Word::Big);
+    tellok();
+}
+
 /// A file of one side must not hold the session of the other: its extension would lie.
 bool extensionserves(const std::string& name) {
     const bool life = session.progSide == lifeSide;
@@ -62,7 +75,17 @@ bool datafilesave(const std::string& name) {
     std::string path(trimmed(name));
     path = labels ? withextension(path, ".lbl", ".lbl") : withextension(path, ".w", ".v");
     if (!labels && !extensionserves(path)) return false;
-    return savewhole(path, labels ? labelswrite : datafilewrite) || tellcannot(path);
+    if (!savewhole(path, labels ? labelswrite : datafilewrite)) return tellcannot(path);
+    if (labels) return true;
+    session.fileName = path;
+    session.resultsDirty = 0;
+    tellunsaved();
+    return true;
+}
+
+bool savedas(const std::string& path) {
+    const auto text = path.empty() ? std::nullopt : readfile(path);
+    return text && *text == datafiletext();
 }
 
 std::string datafiletext() {

@@ -12,8 +12,12 @@ inline constexpr float labelsWanted = 1.111111e-11f;
 /// Saves the session under a name, or its labels when u asks for them. A name without an extension gets the
 /// one of the side. Refused, and told, when the extension belongs to the other side or the file cannot be
 /// written; the file that was there then stays as it was. The file is whole at any moment: it grows beside
-/// its place, is put on the disk, and takes the place in one step.
+/// its place, is put on the disk, and takes the place in one step. What cannot be in a file, cells that are
+/// no points, is told. The file becomes that of the session, which then is saved.
 bool datafilesave(const std::string& name);
+
+/// True when a file holds the very session, data and options, as a plain data file.
+bool savedas(const std::string& path);
 
 /// The session as the text of a plain data file.
 std::string datafiletext();

@@ -127,7 +127,10 @@ bool outputend() {
 void linewrite(std::string_view line) {
     const bool wrapped = session.htmlMode == wrapperWriting;
     if (wrapped) output.held += paragraph;
-    output.held += line;
+    if (wrapped && !std::all_of(line.begin(), line.end(), [](char c) { return c > 0; }))
+        output.held += aswestern(line); // as the head of the page declares
+    else
+        output.held += line;
     if (wrapped) output.held += paragraphEnd;
     output.held += "\r\n";
     if (output.held.size() >= heldBytes) flush();

@@ -77,7 +77,9 @@ std::string cellof(const Record& record, std::string_view value, std::string_vie
 /// One record may say both occurrences and suspensions at a value: a cell each.
 void putrecord(std::vector<std::string>& column, const Record& record) {
     const bool suspended = positive(record.suspensions);
-    const bool occurred = record.quantity.empty() ? !suspended : readnumber(record.quantity).value != 0;
+    // A quantity that is no number makes a cell that the grid tells of.
+    const NumberText quantity = readnumber(record.quantity);
+    const bool occurred = record.quantity.empty() ? !suspended : !quantity.readable || quantity.value != 0;
     if (occurred) column.push_back(cellof(record, record.value, record.quantity));
     if (!suspended) return;
     const std::string_view size = record.value.starts_with('-') ? record.value.substr(1) : record.value;

@@ -69,3 +69,19 @@ char32_t takecharacter(std::string_view& text) {
     text.remove_prefix(length == 0 ? 1 : length);
     return point;
 }
+
+std::string aswestern(std::string_view text) {
+    std::string western;
+    western.reserve(text.size());
+    while (!text.empty()) {
+        const char32_t c = takecharacter(text);
+        const auto* const upper = std::find(std::begin(windowsUpper), std::end(windowsUpper), c);
+        if (c < 0x80 || (c >= 0xA0 && c < 0x100))
+            western += static_cast<char>(c);
+        else if (upper != std::end(windowsUpper))
+            western += static_cast<char>(0x80 + (upper - std::begin(windowsUpper)));
+        else
+            western += "&#" + std::to_string(static_cast<uint32_t>(c)) + ";";
+    }
+    return western;
+}

@@ -9,5 +9,8 @@ bool isutf8(std::string_view text);
 /// The text as UTF-8: as it stands when it is valid, else read as windows-1252.
 std::string asutf8(std::string_view text);
 
+/// A text in UTF-8 as windows-1252, with what has no place there as "&#8364;".
+std::string aswestern(std::string_view text);
+
 /// Takes the character off the front of a text that is not empty; U+FFFD for a byte that begins none.
 char32_t takecharacter(std::string_view& text);

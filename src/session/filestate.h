@@ -14,6 +14,7 @@ enum HtmlMode : int16_t { plainLines = 0, wrapperWriting = -1, wrapperReading = 
 struct FileState {
     int16_t htmlMode = plainLines; ///< HtmlMode
     int16_t eofFlag = 0;           ///< 1: a line was asked for behind the end of the input
+    int16_t quietRead = 0;         ///< 1: a file of the session itself is read back: no question, no note
     int16_t dataFileRead = 0;      ///< 1: the input last opened was a data file, and brought its options
     float fileLevel = 0;           ///< version that the file in hand states
     float sessionLevel = 3;        ///< version that this program writes

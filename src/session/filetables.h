@@ -33,8 +33,8 @@ struct FileTables {
     std::vector<double> reportValue;               ///< and in the report
     std::vector<std::string> columnText;           ///< free text lines on the plot, at most 200
     std::vector<float> POINTMARKERX, POINTMARKERY; ///< places of the point markers
-    std::array<float, 4> FITIXSAVE{}; ///< indices of the curve fit, from 1
-    std::vector<std::string> FITO1;   ///< its options
+    std::array<float, 4> FITIXSAVE{};              ///< indices of the curve fit, from 1
+    std::vector<std::string> FITO1;                ///< its options
 
     /// Data by which a curve fit was brought to a common scale.
     struct Normalising {

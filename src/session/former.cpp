@@ -2,22 +2,17 @@
 
 #include <algorithm>
 
-#include "data/datafileopen.h"
 #include "data/datafilesave.h"
 #include "platform/paths.h"
 #include "platform/platform.h"
-#include "session/findfile.h"
 #include "session/opendata.h"
 #include "session/session.h"
-#include "session/sizing.h"
 #include "session/snapshots.h"
 #include "shell/calcplot.h"
 #include "shell/prompts.h"
 #include "shell/words.h"
 
 namespace {
-
-constexpr std::string_view formerEnding = "-f";
 
 std::vector<std::string>& list() { return session.XFILEFORMER; }
 
@@ -39,15 +34,6 @@ std::string activetitle() {
     wordclean(
         compose(text, AsTyped{title}, " (", Word::Set, " ", setcount(), ", ", Word::Point, " ", points, ")"));
     return text;
-}
-
-std::string newformername() {
-    return temppath(std::string(formerEnding) + std::to_string(++session.snapshotSerial) + ".tmp");
-}
-
-/// Results that stand in a file of the user need no copy.
-bool savedinfile() {
-    return session.resultsDirty == 0 && !session.fileName.empty() && sideoffile(session.fileName) != 0;
 }
 
 /// Fills the prompt with the list, a letter each: A to S.
@@ -99,15 +85,23 @@ void recalculate(bool dirty) {
     session.resultsDirty = dirty ? 1 : 0;
 }
 
-bool readquietly(const std::string& path) {
-    const Keep kept(session.noPrompt);
-    session.noPrompt = 1;
-    return datafileopen(path, roomfor) == FileRead::read;
+/// The session read back as it was before something that failed.
+void restore(const History::Snapshot& present) {
+    if (!present.path.empty()) snapshotread(present);
+    session.fileName = present.fileName;
 }
 
-void restore(const History::Snapshot& present) {
-    if (!present.path.empty()) readquietly(present.path);
-    session.fileName = present.fileName;
+/// The snapshot of a result on the list: a file of the user holds no more than itself.
+History::Snapshot snapshotof(const std::string& path) {
+    const auto note = session.formerNotes.find(path);
+    if (note != session.formerNotes.end()) return note->second.snapshot;
+    return {path, path, {}, {}};
+}
+
+/// The active results stand on the list, or in a file of the user, as they are.
+bool listed() {
+    const bool active = std::find(list().begin(), list().end(), session.formerActive) != list().end();
+    return active && savedas(session.formerActive);
 }
 
 void deleteall() {
@@ -157,16 +151,16 @@ std::string formerhint() {
 }
 
 bool formerkeep() {
-    if (session.lastRow <= 0) return true;
+    if (session.lastRow <= 0 || listed()) return true;
     if (!makeplace()) return false;
-    if (savedinfile()) {
+    if (savedas(session.fileName)) {
         put(session.fileName);
         return true;
     }
-    const std::string path = newformername();
-    if (!snapshotwrite(path)) return false;
-    session.formerNotes[path] = {activetitle(), session.fileName};
-    put(path);
+    History::Snapshot snapshot = snapshotnew();
+    if (snapshot.path.empty()) return false;
+    session.formerNotes[snapshot.path] = {activetitle(), snapshot};
+    put(snapshot.path);
     return true;
 }
 
@@ -182,23 +176,20 @@ void formerdelete(std::size_t k) {
 bool formeractivate(std::size_t k) {
     if (k < 1 || k > formercount()) return false;
     const std::string path = list()[k - 1];
-    const bool temporary = oursalone(path);
-    const std::string fileName = temporary ? session.formerNotes[path].fileName : path;
-    if (!formerkeep()) return false;
+    if (!formerkeep() || std::find(list().begin(), list().end(), path) == list().end()) return false;
     const History::Snapshot present = snapshotnew();
-    undokeep();
-    if (!readquietly(path)) {
-        undodrop();
+    if (present.path.empty()) return false;
+    if (!snapshotread(snapshotof(path))) {
         restore(present);
-        formerdelete(formercount()); // the active ones, which stay active
         snapshotremove(present);
         return false;
     }
-    snapshotremove(present);
-    formerdelete(static_cast<std::size_t>(std::find(list().begin(), list().end(), path) - list().begin())
-                 + 1);
-    session.fileName = fileName;
-    recalculate(temporary);
+    if (session.undoActive == 1)
+        undopush(present);
+    else
+        snapshotremove(present);
+    session.formerActive = session.formerSelected = path;
+    recalculate(oursalone(path));
     return true;
 }
 
@@ -206,14 +197,15 @@ bool formermerge(std::size_t k) {
     if (k < 1 || k > formercount()) return false;
     const History::Snapshot present = snapshotnew();
     if (present.path.empty()) return false;
-    const bool readable = readquietly(list()[k - 1]);
-    const auto cells = session.gridCells;
-    const auto titles = session.gridTitles;
+    const bool readable = snapshotread(snapshotof(list()[k - 1]));
+    const GridState added = session;
     restore(present);
-    snapshotremove(present);
+    if (!readable || session.undoActive == 0)
+        snapshotremove(present);
+    else
+        undopush(present);
     if (!readable) return false;
-    undokeep();
-    appendsets(cells, titles);
+    appendsets(added.gridCells, added.gridTitles);
     recalculate(true);
     return true;
 }

@@ -15,11 +15,13 @@ std::string formerhint();    ///< what a press on their icon does
 
 /// Puts the active results on the list, before new data replace them. Where the list is full a result that a
 /// file of the user holds gives way, else the user is asked which. False: on a cancel, or when the results
-/// could not be kept; nothing has changed. An empty session is not kept.
+/// could not be kept; nothing has changed. An empty session, and results that stand on the list as they
+/// are, are not kept again.
 bool formerkeep();
 
-/// Makes result k (from 1) the active one; the active ones take its place on the list. False, and told, when
-/// its file cannot be read; everything then is as it was.
+/// Makes result k (from 1) the active one; it stays on the list, and the results that were active are kept
+/// there, too. False, and told, when its file cannot be read, or there was no place: the session then is as
+/// it was.
 bool formeractivate(std::size_t k);
 /// Puts the sets of result k behind the active ones; the options stay. False as before.
 bool formermerge(std::size_t k);

@@ -27,9 +27,14 @@ struct History {
     std::vector<Snapshot> undoSteps;   ///< the newest last; its path is undoFile
     std::vector<Snapshot> redoSteps;   ///< what was undone, the latest last
     std::string formerSelected;        ///< former result chosen last; empty when it is not on the list
-    /// Of each former result that is a temporary file: its name on the list, and its data file.
+    std::string formerActive;          ///< former result that was activated last
+    /// The grid that the last cycle took; its cells unless it is very large.
+    std::vector<std::vector<std::string>> acceptedCells;
+    std::vector<std::string> acceptedTitles;
+    /// Of each former result that is a temporary file: its name on the list, and the file.
     struct Former {
-        std::string title, fileName;
+        std::string title;
+        Snapshot snapshot;
     };
     std::map<std::string, Former, std::less<>> formerNotes;
 };

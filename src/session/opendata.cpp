@@ -44,11 +44,12 @@ DataRead taketext(bool further) {
     return DataRead::refused;
 }
 
-/// What the session is when a file of our own has been read, or could not be.
+/// What a read of a file of our own comes to for the data.
 DataRead outcomeof(FileRead end) {
     session.dataFileRead = end == FileRead::read ? 1 : 0;
     switch (end) {
-    case FileRead::read: return DataRead::read;
+    case FileRead::read:
+    case FileRead::labels: return DataRead::read;
     case FileRead::nodata: return DataRead::empty;
     case FileRead::cancelled: session.msg.clear(); return DataRead::refused;
     case FileRead::bad:
@@ -58,31 +59,33 @@ DataRead outcomeof(FileRead end) {
     return DataRead::unreadable;
 }
 
-DataRead take(Source& source) {
-    session.dataFileRead = 0;
-    const FileRead end = datafiletake(std::move(*source.text), source.path, roomfor);
-    return end == FileRead::text ? taketext(false) : outcomeof(end);
-}
-
-/// Reads sets to stand behind those that are there; the options stay.
+/// Reads sets to stand behind those that are there; the options stay, and so do the data when it fails.
 DataRead takefurther(Source& source) {
-    const auto cells = session.gridCells;
-    const auto titles = session.gridTitles;
+    const GridState grid = session;
     const int16_t optionsCame = session.dataFileRead;
     const std::string present = datafiletext();
+    const Keep kept(session.quietRead);
+    session.quietRead = 1; // points of the other side are taken as they are
     const FileRead read = datafiletake(std::move(*source.text), source.path, roomfor);
     if (read == FileRead::text) return taketext(true);
     const DataRead end = outcomeof(read);
-    const auto added = std::move(session.gridCells);
-    const auto addedTitles = std::move(session.gridTitles);
-    const Keep kept(session.noPrompt);
-    session.noPrompt = 1;
-    datafiletake(present, "");
-    session.gridCells = cells;
-    session.gridTitles = titles;
+    const GridState added = session;
+    if (read != FileRead::labels) datafiletake(present, "");
+    static_cast<GridState&>(session) = grid;
     session.dataFileRead = optionsCame;
-    if (end == DataRead::read) appendsets(added, addedTitles);
+    if (read == FileRead::read) appendsets(added.gridCells, added.gridTitles);
     return end;
+}
+
+/// The session has taken what stood in the source; a label file leaves data and file as they were.
+void taken(const Source& source, FileRead read) {
+    if (read == FileRead::labels) {
+        session.resultsDirty = 1;
+        return;
+    }
+    session.fileName = source.path;
+    session.resultsDirty = session.dataFileRead != 0 ? 0 : 1;
+    gridaccept();
 }
 
 } // namespace
@@ -104,15 +107,16 @@ DataRead opendata(const std::string& name, bool further) {
     Source source = sourceof(name);
     if (!source.text) return DataRead::unreadable;
     if (further) return takefurther(source);
-    undokeep();
-    const DataRead end = take(source);
-    if (end != DataRead::read) {
-        undodrop();
-        return end;
-    }
-    session.fileName = source.path;
-    session.gridAccepted = gridhash();
-    session.resultsDirty = session.dataFileRead != 0 ? 0 : 1;
+    const History::Snapshot before = undosnapshot();
+    session.dataFileRead = 0;
+    const FileRead read = datafiletake(std::move(*source.text), source.path, roomfor);
+    const DataRead end = read == FileRead::text ? taketext(false) : outcomeof(read);
+    // A file that turned out bad may have left options behind: they can be undone.
+    if (end == DataRead::read || read == FileRead::bad)
+        undopush(before);
+    else
+        snapshotremove(before);
+    if (end == DataRead::read) taken(source, read);
     return end;
 }
 

@@ -1,12 +1,15 @@
 #include "session/snapshots.h"
 
 #include <filesystem>
+#include <utility>
 
+#include "data/datafileopen.h"
 #include "data/datafilesave.h"
 #include "platform/paths.h"
 #include "platform/platform.h"
 #include "session/findfile.h"
 #include "session/session.h"
+#include "session/sizing.h"
 
 namespace {
 
@@ -35,6 +38,12 @@ void moveto(History::Snapshot& snapshot, const std::string& path) {
     if (!error) snapshot.path = path;
 }
 
+std::size_t typedcells() {
+    std::size_t cells = 0;
+    for (const auto& column : session.gridCells) cells += column.size();
+    return cells;
+}
+
 std::string newname() { return temppath("-s" + std::to_string(++session.snapshotSerial) + ".tmp"); }
 
 void forgetredo() {
@@ -61,13 +70,46 @@ void undostack() {
     if (!steps.empty() && steps.back().path != session.undoFile) moveto(steps.back(), session.undoFile);
 }
 
-void undokeep() {
-    if (session.undoActive == 0) return;
+void gridaccept() {
+    session.gridAccepted = gridhash();
+    session.acceptedTitles = session.gridTitles;
+    if (typedcells() > mostTypedCells)
+        session.acceptedCells.clear();
+    else
+        session.acceptedCells = session.gridCells;
+}
+
+History::Snapshot snapshotnew() {
+    const std::string path = newname();
+    History::Snapshot snapshot{snapshotwrite(path) ? path : std::string(), session.fileName, {}, {}};
+    if (typedcells() > mostTypedCells) return snapshot;
+    snapshot.cells = session.gridCells;
+    snapshot.titles = session.gridTitles;
+    return snapshot;
+}
+
+History::Snapshot undosnapshot() { return session.undoActive == 1 ? snapshotnew() : History::Snapshot(); }
+
+void snapshotremove(const History::Snapshot& snapshot) {
+    if (platform && !snapshot.path.empty()) platform->system().removefile(snapshot.path);
+}
+
+bool snapshotread(const History::Snapshot& snapshot) {
+    const Keep kept(session.quietRead);
+    session.quietRead = 1;
+    if (datafileopen(snapshot.path, roomfor) != FileRead::read) return false;
+    session.fileName = snapshot.fileName;
+    if (snapshot.cells.empty()) return true;
+    session.gridCells = snapshot.cells;
+    session.gridTitles = snapshot.titles;
+    return true;
+}
+
+void undopush(const History::Snapshot& snapshot) {
     session.undoKept = 1;
+    if (snapshot.path.empty()) return;
     forgetredo();
-    const History::Snapshot present = snapshotnew();
-    if (present.path.empty()) return;
-    session.undoSteps.push_back(present);
+    session.undoSteps.push_back(snapshot);
     if (session.undoSteps.size() > History::undoMax) {
         snapshotremove(session.undoSteps.front());
         session.undoSteps.erase(session.undoSteps.begin());
@@ -75,35 +117,18 @@ void undokeep() {
     undostack();
 }
 
-void undodrop() {
-    session.undoKept = 0;
-    if (session.undoActive == 0 || session.undoSteps.empty()) return;
-    snapshotremove(session.undoSteps.back());
-    session.undoSteps.pop_back();
-    undostack();
-}
-
 void undonotice() {
-    const uint64_t grid = gridhash();
-    if (grid != session.gridAccepted) {
-        if (session.undoKept == 0) undokeep();
+    if (gridhash() != session.gridAccepted) {
         session.resultsDirty = 1;
+        if (session.undoKept == 0 && session.undoActive == 1) {
+            // The points are still those of the last cycle; so must be the grid that goes with them.
+            std::swap(session.gridCells, session.acceptedCells);
+            std::swap(session.gridTitles, session.acceptedTitles);
+            undopush(snapshotnew());
+            std::swap(session.gridCells, session.acceptedCells);
+            std::swap(session.gridTitles, session.acceptedTitles);
+        }
+        gridaccept();
     }
-    session.gridAccepted = grid;
     session.undoKept = 0;
-}
-
-History::Snapshot snapshotnew() {
-    const std::string path = newname();
-    History::Snapshot snapshot{snapshotwrite(path) ? path : std::string(), session.fileName, {}, {}};
-    std::size_t cells = 0;
-    for (const auto& column : session.gridCells) cells += column.size();
-    if (cells > mostTypedCells) return snapshot;
-    snapshot.cells = session.gridCells;
-    snapshot.titles = session.gridTitles;
-    return snapshot;
-}
-
-void snapshotremove(const History::Snapshot& snapshot) {
-    if (platform && !snapshot.path.empty()) platform->system().removefile(snapshot.path);
 }

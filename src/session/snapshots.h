@@ -9,12 +9,22 @@
 /// Digest of the grid's cells and titles: two grids that differ have the same one time in 2^64.
 uint64_t gridhash();
 
-/// Keeps the session as it is as the newest undo step, in undoFile; what had been undone is forgotten. Beyond
-/// undoMax the oldest step goes. Does nothing where no undo can be asked for.
-void undokeep();
+/// Takes the grid as the one that the session's results belong to.
+void gridaccept();
 
-/// Forgets the newest step: the change it was kept for did not come about.
-void undodrop();
+/// Writes the session to a new temporary file; an empty path when that failed.
+History::Snapshot snapshotnew();
+/// The same where steps are kept to be undone; elsewhere, an empty path.
+History::Snapshot undosnapshot();
+void snapshotremove(const History::Snapshot& snapshot);
+
+/// Reads a snapshot back, the grid as it was typed, without a question or a note. False when its file cannot
+/// be read.
+bool snapshotread(const History::Snapshot& snapshot);
+
+/// Makes a snapshot the newest undo step, with the name undoFile; what had been undone is forgotten. Beyond
+/// undoMax the oldest step goes. An empty one makes no step.
+void undopush(const History::Snapshot& snapshot);
 
 /// Gives the newest undo step the name undoFile, after a change of the list.
 void undostack();
@@ -22,7 +32,3 @@ void undostack();
 /// Called by a cycle before it reads the grid, while the session still holds the data of the last one: where
 /// the grid has changed they are kept, and the session has results to save.
 void undonotice();
-
-/// Writes the session to a new temporary file; an empty path when that failed.
-History::Snapshot snapshotnew();
-void snapshotremove(const History::Snapshot& snapshot);

@@ -1,6 +1,5 @@
 #include "session/undo.h"
 
-#include "data/datafileopen.h"
 #include "session/session.h"
 #include "session/snapshots.h"
 #include "shell/calcplot.h"
@@ -17,24 +16,13 @@ bool tellnothing() {
     return false;
 }
 
-bool readstep(const History::Snapshot& step) {
-    const Keep kept(session.noPrompt);
-    session.noPrompt = 1;
-    if (datafileopen(step.path) != FileRead::read) return false;
-    session.fileName = step.fileName;
-    if (step.cells.empty()) return true;
-    session.gridCells = step.cells;
-    session.gridTitles = step.titles;
-    return true;
-}
-
 /// Takes the newest step of one list into force, after the session as it is has become the newest step of
 /// the other.
 bool takestep(Steps& from, Steps& to) {
     if (from.empty()) return tellnothing();
     const History::Snapshot present = snapshotnew();
-    if (present.path.empty() || !readstep(from.back())) {
-        if (!present.path.empty()) readstep(present);
+    if (present.path.empty() || !snapshotread(from.back())) {
+        if (!present.path.empty()) snapshotread(present);
         snapshotremove(present);
         return false;
     }

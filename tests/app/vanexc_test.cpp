@@ -501,7 +501,7 @@ TEST_F(Vanexc, SavesTheSessionAndComputesTheSameOfIt) {
     const Json before = Json::parse(contents(folder / "first.json"));
     const Json after = Json::parse(contents(folder / "second.json"));
     EXPECT_EQ(after["sets"], before["sets"]);
-    EXPECT_EQ(before["sets"][0]["family"], "Lognormal");
+    EXPECT_EQ(before["sets"][0]["family"], "LogNormal");
 }
 
 TEST_F(Vanexc, TheCommandLineHoldsAgainstTheOptionsOfTheFile) {

@@ -57,7 +57,7 @@ TEST_F(Former, CaptionAndHintTellWhatThereIs) {
     EXPECT_EQ(formerhint(), "Select = Activate ... Right Select = Delete");
 }
 
-TEST_F(Former, AnActivatedResultChangesPlacesWithTheActiveOne) {
+TEST_F(Former, AnActivatedResultStaysOnTheListAndTheActiveOneJoinsIt) {
     session.dist = lognormal;
     keep({"150", "230", "-400"}, "pumps");
     session.dist = gumbel;
@@ -66,10 +66,36 @@ TEST_F(Former, AnActivatedResultChangesPlacesWithTheActiveOne) {
     EXPECT_EQ(session.gridCells, (Cells{{"150", "230", "-400"}}));
     EXPECT_EQ(session.gridTitles.front(), "pumps");
     EXPECT_EQ(session.dist, lognormal) << "the options come with the data";
-    ASSERT_EQ(formercount(), 1u);
-    ASSERT_TRUE(formeractivate(1));
+    ASSERT_EQ(formercount(), 2u);
+    ASSERT_TRUE(formeractivate(2));
     EXPECT_EQ(session.gridCells, (Cells{{"20", "30"}}));
     EXPECT_EQ(session.dist, gumbel);
+    EXPECT_EQ(formercount(), 2u) << "what stands on the list as it is needs no second entry";
+}
+
+TEST_F(Former, AnOptionChangedSinceTheSaveIsKept) {
+    data({"150", "230"});
+    ASSERT_TRUE(datafilesave(folder.path("pumps.w")));
+    session.dist = lognormal;
+    calcplot();
+    ASSERT_TRUE(formerkeep());
+    EXPECT_EQ(formerunsaved(), 1u);
+    session.dist = weibull;
+    data({"20", "30"});
+    ASSERT_TRUE(formeractivate(1));
+    EXPECT_EQ(session.dist, lognormal);
+    EXPECT_EQ(session.fileName, folder.path("pumps.w"));
+}
+
+TEST_F(Former, AFailedActivationOfAnEmptySessionCostsNoOtherResult) {
+    keep({"150", "230"});
+    keep({"20", "30"});
+    std::filesystem::remove(session.XFILEFORMER.front());
+    data({});
+    desktop.expectmessage("No Data");
+    EXPECT_FALSE(formeractivate(1));
+    EXPECT_EQ(formercount(), 2u);
+    EXPECT_TRUE(formeractivate(2));
 }
 
 TEST_F(Former, MergedSetsStandBehindTheActiveOnes) {
@@ -91,7 +117,6 @@ TEST_F(Former, ALostFileLeavesTheSessionAsItIs) {
     desktop.expectmessage("No Data");
     EXPECT_FALSE(formeractivate(1));
     EXPECT_EQ(session.gridCells, (Cells{{"20", "30"}}));
-    EXPECT_EQ(formercount(), 1u);
     desktop.expectmessage("No Data");
     EXPECT_FALSE(formermerge(1));
     EXPECT_EQ(session.gridCells, (Cells{{"20", "30"}}));
@@ -115,8 +140,6 @@ TEST_F(Former, TheListHoldsNineteenAndAsksWhichToDrop) {
 TEST_F(Former, ResultsOfASavedFileNeedNoCopyAndGiveWayUnasked) {
     data({"150", "230"});
     ASSERT_TRUE(datafilesave(folder.path("pumps.w")));
-    ASSERT_EQ(opendata(folder.path("pumps.w")), DataRead::read);
-    calcplot();
     ASSERT_TRUE(formerkeep());
     EXPECT_EQ(session.XFILEFORMER, (std::vector<std::string>{folder.path("pumps.w")}));
     EXPECT_EQ(formerunsaved(), 0u);
