@@ -14,6 +14,7 @@ constexpr std::size_t heldBytes = 1 << 16;
 
 struct Input {
     std::string text;
+    std::string rewritten; ///< a line that is not in the text as it reads
     std::size_t place = 0;
     std::size_t feed = 0; ///< the first LF not before `place`, or the end of the text; 0 not known
 };
@@ -67,7 +68,8 @@ void writenumber(Number value) {
 
 void inputtext(std::string text) {
     if (text.starts_with(byteOrderMark)) text.erase(0, byteOrderMark.size());
-    input = {isutf8(text) ? std::move(text) : asutf8(text)};
+    input = {};
+    input.text = isutf8(text) ? std::move(text) : asutf8(text);
     session.eofFlag = 0;
 }
 
@@ -100,7 +102,11 @@ std::string_view nextline() {
     const std::size_t end = lineend(input);
     const std::string_view line = text.substr(input.place, end - input.place);
     input.place = end + (text.substr(end, 2) == "\r\n" ? 2 : 1);
-    return session.htmlMode == wrapperReading ? unwrapped(line) : line;
+    if (session.htmlMode != wrapperReading) return line;
+    const std::string_view inside = unwrapped(line);
+    if (inside.find("&#") == std::string_view::npos) return inside;
+    input.rewritten = withoutnumbers(inside);
+    return input.rewritten;
 }
 
 void lineget() { session.msg = nextline(); }
@@ -127,7 +133,8 @@ bool outputend() {
 void linewrite(std::string_view line) {
     const bool wrapped = session.htmlMode == wrapperWriting;
     if (wrapped) output.held += paragraph;
-    if (wrapped && !std::all_of(line.begin(), line.end(), [](char c) { return c > 0; }))
+    const auto beyond = [](char c) { return c <= 0 || c == '&'; };
+    if (wrapped && std::any_of(line.begin(), line.end(), beyond))
         output.held += aswestern(line); // as the head of the page declares
     else
         output.held += line;

@@ -22,7 +22,8 @@ void inputseek(std::size_t place);
 /// What is left of the input, as it stands.
 std::string_view inputrest();
 
-/// The next line as a view of the input, good until it is closed. Behind the end: empty, and eofFlag is 1.
+/// The next line as a view, good until the next one is taken or the input closed. Behind the end: empty, and
+/// eofFlag is 1.
 std::string_view nextline();
 void lineget();  ///< the next line in msg
 void lineread(); ///< and as a number in u and ud; 0 when it is none, or behind the end

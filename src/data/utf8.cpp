@@ -1,6 +1,7 @@
 #include "data/utf8.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cstdint>
 
 namespace {
@@ -11,14 +12,19 @@ constexpr char16_t windowsUpper[32] = {0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0
                                        0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
                                        0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
 
-void appendpoint(std::string& out, char16_t point) {
+void appendpoint(std::string& out, char32_t point) {
     if (point < 0x80) {
         out += static_cast<char>(point);
     } else if (point < 0x800) {
         out += static_cast<char>(0xC0 | (point >> 6));
         out += static_cast<char>(0x80 | (point & 0x3F));
-    } else {
+    } else if (point < 0x10000) {
         out += static_cast<char>(0xE0 | (point >> 12));
+        out += static_cast<char>(0x80 | ((point >> 6) & 0x3F));
+        out += static_cast<char>(0x80 | (point & 0x3F));
+    } else {
+        out += static_cast<char>(0xF0 | (point >> 18));
+        out += static_cast<char>(0x80 | ((point >> 12) & 0x3F));
         out += static_cast<char>(0x80 | ((point >> 6) & 0x3F));
         out += static_cast<char>(0x80 | (point & 0x3F));
     }
@@ -75,6 +81,10 @@ std::string aswestern(std::string_view text) {
     western.reserve(text.size());
     while (!text.empty()) {
         const char32_t c = takecharacter(text);
+        if (c == '&' && text.starts_with('#')) {
+            western += "&#38;";
+            continue;
+        }
         const auto* const upper = std::find(std::begin(windowsUpper), std::end(windowsUpper), c);
         if (c < 0x80 || (c >= 0xA0 && c < 0x100))
             western += static_cast<char>(c);
@@ -84,4 +94,25 @@ std::string aswestern(std::string_view text) {
             western += "&#" + std::to_string(static_cast<uint32_t>(c)) + ";";
     }
     return western;
+}
+
+std::string withoutnumbers(std::string_view text) {
+    std::string plain;
+    plain.reserve(text.size());
+    while (!text.empty()) {
+        const auto mark = std::min(text.find("&#"), text.size());
+        plain += text.substr(0, mark);
+        text.remove_prefix(mark);
+        if (text.empty()) break;
+        uint32_t number = 0;
+        const char* const end = text.data() + text.size();
+        const auto read = std::from_chars(text.data() + 2, end, number);
+        const bool named = read.ec == std::errc() && read.ptr != end && *read.ptr == ';' && number < 0x110000
+                           && (number < 0xD800 || number > 0xDFFF) && number > 0;
+        if (named) appendpoint(plain, number);
+        const auto taken = named ? static_cast<std::size_t>(read.ptr + 1 - text.data()) : 2;
+        if (!named) plain += text.substr(0, taken);
+        text.remove_prefix(taken);
+    }
+    return plain;
 }

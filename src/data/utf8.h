@@ -9,8 +9,12 @@ bool isutf8(std::string_view text);
 /// The text as UTF-8: as it stands when it is valid, else read as windows-1252.
 std::string asutf8(std::string_view text);
 
-/// A text in UTF-8 as windows-1252, with what has no place there as "&#8364;".
+/// A text in UTF-8 as windows-1252, with what has no place there as its number: "&#937;". An "&#" of the text
+/// itself becomes "&#38;#".
 std::string aswestern(std::string_view text);
+
+/// The same text with its numbers as characters again, in UTF-8.
+std::string withoutnumbers(std::string_view text);
 
 /// Takes the character off the front of a text that is not empty; U+FFFD for a byte that begins none.
 char32_t takecharacter(std::string_view& text);

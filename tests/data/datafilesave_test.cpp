@@ -151,4 +151,18 @@ TEST_F(DataFileSave, AFileIsFoundWithTheExtensionOfItsSide) {
     EXPECT_EQ(datafiletake("", ""), FileRead::nodata);
 }
 
+TEST_F(DataFileSave, ThePageIsInTheLettersItsHeadDeclares) {
+    // a-umlaut and the euro sign are in windows-1252, omega is not; "&#" could be taken for a number
+    const std::string title = "\xC3\xA4 \xE2\x82\xAC \xCE\xA9 &#65; & <b>";
+    session.gridTitles = {title, ""};
+    calcplot();
+    session.htmlMode = wrapperAsked;
+    ASSERT_TRUE(datafilesave(folder.path("page.w")));
+    EXPECT_NE(folder.text("page.w").find("<P>SET_\xE4 \x80 &#937; &#38;#65; & <b>_"), std::string::npos);
+    session.htmlMode = plainLines;
+    session.gridTitles.clear();
+    ASSERT_EQ(datafileopen(folder.path("page.w")), FileRead::read);
+    EXPECT_EQ(session.gridTitles.front(), title);
+}
+
 } // namespace
