@@ -22,7 +22,7 @@ bool usageopen(int choice) {
     if (choice < 1 || choice > static_cast<int>(std::size(tables))) return false;
     const UsageTable& table = tables[choice - 1];
     const Keep keep{session.msg, session.formatWanted};
-    session.formatWanted = "A"; // cells, whatever the menu was last used for
+    session.formatWanted = session.progSide == lifeSide ? "A1" : "A3"; // cells, whatever was used last
     session.msg = table.file;
     const bool found = findfilequietly();
     if (!found || opendata(session.msg) != DataRead::read) {
