@@ -8,7 +8,6 @@
 
 namespace {
 
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view paragraph = "<P>", paragraphEnd = "</P>";
 constexpr std::size_t heldBytes = 1 << 16;
 
@@ -67,9 +66,8 @@ void writenumber(Number value) {
 } // namespace
 
 void inputtext(std::string text) {
-    if (text.starts_with(byteOrderMark)) text.erase(0, byteOrderMark.size());
     input = {};
-    input.text = isutf8(text) ? std::move(text) : asutf8(text);
+    input.text = unicodetext(std::move(text));
     session.eofFlag = 0;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "data/cell.h"
 #include "data/importwarranty.h"
 #include "data/numbertext.h"
 #include "data/textlines.h"
@@ -86,6 +87,8 @@ std::string numbertext(double value) {
     return text;
 }
 
+constexpr std::string_view foundFailed = "-3.3E+33"; ///< upper end: the event happened before X
+
 /// Takes one column. False when it does not hold what the form wants there.
 class Taker {
 public:
@@ -131,39 +134,45 @@ private:
         if (takesuspension(text)) row.point.suspended = true;
         std::string_view number = text;
         if (number.starts_with('<')) number.remove_prefix(1);
+        while (number.starts_with(' ')) number.remove_prefix(1);
         if (!wholenumber(number)) return false;
         row.point.x = text.starts_with('+') ? text.substr(1) : text;
         return true;
     }
 
     static bool takemark(std::string_view text, RowPoint& row) {
-        if (text.empty()) return false;
-        const char c = text.front();
-        const bool suspended = c == 'S' || c == 's' || text == "0" || text == "+";
-        if (!suspended && c != 'F' && c != 'f' && text != "1") return false;
-        row.point.suspended = row.point.suspended || suspended;
+        const auto suspended = suspensionmark(text);
+        if (!suspended) return false;
+        row.point.suspended = row.point.suspended || *suspended;
         return true;
     }
 
-    /// A number that may be missing, and may not be negative.
+    /// A number that may be missing, and may not be negative, nor so large that it is no quantity but one of
+    /// the numbers that stand for a suspension.
     static bool takecount(std::string_view text, std::string& value) {
         value = text;
         if (text.empty()) return true;
         const auto number = wholenumber(text);
-        return number && *number >= 0;
+        constexpr double sentinels = 2e29;
+        return number && *number >= 0 && *number < sentinels;
     }
 
     bool takeupper(std::string_view text, RowPoint& row) const {
         ImportPoint& point = row.point;
+        if (text.empty() && point.x.starts_with('<')) {
+            point.x.erase(0, point.x.find_first_not_of("< "));
+            point.z = foundFailed;
+            return true;
+        }
         if (text.empty()) {
             point.suspended = true;
             return !point.x.empty();
         }
         const auto upper = wholenumber(text);
-        if (!upper) return false;
+        if (!upper || point.suspended) return false;
         if (point.x.empty()) {
             point.x = text;
-            point.z = "-3.3E+33";
+            point.z = foundFailed;
             return true;
         }
         const auto lower = wholenumber(point.x);
@@ -255,7 +264,9 @@ private:
             return;
         }
         if (!bycolumn()) {
-            if (sets.empty(current) && !hasnumber(items)) return sets.title(current, joined(items));
+            if (sets.empty(current) && !hasnumber(items)
+                && std::any_of(items.begin(), items.end(), isheading))
+                return sets.title(current, joined(items));
             return readblock(items, current);
         }
         for (std::size_t at = 0, set = 0; at < items.size() && sets.room(set); at += width(), ++set) {
@@ -278,11 +289,13 @@ private:
         }
     }
 
-    /// A cell as it stands, but for "X+"; a date is no number.
+    /// A cell as it stands, but for "X+". One that the reader of cells would take a part of is no number, and
+    /// neither is a date.
     std::string cellof(std::string_view item) const {
         if (looksdate(item)) return "? " + std::string(item);
         std::string_view x = item;
-        if (!item.ends_with('+') || !takesuspension(x) || !wholenumber(x)) return std::string(item);
+        if (!item.ends_with('+') || !takesuspension(x) || !wholenumber(x))
+            return (goodcell(item) || !cellsplit(item).hasValue ? "" : "? ") + std::string(item);
         std::string cell;
         ImportPoint point;
         point.x = x;

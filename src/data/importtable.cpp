@@ -223,7 +223,7 @@ constexpr ImportLetter lifeLetters[] = {
 
 constexpr ImportForm xyA[] = {
     {{x, y},
-     1,
+     2,
      Rows::points,
      NewSet::column,
      keepInput,
@@ -233,7 +233,7 @@ constexpr ImportForm xyA[] = {
          extend(t, " ", Word::Only, "]");
      }},
     {{x, y, quantity},
-     1,
+     2,
      Rows::points,
      NewSet::column,
      keepInput,

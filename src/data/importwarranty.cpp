@@ -15,6 +15,7 @@ struct Period {
 };
 
 struct Table {
+    std::vector<std::vector<std::string_view>> rows; ///< items, of the text
     std::vector<Period> periods;
     std::string title;
     std::size_t columns = 0;
@@ -33,12 +34,25 @@ std::optional<double> countof(std::string_view text) {
     return value && *value >= 0 ? value : std::nullopt;
 }
 
-Period periodof(std::span<const std::string_view> items) {
+/// True for rows that begin with the years of their periods, one after the other: no quantities go so.
+bool namedbyyears(const std::vector<std::vector<std::string_view>>& rows) {
+    constexpr double first = 1900, last = 2100;
+    double before = 0;
+    for (const auto& row : rows) {
+        const double year = row[0].size() == 4 ? wholenumber(row[0]).value_or(0) : 0;
+        if (year < first || year > last || (before > 0 && year != before + 1)) return false;
+        before = year;
+    }
+    return rows.size() > 1;
+}
+
+/// A period by its items; `named` when the first of them is its name.
+Period periodof(std::span<const std::string_view> items, bool named) {
     Period period;
     period.shown = "?";
     for (const std::string_view item : items.first(std::min<std::size_t>(items.size(), 20)))
         if (!item.empty()) (period.shown += ' ') += item;
-    if (!items.empty() && !wholenumber(items[0])) items = items.subspan(1);
+    if (!items.empty() && (named || !wholenumber(items[0]))) items = items.subspan(1);
     const auto produced = items.empty() || items[0].empty() ? std::nullopt : countof(items[0]);
     period.readable = produced.has_value();
     period.produced = produced.value_or(0);
@@ -97,7 +111,16 @@ void putages(const Ages& ages, std::int16_t inputType, SuspendBy suspendBy, std:
     }
 }
 
-void puttable(const Table& table, std::int16_t inputType, const ImportOptions& options, ImportedData& data) {
+void readperiods(Table& table) {
+    const bool named = namedbyyears(table.rows);
+    for (const auto& row : table.rows) {
+        table.periods.push_back(periodof(row, named));
+        table.columns = std::max(table.columns, table.periods.back().returned.size());
+    }
+}
+
+void puttable(Table& table, std::int16_t inputType, const ImportOptions& options, ImportedData& data) {
+    readperiods(table);
     if (table.periods.empty() || data.cells.size() >= options.mostSets) return;
     std::vector<std::string> cells;
     Ages ages{std::vector<double>(table.columns), std::vector<double>(table.columns)};
@@ -126,8 +149,7 @@ void readwarranty(std::string_view normalised, std::int16_t inputType, const Imp
         } else if (rows.number == options.titleRow) {
             table.title = rows.items.size() == 1 ? rows.items[0] : std::string_view();
         } else {
-            table.periods.push_back(periodof(rows.items));
-            table.columns = std::max(table.columns, table.periods.back().returned.size());
+            table.rows.push_back(rows.items);
         }
     }
     puttable(table, inputType, options, data);

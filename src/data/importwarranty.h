@@ -3,7 +3,8 @@
 #include "data/importread.h"
 
 /// Warranty tables in the Nevada form: each row a production period, with the quantity produced and behind it
-/// the returns by period. A name of the period may stand in front; it must not be a plain number.
+/// the returns by period. A name of the period may stand in front; it must not be a plain number, except for
+/// years that follow one another.
 ///
 /// Columns are periods of the calendar, and row i begins to be observed with column i: what is returned in
 /// column j was in use for j - i + 1 periods, and a cell left of that diagonal is empty or 0. With m columns,

@@ -22,11 +22,25 @@ bool nobodyasked() { return session.noPrompt == 1 || !session.scriptRequest.empt
 
 constexpr std::size_t shownLine = 60; ///< characters of a line that a question repeats
 
-/// The marks with what is undecided read in one way.
-TextMarks settled(TextMarks marks, bool decimal) {
-    if (marks.between == Comma::undecided) marks.between = decimal ? Comma::decimal : Comma::separator;
+/// The marks with what is undecided read in one way: as decimal symbols, or as what they are where the point
+/// is the decimal symbol. Commas that may all stand between thousands do so there.
+TextMarks settled(const TextLook& look, bool decimal) {
+    TextMarks marks = look.marks;
+    const Comma point = look.thousands ? Comma::group : Comma::separator;
+    if (marks.between == Comma::undecided) marks.between = decimal ? Comma::decimal : point;
     if (marks.within == Comma::undecided) marks.within = decimal ? Comma::decimal : Comma::group;
     return marks;
+}
+
+/// Every reading of what is undecided: two or three.
+std::vector<TextMarks> readingsof(const TextLook& look) {
+    std::vector<TextMarks> readings;
+    if (look.decimals || look.marks.within == Comma::undecided) readings.push_back(settled(look, true));
+    readings.push_back(settled(look, false));
+    if (!look.thousands) return readings;
+    readings.push_back(readings.back());
+    readings.back().between = Comma::separator;
+    return readings;
 }
 
 /// A line as it would be read, fit to be shown.
@@ -41,19 +55,20 @@ std::string reading(std::string_view line, const TextMarks& marks) {
 
 /// Asks which reading of the first line is meant. False on cancel.
 bool askdecimal(const TextLook& look, TextMarks& marks, bool preferDecimal) {
-    const TextMarks readings[] = {settled(look.marks, true), settled(look.marks, false)};
+    const std::vector<TextMarks> readings = readingsof(look);
+    const int count = static_cast<int>(readings.size());
     menuclear();
-    for (int i = 0; i < 2; ++i)
+    for (int i = 0; i < count; ++i)
         compose(session.menuItem[i + 1], i + 1, "...", AsTyped{reading(look.firstLine, readings[i])});
-    compose(session.menuItem[3], "X...", Word::Exit);
-    session.menuCount = 3;
-    session.menuChoice = preferDecimal ? 1 : 2;
+    compose(session.menuItem[count + 1], "X...", Word::Exit);
+    session.menuCount = static_cast<float>(count + 1);
+    session.menuChoice = preferDecimal || !look.decimals ? 1 : 2;
     compose(session.msg, Word::Decimal, " ", Word::Symbol, " \",\"? ",
             AsTyped{look.firstLine.substr(0, shownLine)});
     menushow();
-    const float choice = session.menuChoice;
-    if (choice != 1 && choice != 2) return false;
-    marks = readings[static_cast<int>(choice) - 1];
+    const int choice = static_cast<int>(session.menuChoice);
+    if (choice < 1 || choice > count) return false;
+    marks = readings[choice - 1];
     return true;
 }
 
@@ -69,21 +84,22 @@ bool isslip(const TextLook& look) {
 bool settlecommas(const TextLook& look, TextMarks& marks) {
     marks = look.marks;
     if (!session.decimalWanted.empty()) {
-        marks = settled(marks, session.decimalWanted == ",");
+        marks = settled(look, session.decimalWanted == ",");
         return true;
     }
     if (!look.undecided()) return true;
     const bool declared = session.decimalSeparator == "," || session.exportDecimal == ",";
     if (!nobodyasked()) return askdecimal(look, marks, declared);
     if (declared) {
-        marks = settled(marks, true);
+        marks = settled(look, true);
         return true;
     }
     if (isslip(look)) return true;
     const std::string_view line = look.firstLine.substr(0, shownLine);
+    const std::vector<TextMarks> readings = readingsof(look);
     compose(session.msg, Word::Decimal, " ", Word::Symbol, " ", Word::Unknown, ": ", AsTyped{line}, " = ",
-            AsTyped{reading(line, settled(marks, true))}, " ", Word::Or, " ",
-            AsTyped{reading(line, settled(marks, false))}, "? ... --decimal comma / --decimal point");
+            AsTyped{reading(line, readings[0])}, " ", Word::Or, " ", AsTyped{reading(line, readings[1])},
+            "? ... --decimal comma / --decimal point");
     const std::string reason = session.msg;
     tellok();
     session.msg = reason;

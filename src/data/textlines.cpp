@@ -53,13 +53,23 @@ std::size_t passquoted(std::string_view text, std::size_t at) {
     return text[at] == '"' && fieldbegins(text, at) ? behindquoted(text, at) : at;
 }
 
+/// Length of the first word of a text: up to a blank. A mark of suspension or discovery and the number behind
+/// it, "> 100", are one.
+std::size_t wordlength(std::string_view text) {
+    std::size_t at = 0;
+    if (text.starts_with('>') || text.starts_with('<'))
+        for (++at; at < text.size() && isblank(text[at]);) ++at;
+    while (at < text.size() && !isblank(text[at])) ++at;
+    return at;
+}
+
 /// A row of numbers and nothing else: dates with a time of day and labels are none.
 bool numberrow(std::string_view text) {
     if (text.find(' ') == std::string_view::npos || text.find_first_of("_:") != std::string_view::npos)
         return false;
     while (!text.empty()) {
         if (!beginsnumber(text)) return false;
-        text.remove_prefix(std::min(text.find(' '), text.size()));
+        text.remove_prefix(wordlength(text));
         text = trimmedfield(text);
     }
     return true;
@@ -139,7 +149,7 @@ void TextLines::putwords(std::string_view text, bool framed) {
     }
     if (!numberrow(text)) return put(text, framed);
     while (!text.empty()) {
-        const std::size_t end = std::min(text.find(' '), text.size());
+        const std::size_t end = wordlength(text);
         put(text.substr(0, end), framed);
         text = trimmedfield(text.substr(end));
     }
@@ -192,7 +202,7 @@ void TextLines::cutatblanks() {
             words = trimmedfield(words.substr(behind));
             continue;
         }
-        std::size_t end = wordend(0);
+        std::size_t end = wordlength(words);
         if (words.substr(0, end).find('_') != std::string_view::npos) {
             for (std::size_t from = end; from < words.size();) {
                 while (from < words.size() && isblank(words[from])) ++from;

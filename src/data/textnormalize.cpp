@@ -7,65 +7,87 @@
 
 namespace {
 
-// ---- bytes to UTF-8 ----
+// ---- marks between thousands ----
 
-void appendcharacter(std::string& out, char32_t c) {
-    const auto tail = [&](int shift) { out += static_cast<char>(0x80 | ((c >> shift) & 0x3F)); };
-    if (c < 0x80) {
-        out += static_cast<char>(c);
-    } else if (c < 0x800) {
-        out += static_cast<char>(0xC0 | (c >> 6));
-        tail(0);
-    } else if (c < 0x10000) {
-        out += static_cast<char>(0xE0 | (c >> 12));
-        tail(6), tail(0);
-    } else {
-        out += static_cast<char>(0xF0 | (c >> 18));
-        tail(12), tail(6), tail(0);
+constexpr std::string_view noBreak = "\xC2\xA0", thinSpace = "\xE2\x80\x89", narrowSpace = "\xE2\x80\xAF",
+                           minusSign = "\xE2\x88\x92";
+
+/// Length of a mark that may stand between thousands, at the start of a text; 0 for anything else.
+std::size_t thousandsmark(std::string_view text) {
+    for (const std::string_view mark : {std::string_view("'"), noBreak, thinSpace, narrowSpace})
+        if (text.starts_with(mark)) return mark.size();
+    return 0;
+}
+
+std::size_t digitsat(std::string_view text, std::size_t at) {
+    std::size_t count = 0;
+    while (at + count < text.size() && decimaldigit(text[at + count])) ++count;
+    return count;
+}
+
+/// Length of a number in groups of three digits that one and the same mark joins, "1'234'567"; 0 for any
+/// other text: a mark between other digits may be minutes, feet or a column.
+std::size_t joinedgroups(std::string_view text) {
+    std::size_t at = digitsat(text, 0);
+    if (at < 1 || at > 3 || text[0] == '0') return 0;
+    const std::string_view mark = text.substr(at, thousandsmark(text.substr(at)));
+    if (mark.empty()) return 0;
+    while (text.substr(at).starts_with(mark)) {
+        if (digitsat(text, at + mark.size()) != 3) return 0;
+        at += mark.size() + 3;
     }
+    return thousandsmark(text.substr(at)) == 0 ? at : 0;
 }
 
-/// UTF-16 in either byte order; half a pair becomes the replacement character (RFC 2781).
-std::string fromutf16(std::string_view bytes, bool bigEndian) {
-    const auto unit = [&](std::size_t at) {
-        const auto first = static_cast<unsigned char>(bytes[at]);
-        const auto second = static_cast<unsigned char>(bytes[at + 1]);
-        return static_cast<char32_t>(bigEndian ? first << 8 | second : second << 8 | first);
-    };
-    std::string out;
-    out.reserve(bytes.size() / 2);
-    for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
-        const char32_t c = unit(at);
-        const char32_t next = at + 3 < bytes.size() ? unit(at + 2) : 0;
-        if (c >= 0xD800 && c < 0xDC00 && next >= 0xDC00 && next < 0xE000) {
-            appendcharacter(out, 0x10000 + ((c - 0xD800) << 10) + (next - 0xDC00));
-            at += 2;
-        } else {
-            appendcharacter(out, c >= 0xD800 && c < 0xE000 ? 0xFFFD : c);
-        }
+/// True for a digit where a number can begin: not within a word, a label or the places behind a point.
+bool startsnumber(std::string_view before) {
+    return before.empty()
+           || std::string_view("\t\r\n ;,+-<>xX*\"").find(before.back()) != std::string_view::npos
+           || before.ends_with(noBreak);
+}
+
+/// True when no-break spaces stand between columns of a text: some digits behind one are no group of three.
+bool nobreakseparates(std::string_view text) {
+    for (auto at = text.find(noBreak, 1); at != std::string_view::npos; at = text.find(noBreak, at + 1)) {
+        const std::size_t behind = digitsat(text.substr(at + noBreak.size(), 4), 0);
+        if (decimaldigit(text[at - 1]) && behind > 0 && behind != 3) return true;
     }
-    return out;
+    return false;
 }
 
-/// UTF-16 without a mark: digits and signs have a zero beside them.
-bool looksutf16(std::string_view text, bool bigEndian) {
-    if (text.size() < 4 || text.size() % 2 != 0) return false;
-    const std::size_t zero = bigEndian ? 0 : 1;
-    return text[zero] == 0 && text[zero + 2] == 0 && text[1 - zero] != 0 && text[3 - zero] != 0;
+/// Appends a number in groups that begins at `at`, without its marks; as it stands, and so no number, where
+/// the mark separates elsewhere. Returns the length of what was taken.
+std::size_t takejoined(std::string& out, std::string_view text, std::size_t at, bool separates) {
+    constexpr std::size_t longest = 64; // more groups than any number has
+    const std::string_view number = text.substr(at, joinedgroups(text.substr(at, longest)));
+    const bool doubtful = separates && number.find(noBreak) != std::string_view::npos;
+    for (const char c : number)
+        if (doubtful || decimaldigit(c)) out += c;
+    return number.size();
 }
 
-void blankspaces(std::string& text) {
-    constexpr std::string_view noBreak = "\xC2\xA0";
-    std::size_t from = text.find(noBreak);
-    if (from == std::string::npos) return;
+/// Numbers in the marks of this program: no marks between their thousands, "-" for the minus sign. Other
+/// no-break spaces are blanks.
+void joinnumbers(std::string& text) {
+    const auto hasmark = [&](std::string_view mark) { return text.find(mark) != std::string::npos; };
+    if (!hasmark("'") && !hasmark("\xC2") && !hasmark("\xE2")) return;
+    const std::string_view view = text;
+    const bool separates = nobreakseparates(view);
     std::string out;
     out.reserve(text.size());
-    std::size_t start = 0;
-    for (; from != std::string::npos; from = text.find(noBreak, start)) {
-        out.append(text, start, from - start) += ' ';
-        start = from + noBreak.size();
+    for (std::size_t at = 0; at < view.size();) {
+        const std::string_view rest = view.substr(at);
+        std::size_t taken = 0;
+        if (decimaldigit(rest[0]) && startsnumber(view.substr(0, at)))
+            taken = takejoined(out, view, at, separates);
+        else if (rest.starts_with(noBreak))
+            out += ' ', taken = noBreak.size();
+        else if (rest.starts_with(minusSign))
+            out += '-', taken = minusSign.size();
+        if (taken == 0) out += rest[0], taken = 1;
+        at += taken;
     }
-    text = out.append(text, start);
+    text = std::move(out);
 }
 
 // ---- commas ----
@@ -126,6 +148,9 @@ bool candecimal(const NumberShape& shape) {
 /// What has been seen for each reading.
 struct Evidence {
     bool separator = false, decimal = false, group = false, open = false;
+    bool onlyGroups = true; ///< every comma may be a mark between thousands
+
+    bool any() const { return separator || decimal || group || open; }
 };
 
 void lookwithin(const NumberShape& shape, Evidence& seen) {
@@ -140,6 +165,7 @@ void lookwithin(const NumberShape& shape, Evidence& seen) {
 
 /// Commas where commas may separate: several in one item do, and so does one beside a decimal point.
 void lookbetween(const NumberShape& shape, bool severalItems, Evidence& seen) {
+    seen.onlyGroups = seen.onlyGroups && shape.commaGroups;
     if (!candecimal(shape))
         seen.separator = true;
     else if (severalItems && shape.points == 0)
@@ -151,15 +177,15 @@ void lookbetween(const NumberShape& shape, bool severalItems, Evidence& seen) {
 /// A point as decimal symbol elsewhere speaks for the other meaning where commas are the rule; a single comma
 /// among many lines may be a slip.
 Comma decided(const Evidence& seen, bool pointSpeaks, Comma other) {
-    if (!seen.separator && !seen.decimal && !seen.group && !seen.open) return Comma::none;
+    if (!seen.any()) return Comma::none;
     const bool otherSeen = seen.separator || seen.group || pointSpeaks;
     if (seen.decimal == otherSeen) return Comma::undecided;
     return seen.decimal ? Comma::decimal : other;
 }
 
-/// "Time,Status" over rows with as many commas: the heading of a table that commas separate.
-bool commaheading(const TextLines& lines, std::size_t commasOfData) {
-    if (lines.fields.size() != 1 + commasOfData || lines.fields[0].framed) return false;
+/// "Time,Status" over rows of as many items: the heading of a table that commas separate.
+bool commaheading(const TextLines& lines, std::size_t itemsOfData) {
+    if (lines.fields.size() != itemsOfData || lines.fields[0].framed) return false;
     return std::none_of(lines.fields.begin(), lines.fields.end(),
                         [](const TextField& field) { return field.text.empty() || beginsnumber(field.text); })
            && lines.line.find(", ") == std::string_view::npos;
@@ -188,7 +214,7 @@ LineCommas lookatline(const std::vector<TextField>& fields, Evidence& between, E
             lookwithin(shape, within);
         else
             lookbetween(shape, withcomma > 1, between);
-        found.open = found.open || candecimal(shape);
+        found.open = found.open || candecimal(shape) || shape.commaGroups;
     }
     return found;
 }
@@ -250,20 +276,25 @@ void appendfield(std::string& out, const TextField& field, const TextMarks& mark
 } // namespace
 
 std::string decodetext(std::string text) {
-    constexpr std::string_view utf8Mark = "\xEF\xBB\xBF", littleMark = "\xFF\xFE", bigMark = "\xFE\xFF";
-    const std::string_view view = text;
-    if (view.starts_with(littleMark))
-        text = fromutf16(view.substr(2), false);
-    else if (view.starts_with(bigMark))
-        text = fromutf16(view.substr(2), true);
-    else if (looksutf16(view, false) || looksutf16(view, true))
-        text = fromutf16(view, looksutf16(view, true));
-    else if (view.starts_with(utf8Mark))
-        text.erase(0, utf8Mark.size());
-    if (!isutf8(text)) text = asutf8(text);
-    blankspaces(text);
+    text = unicodetext(std::move(text));
+    joinnumbers(text);
     return text;
 }
+
+namespace {
+
+/// True for a line that tells nothing of the commas in numbers: none stands in it, or it is the first and
+/// begins with a word as a title does.
+bool iswords(const std::vector<TextField>& fields, bool firstLine) {
+    if (beginsnumber(fields[0].text)) return false;
+    const bool title = firstLine && !fields[0].framed;
+    return title || std::none_of(fields.begin(), fields.end(), [](const TextField& field) {
+               return beginsnumber(field.text)
+                      && digitsat(field.text, field.text.find_first_not_of("+-.<>")) > 0;
+           });
+}
+
+} // namespace
 
 TextLook textlook(std::string_view text) {
     TextLook look;
@@ -271,10 +302,10 @@ TextLook textlook(std::string_view text) {
     Evidence between, within;
     bool pointIsDecimal = false;
     std::string_view heading;
-    std::size_t commasOfData = 0;
+    std::size_t itemsOfData = 0; ///< if each of its commas separates
     for (TextLines lines(text, false); lines.next();) {
         if (lines.fields.empty()) continue;
-        if (!beginsnumber(lines.fields[0].text)) {
+        if (iswords(lines.fields, look.numberLines == 0 && heading.empty())) {
             if (look.numberLines == 0) heading = lines.line;
             continue;
         }
@@ -283,12 +314,15 @@ TextLook textlook(std::string_view text) {
         pointIsDecimal = pointIsDecimal || found.decimalPoint;
         if (!found.open) continue;
         if (look.undecidedLines++ == 0) look.firstLine = lines.line;
-        commasOfData = found.commas;
+        itemsOfData = lines.fields.size() + found.commas;
     }
     TextLines title(heading, true);
-    if (title.next() && commaheading(title, commasOfData)) between.separator = true;
+    const bool headed = title.next() && commaheading(title, itemsOfData);
+    if (headed) between.separator = true;
     const bool pointSpeaks = pointIsDecimal && look.undecidedLines * 2 >= look.numberLines;
-    look.marks.between = decided(between, pointSpeaks, Comma::separator);
+    look.thousands = between.any() && between.onlyGroups && !headed;
+    look.decimals = !between.separator;
+    look.marks.between = look.thousands ? Comma::undecided : decided(between, pointSpeaks, Comma::separator);
     look.marks.within = decided(within, pointSpeaks, Comma::group);
     return look;
 }

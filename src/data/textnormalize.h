@@ -9,8 +9,9 @@
 inline constexpr char itemSeparator = '\t';
 inline constexpr char lineSeparator = '\r';
 
-/// The bytes of a file or of the clipboard as UTF-8: a byte-order mark is taken off, UTF-16 is converted, and
-/// what is no valid UTF-8 is read as windows-1252. No-break spaces become blanks.
+/// The bytes of a file or of the clipboard as UTF-8, as unicodetext reads them. An apostrophe or a narrow or
+/// no-break space between thousands, "1'234", goes where the groups leave no doubt; other no-break spaces
+/// become blanks, and the minus sign U+2212 becomes "-".
 std::string decodetext(std::string text);
 
 /// What a comma within a number means.
@@ -34,6 +35,8 @@ struct TextLook {
     std::size_t numberLines = 0;    ///< lines that begin like a number
     std::size_t undecidedLines = 0; ///< lines with a comma that can be read in two ways
     std::string_view firstLine;     ///< the first of these, a view into the text
+    bool thousands = false;         ///< `between` is open, and each comma may be a mark between thousands
+    bool decimals = true;           ///< `between` may be decimal symbols
 
     bool undecided() const { return marks.between == Comma::undecided || marks.within == Comma::undecided; }
 };

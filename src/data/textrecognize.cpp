@@ -37,7 +37,7 @@ Look lookof(std::string_view item) {
         return field;
     if (item.ends_with('+') && isnumber(item)) return plus;
     if (isnumber(item)) return number;
-    return item == "F" || item == "S" || item == "f" || item == "s" ? mark : wordItem;
+    return item != "+" && suspensionmark(item) ? mark : wordItem;
 }
 
 /// The look of a column that holds items of two kinds.
@@ -69,10 +69,13 @@ private:
     std::size_t widest = 0;
 };
 
-/// True when a row of words stands over the row: some word over a number.
+/// True when a row of words stands over the row: some word over a number. A number among the words makes it a
+/// row of data, unless it is longer than the rows below: a sentence then.
 bool istitle(const std::vector<std::string>& first, const std::vector<std::string_view>& row) {
+    const bool number = std::any_of(first.begin(), first.end(), isnumber);
+    if (number && (first.size() <= row.size() || !isheading(first[0]))) return false;
     for (std::size_t i = 0; i < std::min(first.size(), row.size()); ++i)
-        if (!first[i].empty() && !isnumber(first[i]) && isnumber(row[i])) return true;
+        if (isheading(first[i]) && !isnumber(first[i]) && isnumber(row[i])) return true;
     return false;
 }
 
@@ -81,9 +84,9 @@ struct Offer {
     std::string_view choice;
     bool sure; ///< no other reading is likely
 };
-constexpr Offer lifeOffers[] = {{"nm", "E", false},  {"nnm", "D", false},   {"nnmw", "J2", false},
-                                {"nw", "K1", false}, {"nnmn", "J2", false}, {"ddm", "E", true},
-                                {"dd", "B1", true},  {"ddn", "B1", true},   {"ddw", "K1", true}};
+constexpr Offer lifeOffers[] = {
+    {"nm", "E", true},     {"+m", "E", true},  {"nnm", "D", true}, {"nnmw", "J2", true}, {"nw", "K1", false},
+    {"nnmn", "J2", false}, {"ddm", "E", true}, {"dd", "B1", true}, {"ddn", "B1", true},  {"ddw", "K1", true}};
 constexpr Offer xyOffers[] = {{"nn", "A1", true},  {"nnnn", "A1", true}, {"nnnnnn", "A1", true},
                               {"nnn", "B", false}, {"nnw", "K", false},  {"+", "P", true},
                               {"+w", "N", true},   {"+n", "N", true},    {"nw", "N", false},

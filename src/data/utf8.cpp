@@ -46,6 +46,35 @@ std::size_t sequencelength(std::string_view text) {
     return length;
 }
 
+/// UTF-16 in either byte order; half a pair becomes the replacement character (RFC 2781).
+std::string fromutf16(std::string_view bytes, bool bigEndian) {
+    const auto unit = [&](std::size_t at) {
+        const auto first = static_cast<unsigned char>(bytes[at]);
+        const auto second = static_cast<unsigned char>(bytes[at + 1]);
+        return static_cast<char32_t>(bigEndian ? first << 8 | second : second << 8 | first);
+    };
+    std::string out;
+    out.reserve(bytes.size() / 2);
+    for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
+        const char32_t c = unit(at);
+        const char32_t next = at + 3 < bytes.size() ? unit(at + 2) : 0;
+        if (c >= 0xD800 && c < 0xDC00 && next >= 0xDC00 && next < 0xE000) {
+            appendpoint(out, 0x10000 + ((c - 0xD800) << 10) + (next - 0xDC00));
+            at += 2;
+        } else {
+            appendpoint(out, c >= 0xD800 && c < 0xE000 ? 0xFFFD : c);
+        }
+    }
+    return out;
+}
+
+/// UTF-16 without a mark: digits and signs have a zero beside them.
+bool looksutf16(std::string_view text, bool bigEndian) {
+    if (text.size() < 4 || text.size() % 2 != 0) return false;
+    const std::size_t zero = bigEndian ? 0 : 1;
+    return text[zero] == 0 && text[zero + 2] == 0 && text[1 - zero] != 0 && text[3 - zero] != 0;
+}
+
 } // namespace
 
 bool isutf8(std::string_view text) {
@@ -65,6 +94,16 @@ std::string asutf8(std::string_view text) {
         appendpoint(out, byte >= 0x80 && byte < 0xA0 ? windowsUpper[byte - 0x80] : char16_t{byte});
     }
     return out;
+}
+
+std::string unicodetext(std::string text) {
+    constexpr std::string_view utf8Mark = "\xEF\xBB\xBF", littleMark = "\xFF\xFE", bigMark = "\xFE\xFF";
+    const std::string_view view = text;
+    if (view.starts_with(littleMark)) return fromutf16(view.substr(2), false);
+    if (view.starts_with(bigMark)) return fromutf16(view.substr(2), true);
+    if (looksutf16(view, false) || looksutf16(view, true)) return fromutf16(view, looksutf16(view, true));
+    if (view.starts_with(utf8Mark)) text.erase(0, utf8Mark.size());
+    return isutf8(text) ? text : asutf8(text);
 }
 
 char32_t takecharacter(std::string_view& text) {

@@ -16,5 +16,9 @@ std::string aswestern(std::string_view text);
 /// The same text with its numbers as characters again, in UTF-8.
 std::string withoutnumbers(std::string_view text);
 
+/// The bytes of a text from outside as UTF-8: a byte-order mark is taken off, UTF-16 is converted, with a
+/// mark or without, and what is neither is read as asutf8 does.
+std::string unicodetext(std::string text);
+
 /// Takes the character off the front of a text that is not empty; U+FFFD for a byte that begins none.
 char32_t takecharacter(std::string_view& text);

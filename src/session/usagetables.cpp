@@ -14,6 +14,13 @@ constexpr UsageTable tables[] = {
     {4, "Logging", "AIAGLOGG.HST"}, {5, "P & D", "AIAGPAND.HST"},        {6, "Refuse", "AIAGREFS.HST"},
 };
 
+/// Opens the table whose file stands in msg. Its form is known: nobody is asked about its cells.
+bool opentable() {
+    const Keep keep{session.noPrompt};
+    session.noPrompt = 1;
+    return opendata(session.msg) == DataRead::read;
+}
+
 } // namespace
 
 std::span<const UsageTable> usagetables() { return tables; }
@@ -22,10 +29,9 @@ bool usageopen(int choice) {
     if (choice < 1 || choice > static_cast<int>(std::size(tables))) return false;
     const UsageTable& table = tables[choice - 1];
     const Keep keep{session.msg, session.formatWanted};
-    session.formatWanted = "A"; // cells, whatever the menu was last used for
+    session.formatWanted = session.progSide == lifeSide ? "A" : "A3"; // cells, whatever was used last
     session.msg = table.file;
-    const bool found = findfilequietly();
-    if (!found || opendata(session.msg) != DataRead::read) {
+    if (!findfilequietly() || !opentable()) {
         compose(session.msg, Word::Cannot, " ", Word::Open, " ", Word::File, ": ", AsTyped{table.file});
         tellok();
         return false;

@@ -308,10 +308,28 @@ TEST_F(Vanexc, NamesABadCellByItsLineOfTheFile) {
 }
 
 TEST_F(Vanexc, AColumnWithoutASingleNumberIsASetWithItsMessage) {
-    const Json result = Json::parse(run("- -p W --json -", "150, F\n230, F\n400, S\n").out);
+    const Json result = Json::parse(run("- -p W --json -", "150, old\n230, old\n400, new\n").out);
     ASSERT_EQ(result["sets"].size(), 2u);
     EXPECT_TRUE(result["sets"][1]["eta"].is_null());
     EXPECT_NE(result["sets"][1]["messages"][0].get<std::string>().find("Bad Data (3)"), std::string::npos);
+}
+
+TEST_F(Vanexc, ReadsTheUnicodeTextOfASpreadsheetInEitherByteOrder) {
+    const std::string plain = "150\tF\r\n230\tS\r\n310\tF\r\n";
+    for (const bool bigEndian : {false, true}) {
+        std::string wide = bigEndian ? "\xFE\xFF" : "\xFF\xFE";
+        for (const char c : plain) {
+            const char pair[] = {bigEndian ? '\0' : c, bigEndian ? c : '\0'};
+            wide.append(pair, 2);
+        }
+        write("wide.txt", wide);
+        for (const char* file : {"wide.txt", "-"}) {
+            const Json result = Json::parse(run(std::string(file) + " -p W --json -", wide).out);
+            ASSERT_EQ(result["sets"].size(), 1u) << file;
+            EXPECT_EQ(result["sets"][0]["points"].size(), 3u) << file;
+            EXPECT_EQ(result["sets"][0]["points"][0]["x"], 150) << file;
+        }
+    }
 }
 
 TEST_F(Vanexc, AHugeNumberIsHeldInRange) {

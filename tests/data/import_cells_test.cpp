@@ -50,8 +50,8 @@ TEST(ImportCells, KeepsTheBlanksOfALabel) {
     EXPECT_EQ(read("150_pump of line 7\t230\n"), CellColumns({Column{"150_pump of line 7"}, Column{"230"}}));
 }
 
-TEST(ImportCells, ACommaAtTheEndSeparatesAndOneInsideStays) {
-    EXPECT_EQ(read("10, 20, 30\n1,5\n"), CellColumns({Column{"10", "1,5"}, Column{"20"}, Column{"30"}}));
+TEST(ImportCells, ACommaAtTheEndSeparatesAndOneInsideThatNobodyDecidedIsNoNumber) {
+    EXPECT_EQ(read("10, 20, 30\n1,5\n"), CellColumns({Column{"10", "? 1,5"}, Column{"20"}, Column{"30"}}));
 }
 
 TEST(ImportCells, StopsAtTheMostColumns) {
@@ -61,4 +61,51 @@ TEST(ImportCells, StopsAtTheMostColumns) {
 TEST(ImportCells, NothingGivesNoColumns) {
     EXPECT_TRUE(read("").empty());
     EXPECT_TRUE(read(" \t \n;;\n").empty());
+}
+
+TEST(ImportCells, ANumberWithSomethingBehindItIsNoNumber) {
+    for (const char* cell : {"100S", "12:30", "1/2", "10-20", "10..20",
+                             "10\xC2\xB1"
+                             "2",
+                             "3D3", "100-", "12'30", "5xy", "5x1:2", "1x2x3x4x5", ">10S", "<10:5"})
+        EXPECT_EQ(read(cell), CellColumns({Column{std::string("? ") + cell}})) << cell;
+    for (const char* cell : {"12%", "3@4", "1E+3", "-5", "+5", ".5", ">10", "<10", ">10<20", "<20>10", "5xx3",
+                             "5x0x3x", "100x0x1x3.3E+33_12:30", "5_1/2"})
+        EXPECT_EQ(read(cell), CellColumns({Column{cell}})) << cell;
+}
+
+TEST(ImportCells, MarksBetweenThousandsGoWhereTheyCanBeNothingElse) {
+    for (const char* number : {"1'234'567",
+                               "1\xC2\xA0"
+                               "234\xC2\xA0"
+                               "567",
+                               "1\xE2\x80\xAF"
+                               "234\xE2\x80\xAF"
+                               "567",
+                               "1\xE2\x80\x89"
+                               "234\xE2\x80\x89"
+                               "567"})
+        EXPECT_EQ(read(std::string(number) + "\n-2'000.5\n"), CellColumns({Column{"1234567", "-2000.5"}}))
+            << number;
+    EXPECT_EQ(read("1\xA0"
+                   "234\n"),
+              CellColumns({Column{"1234"}}))
+        << "the no-break space of windows-1252";
+    EXPECT_EQ(read("12\xE2\x80\xAF"
+                   "34\n0'123\n"),
+              CellColumns({Column{"? 12\xE2\x80\xAF"
+                                  "34",
+                                  "? 0'123"}}));
+    EXPECT_EQ(read("150\xC2\xA0"
+                   "20\n150\xC2\xA0"
+                   "234\n"),
+              CellColumns({Column{"150", "? 150\xC2\xA0"
+                                         "234"},
+                           Column{"20"}}))
+        << "where it stands between columns, too, it says nothing certain";
+}
+
+TEST(ImportCells, DecimalCommasBehindALabelAreSeen) {
+    EXPECT_EQ(textnormalize("pump;1,5\nfan;2,5\n", textlook("pump;1,5\nfan;2,5\n").marks),
+              "pump\t1.5\rfan\t2.5\r");
 }

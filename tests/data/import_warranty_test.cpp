@@ -54,3 +54,9 @@ TEST(ImportWarranty, RowsThatNobodyHasObservedSayNothing) {
 TEST(ImportWarranty, AnEmptyLineBeginsTheNextTable) {
     EXPECT_EQ(read("100 1\n\n200 2\n"), (Sets{{"1x0x1x0", "-1x0x99x0"}, {"1x0x2x0", "-1x0x198x0"}}));
 }
+
+TEST(ImportWarranty, YearsThatFollowOneAnotherAreTheNamesOfThePeriods) {
+    const Sets bare = read("5000\t1\t2\n6000\t\t3\n");
+    EXPECT_EQ(read("2021\t5000\t1\t2\n2022\t6000\t\t3\n"), bare);
+    EXPECT_NE(read("2021\t1\t2\n2025\t\t3\n"), read("1\t2\n\t3\n")) << "any other numbers are quantities";
+}

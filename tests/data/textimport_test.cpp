@@ -115,6 +115,38 @@ TEST_F(TextImport, ShowsBothReadingsOfACommaAndTakesTheChosenOne) {
     EXPECT_EQ(session.gridCells, Columns({{"1500"}, {"2"}}));
 }
 
+TEST_F(TextImport, ACommaThatMayStandBetweenThousandsIsOneOfThreeReadings) {
+    session.formatWanted = "A1";
+    platform.expectmenu("Decimal Symbol \",\"? 1,500 2,500", 2);
+    EXPECT_EQ(import("1,500 2,500\n3,500 4,500\n"), TextRead::read);
+    EXPECT_EQ(last().items,
+              Column({"1...1.500 | 2.500", "2...1500 | 2500", "3...1 | 500 | 2 | 500", "X...Exit"}));
+    EXPECT_EQ(session.gridCells, Columns({{"1500", "3500"}, {"2500", "4500"}}));
+    platform.expectmenu("Decimal Symbol", 2);
+    EXPECT_EQ(import("1,234.5\n2,345.6\n"), TextRead::read);
+    EXPECT_EQ(last().items, Column({"1...1234.5", "2...1 | 234.5", "X...Exit"}))
+        << "no decimal comma beside a point";
+    EXPECT_EQ(session.gridCells, Columns({{"1", "2"}, {"234.5", "345.6"}}));
+}
+
+TEST_F(TextImport, WithoutPromptsCommasBetweenThousandsAreRefusedAndTheDecimalSymbolSettlesThem) {
+    session.noPrompt = 1;
+    for (const char* text : {"1,234.5\n2,345.6\n", "1,500 2,500\n", "1,234,567\n", "500.5\n1,500\n2,500\n"}) {
+        session.gridCells = {{"1"}};
+        platform.expectmessage("Decimal Symbol Unknown: 1,");
+        EXPECT_EQ(import(text), TextRead::refused) << text;
+        EXPECT_EQ(session.gridCells, Columns({{"1"}}));
+    }
+    session.decimalWanted = ".";
+    import("1,234.5\n2,345.6\n");
+    EXPECT_EQ(session.gridCells, Columns({{"1234.5", "2345.6"}}));
+    import("1,234,567\n");
+    EXPECT_EQ(session.gridCells, Columns({{"1234567"}}));
+    session.decimalWanted = ",";
+    import("1,500 2,500\n");
+    EXPECT_EQ(session.gridCells, Columns({{"1.500"}, {"2.500"}}));
+}
+
 TEST_F(TextImport, WithoutPromptsAnUnclearCommaIsRefusedAndNothingIsLost) {
     session.noPrompt = 1;
     session.gridCells = {{"1"}};
@@ -172,6 +204,75 @@ TEST_F(TextImport, ADateIsNeverReadAsANumber) {
     session.noPrompt = 1;
     import("1\n2024-01-05\n05.01.2024\n");
     EXPECT_EQ(session.gridCells, Columns({{"1", "? 2024-01-05", "? 05.01.2024"}}));
+}
+
+TEST_F(TextImport, AnOrderOfDatesThatNobodyChoseIsNotGuessedAt) {
+    session.noPrompt = 1;
+    session.formatWanted = "E";
+    import("05/01/24 06/01/24 F\n05.01.24 06.01.24 F\n01.02.2024 03.02.2024 F\n01/02/2024 03/02/2024 F\n");
+    EXPECT_EQ(session.gridCells,
+              Columns({{"? 05/01/24 06/01/24 F", "? 05.01.24 06.01.24 F", "2", "? 01/02/2024 03/02/2024 F"}}))
+        << "points stand between day, month and year";
+}
+
+TEST_F(TextImport, MarksOfSuspensionNeedNobodyToAsk) {
+    session.noPrompt = 1;
+    import("100 F\n200 S\n300 F\n");
+    EXPECT_EQ(session.gridCells, Columns({{"100", "-200", "300"}}));
+    import("Hours,Status\n100,Failed\n200,Suspended\n300,failure\n400,CENSORED\n");
+    EXPECT_EQ(session.gridCells, Columns({{"100", "-200", "300", "-400"}}));
+    import("100 2 F\n200 3 S\n");
+    EXPECT_EQ(session.gridCells, Columns({{"100x0x2x0", "-200x0x3x0"}}));
+    session.formatWanted = "E";
+    import("100 Fine\n200 still\n300 F2\n400 1\n500 +\n");
+    EXPECT_EQ(session.gridCells, Columns({{"? 100 Fine", "? 200 still", "? 300 F2", "400", "-500"}}));
+}
+
+TEST_F(TextImport, AnIntervalWithMarksHoldsWhatTheySay) {
+    session.noPrompt = 1;
+    for (const char* format : {"F", "B5"}) {
+        const bool quantity = format[0] == 'B';
+        session.formatWanted = format;
+        import(quantity ? "<20;1\n>10;1;20\n>10;1\n10;1;20\n" : "<20;\n>10;20\n>10;\n10;20\n");
+        EXPECT_EQ(session.gridCells, Columns({{"20x0x1x-3.3E+33", quantity ? "? >10 1 20" : "? >10 20",
+                                               "10x0x1x3.3E+33", "10x0x1x20"}}))
+            << format;
+    }
+}
+
+TEST_F(TextImport, AFirstRowWithANumberIsNoTitle) {
+    session.noPrompt = 1;
+    for (const auto& [first, cell] : {std::pair{"> 100", ">100"},
+                                      {"\xE2\x88\x92"
+                                       "100",
+                                       "-100"},
+                                      {"$100", "$100"},
+                                      {"NA", "NA"},
+                                      {"n/a", "n/a"}}) {
+        import(std::string(first) + "\n200\n300\n");
+        ASSERT_EQ(session.gridCells.size(), 1u) << first;
+        std::string shown = session.gridCells[0][0];
+        std::erase(shown, ' ');
+        EXPECT_EQ(shown, cell);
+    }
+    import("NA;100\n200;300\n");
+    EXPECT_EQ(session.gridCells, Columns({{"NA", "200"}, {"100", "300"}}));
+    import("- 100\n7 200\n");
+    EXPECT_EQ(session.gridCells, Columns({{"-", "7"}, {"100", "200"}}));
+    import("Pump 7 of the north\n200\n300\n");
+    EXPECT_EQ(session.gridTitles, Column({"Pump 7 of the north"})) << "a sentence over a column";
+    session.formatWanted = "B1";
+    import("$100\n200\n");
+    EXPECT_EQ(session.gridCells, Columns({{"? $100", "200"}}));
+}
+
+TEST_F(TextImport, ANumberOutOfRangeIsUnreadable) {
+    session.noPrompt = 1;
+    import("1e400\n5\n5x0x1e400\n");
+    EXPECT_EQ(session.gridCells, Columns({{"? 1e400", "5", "? 5x0x1e400"}}));
+    session.formatWanted = "B1";
+    import("5 1e400\n6 3.3E+33\n7 2\n");
+    EXPECT_EQ(session.gridCells, Columns({{"? 5 1e400", "? 6 3.3E+33", "7x0x2x0"}}));
 }
 
 TEST_F(TextImport, DatesFollowTheOrderOfTheSettings) {
@@ -247,6 +348,12 @@ TEST_F(TextImportXY, TakesColumnsInPairsAndCellsAsTheyStand) {
     EXPECT_EQ(session.gridCells, Columns({{"1x2", "2x5", "3x4"}}));
     import("1x2\t5\n2x5\t6\n");
     EXPECT_EQ(session.gridCells, Columns({{"1x2", "2x5"}, {"5", "6"}}));
+}
+
+TEST_F(TextImportXY, APairWithoutItsSecondNumberIsNoPoint) {
+    session.noPrompt = 1;
+    import("1 10\n2 20\n3\n4 40\n");
+    EXPECT_EQ(session.gridCells, Columns({{"1x10", "2x20", "? 3", "4x40"}}));
 }
 
 TEST_F(TextImportXY, NumbersTheUnitsOfAgesWithoutAnId) {

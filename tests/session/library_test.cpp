@@ -269,6 +269,13 @@ TEST_F(UsageTables, AreSharesOfAHundredAndSayThatTheyAreIllustrations) {
     }
 }
 
+TEST_F(UsageTables, AreCellsOnTheVisualSideToo) {
+    session.progSide = visualSide;
+    ASSERT_TRUE(usageopen(1));
+    ASSERT_EQ(session.gridCells.size(), 1u);
+    EXPECT_EQ(session.gridCells[0][2], "5000x0x4") << "not a pair of columns without its Y";
+}
+
 TEST_F(UsageTables, StandOnAPageWithTheirHeading) {
     desktop.expectmenu("AIAG ...", 2);
     usagemenu();
