@@ -174,8 +174,8 @@ void readchoice(std::string_view line) {
 
 /// Without a set there is nothing that the override could be for.
 std::string writeoverride() {
-    const std::string& kept = session.programKept[64];
-    return kept.empty() || (lifesession() && setcount() == 0) ? "0" : kept;
+    const bool serves = !lifesession() || setcount() > 0;
+    return valueline(serves ? readentry(session.programKept[64]).value : 0);
 }
 void readoverride(std::string_view line) { session.programKept[64] = valueline(readentry(line).value); }
 

@@ -42,17 +42,17 @@ TEST_F(Labels, ComeBackWithoutTouchingTheData) {
     ASSERT_TRUE(save(folder.path("a.lbl")));
     for (int line = 1; line <= labelLines; ++line) labelline(line).clear();
     session.gridTitles.clear();
-    ASSERT_EQ(datafileopen(folder.path("a.lbl")), FileRead::read);
+    ASSERT_EQ(datafileopen(folder.path("a.lbl")), FileRead::labels);
     for (int line = 1; line <= labelLines; ++line) EXPECT_EQ(labelline(line), "line " + std::to_string(line));
     EXPECT_EQ(session.gridTitles, (std::vector<std::string>{"one", "two"}));
     EXPECT_EQ(session.gridCells.size(), 2u);
 }
 
 TEST_F(Labels, TheOlderFormHasSevenLinesAndNoCount) {
-    ASSERT_EQ(datafiletake("LABELS\na\nb\nc\nd\ne\nf\ng\n", ""), FileRead::read);
+    ASSERT_EQ(datafiletake("LABELS\na\nb\nc\nd\ne\nf\ng\n", ""), FileRead::labels);
     EXPECT_EQ(labelline(1), "a");
     EXPECT_EQ(labelline(7), "g");
-    ASSERT_EQ(datafiletake("LABELS\nfirst_second\nc\nd\ne\nf\ng\n", ""), FileRead::read);
+    ASSERT_EQ(datafiletake("LABELS\nfirst_second\nc\nd\ne\nf\ng\n", ""), FileRead::labels);
     EXPECT_EQ(labelline(1), "first");
     EXPECT_EQ(labelline(2), "second");
     EXPECT_EQ(labelline(3), "c");
@@ -62,7 +62,7 @@ TEST_F(Labels, TheOlderFormHasSevenLinesAndNoCount) {
 TEST_F(Labels, TitleLinesAreCutToSixtyCharacters) {
     const std::string wide = std::string(59, 'x') + "\xC3\xA4\xC3\xB6"; // a-umlaut is the 60th
     ASSERT_EQ(datafiletake("LABELSWVW\n8\n" + wide + "\nb\nc\nd\ne\nf\ng\n" + wide + "\n", ""),
-              FileRead::read);
+              FileRead::labels);
     EXPECT_EQ(labelline(1), std::string(59, 'x') + "\xC3\xA4");
     EXPECT_EQ(session.gridTitles.front(), std::string(59, 'x') + "\xC3\xA4");
 }
@@ -70,7 +70,7 @@ TEST_F(Labels, TitleLinesAreCutToSixtyCharacters) {
 TEST_F(Labels, AFalseCountTakesWhatIsThere) {
     for (const char* count : {"-1", "0", "1e9", "abc", ""}) {
         labelline(1) = "kept";
-        ASSERT_EQ(datafiletake(std::string("LABELSWVW\n") + count + "\nnew\n", ""), FileRead::read) << count;
+        ASSERT_EQ(datafiletake(std::string("LABELSWVW\n") + count + "\nnew\n", ""), FileRead::labels) << count;
         EXPECT_EQ(labelline(1), std::string_view(count) == "1e9" ? "new" : "kept") << count;
     }
 }

@@ -75,6 +75,7 @@ TEST_F(OldForms, ACommaInANumberIsLeftToTheTextImportWhichAsks) {
 
 TEST_F(OldForms, TheStoreFormatEndsTheLoadWithItsName) {
     session.gridCells = {{"1"}};
+    desktop.expectmessage("Bad Input File");
     EXPECT_EQ(take("U4STOR\n1\n2\n"), FileRead::cancelled);
     EXPECT_EQ(session.msg, "U4STORFILE");
     EXPECT_EQ(session.gridCells, (Columns{{"1"}}));
