@@ -70,7 +70,8 @@ TEST_F(Labels, TitleLinesAreCutToSixtyCharacters) {
 TEST_F(Labels, AFalseCountTakesWhatIsThere) {
     for (const char* count : {"-1", "0", "1e9", "abc", ""}) {
         labelline(1) = "kept";
-        ASSERT_EQ(datafiletake(std::string("LABELSWVW\n") + count + "\nnew\n", ""), FileRead::labels) << count;
+        ASSERT_EQ(datafiletake(std::string("LABELSWVW\n") + count + "\nnew\n", ""), FileRead::labels)
+            << count;
         EXPECT_EQ(labelline(1), std::string_view(count) == "1e9" ? "new" : "kept") << count;
     }
 }
