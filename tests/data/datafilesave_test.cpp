@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "data/datafileopen.h"
+#include "data/htmlwrapper.h"
 #include "session/session.h"
 #include "shell/calcplot.h"
 #include "support/freshsession.h"
@@ -163,6 +164,18 @@ TEST_F(DataFileSave, ThePageIsInTheLettersItsHeadDeclares) {
     session.gridTitles.clear();
     ASSERT_EQ(datafileopen(folder.path("page.w")), FileRead::read);
     EXPECT_EQ(session.gridTitles.front(), title);
+}
+
+TEST_F(DataFileSave, NinetyThousandCharactersAreTheMostThatIsRestored) {
+    const std::string page = "<HTML>\n" + std::string(90000 - 8, 'x') + "\n";
+    ASSERT_EQ(page.size(), 90000u);
+    desktop.expectmessage("CHR$(13) Character Removed From File");
+    const auto restored = restoredlines(page);
+    ASSERT_TRUE(restored.has_value());
+    EXPECT_TRUE(restored->starts_with("<HTML>\r\nx"));
+    EXPECT_EQ(restored->size(), 90002u);
+    EXPECT_EQ(restoredlines(page + "x"), std::nullopt);
+    EXPECT_EQ(restoredlines(*restored), std::nullopt) << "nothing is missing";
 }
 
 } // namespace

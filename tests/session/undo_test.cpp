@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "data/cell.h"
 #include "data/datafilesave.h"
 #include "session/findfile.h"
 #include "session/opendata.h"
@@ -160,6 +161,39 @@ TEST_F(Undo, WithoutAWindowNothingIsKept) {
     EXPECT_TRUE(session.undoSteps.empty());
     EXPECT_TRUE(folder.names().empty());
     EXPECT_EQ(session.resultsDirty, 1);
+}
+
+TEST_F(Undo, ATitleAndARemovedSetComeBack) {
+    session.gridTitles = {"Pump A"};
+    calcplot();
+    session.gridCells.push_back({"30", "40"});
+    session.gridTitles = {"Pump A", "Pump B"};
+    calcplot();
+    setdelete(1);
+    calcplot();
+    EXPECT_EQ(session.gridTitles.front(), "Pump B");
+    ASSERT_TRUE(undo());
+    EXPECT_EQ(session.gridCells, (Cells{{"10", "20"}, {"30", "40"}}));
+    EXPECT_EQ(session.gridTitles, (std::vector<std::string>{"Pump A", "Pump B"}));
+    ASSERT_TRUE(undo());
+    ASSERT_TRUE(undo());
+    EXPECT_TRUE(session.gridTitles.empty() || session.gridTitles.front().empty());
+}
+
+TEST_F(Undo, AGridTooLargeToBeKeptAsTypedComesBackFromItsFile) {
+    session.sizeExponent = 6;
+    ASSERT_TRUE(allocatearrays());
+    std::vector<std::string> column;
+    for (int j = 1; j <= 30000; ++j) column.push_back(std::to_string(j));
+    session.gridCells = {column, column};
+    session.gridTitles = {"many", ""};
+    calcplot();
+    session.gridCells = {{"1", "2"}};
+    session.gridTitles.clear();
+    calcplot();
+    ASSERT_TRUE(undo());
+    EXPECT_EQ(session.gridCells, (Cells{column, column}));
+    EXPECT_EQ(session.gridTitles.front(), "many");
 }
 
 } // namespace
