@@ -151,9 +151,12 @@ bool NativeSystem::writable(const std::string& folder, const std::string& testna
 std::vector<std::string> NativeSystem::files(const std::string& folder, std::string_view pattern) {
     std::vector<std::string> names;
     std::error_code error;
-    for (const auto& entry : fs::directory_iterator(nativepath(folder.empty() ? "." : folder), error)) {
-        const std::string found = entry.path().filename().string();
-        if (entry.is_regular_file(error) && fitspattern(found, pattern)) names.push_back(found);
+    // Other programs change the folder meanwhile: a step that fails ends the list, and throws nothing.
+    for (fs::directory_iterator at(nativepath(folder.empty() ? "." : folder), error), end;
+         !error && at != end; at.increment(error)) {
+        std::error_code gone;
+        const std::string found = at->path().filename().string();
+        if (at->is_regular_file(gone) && fitspattern(found, pattern)) names.push_back(found);
     }
     std::sort(names.begin(), names.end());
     return names;

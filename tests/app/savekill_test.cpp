@@ -16,7 +16,8 @@ pid_t startsave(const WorkFolder& folder, const std::string& from, const std::st
     const pid_t child = fork();
     if (child != 0) return child;
     setenv("HOME", folder.path("").c_str(), 1);
-    if (!freopen("/dev/null", "w", stdout) || !freopen("/dev/null", "w", stderr)) _exit(126);
+    if (!freopen("/dev/null", "w", stdout) || !freopen(folder.path("stderr").c_str(), "w", stderr))
+        _exit(126);
     execl(VANEXC, VANEXC, from.c_str(), "-p", "W", "--save", to.c_str(), nullptr);
     _exit(127);
 }
@@ -36,7 +37,7 @@ TEST(SaveKill, AKillAtAnyMomentLeavesTheOldOrTheNewFileWhole) {
     for (int k = 0; k < 2; ++k) {
         int status = 0;
         waitpid(startsave(folder, sources[k], folder.path("data.w")), &status, 0);
-        ASSERT_EQ(status, 0);
+        ASSERT_EQ(status, 0) << folder.text("stderr");
         whole[k] = folder.text("data.w");
         ASSERT_FALSE(whole[k].empty());
     }
