@@ -54,6 +54,14 @@ struct ColorPage {
     int preset = 0; ///< colour number
 };
 
+/// A dialog of the desktop that names a file.
+struct FilePage {
+    std::string_view header;
+    std::string_view filter;    ///< name and pattern of each kind by turns, "|" between them
+    std::string_view folder;    ///< where it opens, in native form
+    std::string_view name = {}; ///< what it proposes
+};
+
 class Prompts {
 public:
     virtual ~Prompts() = default;
@@ -66,7 +74,14 @@ public:
     virtual std::optional<std::string> text(const TextPage& page) = 0;
     virtual std::optional<double> slider(const SliderPage& page) = 0;
     virtual std::optional<int> color(const ColorPage& page) = 0;
+    /// The file chosen, in native form; nothing on cancel. A name to save to has been confirmed where a file
+    /// of that name stands already.
+    virtual std::optional<std::string> openfile(const FilePage& page) = 0;
+    virtual std::optional<std::string> savefile(const FilePage& page) = 0;
 };
+
+/// Pages of the tabbed view.
+enum class ViewTab { plot, report, help };
 
 class MainWindow {
 public:
@@ -79,6 +94,31 @@ public:
     virtual void repaintplot() = 0;  ///< draws the plot of the session's side
     /// Lets pending window events run. True when the user pressed Escape.
     virtual bool pendingevents() = 0;
+
+    // What only a window can show; the others have nothing to do.
+    /// Shows a text in the floating label beside the icon of the command; 0 ms: until the next event.
+    virtual void explain(int /*command*/, std::string_view /*text*/, int /*milliseconds*/) {}
+    virtual void repaintmenu() {}     ///< the drop-down as the session has it: open, another one, closed
+    virtual void repaintcell() {}     ///< cell in hand, selection and edit box as the session has them
+    virtual void showview(ViewTab) {} ///< opens the tabbed view
+    virtual void showabout() {}       ///< the start window as about box
+    virtual void retitle() {}         ///< all texts again, after a change of the language, font or colours
+    /// Part of a long run that is done, 0 to 1; above 1 the gauge goes.
+    virtual void progress(double /*done*/) {}
+    virtual void leave() {} ///< closes the window without a question
+};
+
+/// How a print went.
+enum class PrintEnd { printed, cancelled, failed, noPrinter };
+
+/// Paper, by the printer dialog of the desktop.
+class Printer {
+public:
+    virtual ~Printer() = default;
+    /// The plot: `fine` composed for the page at the printer's resolution, else as the screen shows it.
+    /// `percent` of the page that it takes, centred.
+    virtual PrintEnd printplot(bool fine, double percent) = 0;
+    virtual PrintEnd printtext(std::string_view header, std::string_view text) = 0;
 };
 
 class Clock {
@@ -124,7 +164,8 @@ public:
 class Pictures {
 public:
     virtual ~Pictures() = default;
-    /// Paints a picture into a bitmap file. False when this platform cannot, or the file cannot be written.
+    /// Paints a picture into a file of the kind that its extension names: .bmp, .png, .pdf. False when this
+    /// platform cannot, or the file cannot be written; a file of that name then stays as it was.
     virtual bool bitmap(const std::string& path, std::string_view svg, int across, int down) = 0;
 };
 
@@ -137,6 +178,7 @@ public:
     virtual System& system() = 0;
     virtual Clipboard& clipboard() = 0;
     virtual Pictures& pictures() = 0;
+    virtual Printer* printer() { return nullptr; } ///< null where there is no paper
 };
 
 /// The platform in force. Set once before anything asks; a null platform answers nothing.

@@ -2,12 +2,10 @@
 
 #include <algorithm>
 #include <cctype>
+#include <clocale>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <iomanip>
-#include <locale>
-#include <sstream>
-#include <stdexcept>
 #include <system_error>
 
 #include "platform/paths.h"
@@ -98,13 +96,12 @@ bool NativeSystem::start(const std::string& program, std::span<const std::string
 }
 
 std::string NativeSystem::numbertext(double value, int decimals) {
-    std::ostringstream text;
-    try {
-        text.imbue(std::locale(""));
-    } catch (const std::runtime_error&) { // an environment that names a locale the machine does not have
-    }
-    text << std::fixed << std::setprecision(decimals) << value;
-    return text.str();
+    // The environment's locale is in force for this one number, and "C" again behind it.
+    std::setlocale(LC_NUMERIC, "");
+    char text[64];
+    std::snprintf(text, sizeof text, "%'.*f", decimals, value); // "'": with its thousands separator
+    std::setlocale(LC_NUMERIC, "C");
+    return text;
 }
 
 std::string NativeSystem::currentfolder() {

@@ -23,6 +23,7 @@
 #include "session/reportstate.h"
 #include "session/run.h"
 #include "session/setup.h"
+#include "session/shellstate.h"
 #include "session/weibayes.h"
 
 /// Reserved numbers.
@@ -59,6 +60,9 @@ struct Session : Capacities,
                  ImportState,
                  FileTables,
                  Expression,
+                 ShellState,
+                 GridView,
+                 DesktopState,
                  CommandFields {
     RegressionSums sums; ///< of the set being fitted
 };

@@ -98,6 +98,9 @@ constexpr Setting newparam[] = {
     {53, "", at<&S::windowRect, 2>, 0, 32000},
     {54, "", at<&S::windowRect, 3>, 0, 32000},
     {55, "outputPort", at<&S::outputPort>, 1, 6},
+    {56, "", at<&S::paneSizes, 0>, 0, 32000},
+    {57, "", at<&S::paneSizes, 1>, 0, 32000},
+    {58, "", at<&S::surroundings>, 0, 2},
     {229, "mtbfName", at<&S::mtbfName>},
 };
 
@@ -157,6 +160,7 @@ constexpr Section sections[] = {
     {"FYLOLDSOUT()", 200, {}, {}, nullptr, &S::formerNames},
     {"FYLPARAMNAMEOUT()", 11, parameterNames, {}},
     {"XFILEFORMER()", static_cast<int>(S::formerMax), {}, {}, nullptr, &S::XFILEFORMER},
+    {"RECENTFILES", static_cast<int>(S::recentMax), {}, {}, nullptr, &S::recentFiles},
     {"SIZEEXPONENT", 1, exponent, {}},
     {"COLORS", static_cast<int>(colors.size()), colors, {}},
 };

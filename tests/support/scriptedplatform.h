@@ -18,7 +18,8 @@ class ScriptedPlatform : public Platform,
                          private MainWindow,
                          private Clock,
                          private Clipboard,
-                         private Pictures {
+                         private Pictures,
+                         private Printer {
 public:
     /// What a prompt showed.
     struct Shown {
@@ -69,7 +70,13 @@ public:
     void expectcolor(std::string leadContains, std::optional<double> number) {
         script.push_back({Kind::color, std::move(leadContains), 0, {}, number});
     }
-    int scrollTo = 0; ///< where the user scrolls every menu that keeps its place
+    /// The next prompt is a file dialog whose header holds the text; nothing is a cancel.
+    void expectfile(std::string headerContains, std::optional<std::string> chosen) {
+        script.push_back({Kind::file, std::move(headerContains), 0, std::move(chosen), {}});
+    }
+    PrintEnd printEnd = PrintEnd::printed; ///< how every print goes
+    std::vector<std::string> printed;      ///< "fine 100", "shown 50", or the text
+    int scrollTo = 0;                      ///< where the user scrolls every menu that keeps its place
     /// The n-th call of pendingevents from now, counted from 1, tells of an Escape.
     void escapeat(int call) { escapeIn = call; }
 
@@ -86,9 +93,10 @@ public:
     System& system() override { return machine; }
     Clipboard& clipboard() override { return *this; }
     Pictures& pictures() override { return *this; }
+    Printer* printer() override { return this; }
 
 private:
-    enum class Kind { menu, message, number, text, slider, color };
+    enum class Kind { menu, message, number, text, slider, color, file };
     struct Answer {
         Kind kind;
         std::string contains;
@@ -98,7 +106,7 @@ private:
     };
 
     static const char* name(Kind kind) {
-        constexpr const char* names[] = {"menu", "message", "number", "text", "slider", "color"};
+        constexpr const char* names[] = {"menu", "message", "number", "text", "slider", "color", "file"};
         return names[static_cast<std::size_t>(kind)];
     }
 
@@ -166,12 +174,39 @@ private:
         return picked ? std::optional<int>(static_cast<int>(*picked)) : std::nullopt;
     }
 
+    std::optional<std::string> filechosen(const FilePage& page) {
+        Shown& seen = show(page.header, page.filter);
+        seen.value = page.name;
+        return answer(Kind::file, page.header).typed;
+    }
+    std::optional<std::string> openfile(const FilePage& page) override { return filechosen(page); }
+    std::optional<std::string> savefile(const FilePage& page) override { return filechosen(page); }
+
     void caption(std::string_view text) override { windowCalls.push_back("caption: " + std::string(text)); }
     void readswitches() override { windowCalls.push_back("readswitches"); }
     void closepopups() override { windowCalls.push_back("closepopups"); }
     void repainticons() override { windowCalls.push_back("repainticons"); }
     void repaintgrid() override { windowCalls.push_back("repaintgrid"); }
     void repaintplot() override { windowCalls.push_back("repaintplot"); }
+    void explain(int command, std::string_view text, int) override {
+        windowCalls.push_back("explain " + std::to_string(command) + ": " + std::string(text));
+    }
+    void repaintmenu() override { windowCalls.push_back("repaintmenu"); }
+    void repaintcell() override { windowCalls.push_back("repaintcell"); }
+    void showview(ViewTab tab) override {
+        windowCalls.push_back("showview " + std::to_string(static_cast<int>(tab)));
+    }
+    void showabout() override { windowCalls.push_back("showabout"); }
+    void retitle() override { windowCalls.push_back("retitle"); }
+    void leave() override { windowCalls.push_back("leave"); }
+    PrintEnd printplot(bool fine, double percent) override {
+        printed.push_back((fine ? "fine " : "shown ") + std::to_string(static_cast<int>(percent)));
+        return printEnd;
+    }
+    PrintEnd printtext(std::string_view, std::string_view text) override {
+        printed.emplace_back(text);
+        return printEnd;
+    }
     bool pendingevents() override { return escapeIn > 0 && --escapeIn == 0; }
 
     std::string date() override { return today; }

@@ -36,6 +36,8 @@ private:
     } ///< there is no default
     std::optional<double> slider(const SliderPage& page) override { return page.value; }
     std::optional<int> color(const ColorPage& page) override { return page.preset; }
+    std::optional<std::string> openfile(const FilePage&) override { return std::nullopt; }
+    std::optional<std::string> savefile(const FilePage&) override { return std::nullopt; }
 
     void caption(std::string_view) override {}
     void readswitches() override {}
