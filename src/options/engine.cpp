@@ -20,9 +20,9 @@ constexpr int32_t colourCeiling = 0xFFFFFF;
 
 /// The number at a place; 0 for a text.
 double numberat(const Place& place) {
-    return std::visit(Cases{[](std::string*) { return 0.0; },
-                            [](auto* held) { return static_cast<double>(*held); }},
-                      place);
+    return std::visit(
+        Cases{[](std::string*) { return 0.0; }, [](auto* held) { return static_cast<double>(*held); }},
+        place);
 }
 
 /// Puts a number, which lies within the limits of its item, at a place. True when that changed it.
@@ -180,6 +180,13 @@ const Item* chosen(const Page& page) {
     return nullptr;
 }
 
+/// Parts of a label stand a blank apart, unless a bracket or a hyphen ties them or one brings its own.
+bool blankbetween(std::string_view before, std::string_view part) {
+    if (before.ends_with(' ') || before.ends_with('[') || before.ends_with('(')) return false;
+    if (before.ends_with('-') && !before.ends_with(" -")) return false;
+    return part.empty() || std::string_view(" -)],?").find(part.front()) == std::string_view::npos;
+}
+
 bool hasaccept(const Page& page) {
     return std::any_of(page.items.begin(), page.items.end(),
                        [](const Item& item) { return item.kind == ItemKind::accept; });
@@ -190,9 +197,10 @@ bool hasaccept(const Page& page) {
 void append(std::string& text, const Label& label) {
     for (std::size_t i = 0; i < label.count; ++i) {
         const LabelPart& part = label.parts[i];
-        if (i > 0 && !text.ends_with('-') && !text.ends_with('[') && !text.ends_with('(')) text += ' ';
+        const std::string_view fixed = part.text ? part.text : "";
+        if (i > 0 && blankbetween(text, fixed)) text += ' ';
         if (part.text)
-            append(text, std::string_view(part.text));
+            append(text, fixed);
         else
             append(text, part.word);
     }

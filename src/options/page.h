@@ -8,6 +8,7 @@
 #include "options/pages.h"
 #include "session/session.h"
 #include "session/settingstable.h"
+#include "shell/prompts.h"
 #include "shell/words.h"
 
 /// An option page is a table of items; one engine shows it, reads the choice and changes the setting.
@@ -21,15 +22,18 @@ struct LabelPart {
     constexpr LabelPart(const char* fixed) : text(fixed) {}
 };
 
-/// The pieces of a label in order, a blank between them; none behind one that ends in "-".
+/// The pieces of a label in order, a blank between them unless a hyphen or a bracket ties them.
 struct Label {
     static constexpr std::size_t most = 14;
     LabelPart parts[most];
     std::size_t count = 0;
     constexpr Label() = default;
+    constexpr Label(Word only) : parts{LabelPart(only)}, count(1) {}
+    constexpr Label(const char* only) : parts{LabelPart(only)}, count(1) {}
     template <class... Parts>
-    constexpr Label(LabelPart first, Parts... others) : parts{first, LabelPart(others)...},
-                                                        count(1 + sizeof...(others)) {
+    constexpr Label(LabelPart first, Parts... others)
+        : parts{first, LabelPart(others)...},
+          count(1 + sizeof...(others)) {
         static_assert(1 + sizeof...(others) <= most);
     }
 };
@@ -63,16 +67,16 @@ struct Item {
     ItemKind kind = ItemKind::exit;
     Label label = {};
     PlaceOf at = nullptr;
-    double low = 0, high = 0;       ///< limits of a number; the two values of a flip; low that of a pick
-    bool whole = false;             ///< a number without decimals
-    double scale = 1;               ///< the page shows the session's value times this
-    Label off = {}, on = {};        ///< names of the two values of a flip
-    OptionPage opens = {};          ///< of a page
-    bool (*act)() = nullptr;        ///< of an action, and of a pick without a place: true when it changed a
-                                    ///< setting
-    bool (*present)() = nullptr;    ///< of such a pick: true when it is the one in force
+    double low = 0, high = 0;    ///< limits of a number; the two values of a flip; low that of a pick
+    bool whole = false;          ///< a number without decimals
+    double scale = 1;            ///< the page shows the session's value times this
+    Label off = {}, on = {};     ///< names of the two values of a flip
+    OptionPage opens = {};       ///< of a page
+    bool (*act)() = nullptr;     ///< of an action, and of a pick without a place: true when it changed a
+                                 ///< setting
+    bool (*present)() = nullptr; ///< of such a pick: true when it is the one in force
     void (*value)(std::string&) = nullptr; ///< appends the present value where it is not that of the place
-    bool (*offered)() = nullptr;    ///< null: always
+    bool (*offered)() = nullptr;           ///< null: always
 
     constexpr Item when(bool (*condition)()) const {
         Item item = *this;
@@ -97,8 +101,14 @@ constexpr Item exititem(char letter, Label label) { return {letter, ItemKind::ex
 /// A two-way choice: shown as "NO (/ Yes)" by the names of its values.
 constexpr Item flipitem(char letter, Label label, PlaceOf at, Label off = Word::No, Label on = Word::Yes,
                         double offValue = 0, double onValue = 1) {
-    return {.letter = letter, .kind = ItemKind::flip, .label = label, .at = at, .low = offValue,
-            .high = onValue, .off = off, .on = on};
+    return {.letter = letter,
+            .kind = ItemKind::flip,
+            .label = label,
+            .at = at,
+            .low = offValue,
+            .high = onValue,
+            .off = off,
+            .on = on};
 }
 constexpr Item numberitem(char letter, Label label, PlaceOf at, double low, double high) {
     return {.letter = letter, .kind = ItemKind::number, .label = label, .at = at, .low = low, .high = high};
@@ -178,6 +188,5 @@ void tell(const Parts&... parts) {
     session.menuTitle.clear();
     tellok();
 }
-void tellok();
 
 inline bool onlifeside() { return session.progSide == lifeSide; }

@@ -132,14 +132,13 @@ bool gammas() {
 }
 
 bool normals() {
-    return calculate({{Word::Normal},
-                      {{{"X"}, 0, -9e30, 9e30},
-                       {{Word::Mean}, 0, -9e30, 9e30},
-                       {{Word::StdDev}, 1, 1e-30, 9e30}},
-                      [](const std::vector<double>& v) -> std::vector<Result> {
-                          const double z = (v[0] - v[1]) / v[2];
-                          return {{{"z"}, z}, {upTo, normcdf(z)}, {above, normsf(z)}};
-                      }});
+    return calculate(
+        {{Word::Normal},
+         {{{"X"}, 0, -9e30, 9e30}, {{Word::Mean}, 0, -9e30, 9e30}, {{Word::StdDev}, 1, 1e-30, 9e30}},
+         [](const std::vector<double>& v) -> std::vector<Result> {
+             const double z = (v[0] - v[1]) / v[2];
+             return {{{"z"}, z}, {upTo, normcdf(z)}, {above, normsf(z)}};
+         }});
 }
 
 /// Poisson and gamma are two views of one process: at most k events where the (k + 1)th comes after m.
@@ -155,12 +154,12 @@ bool poisson() {
 }
 
 bool student() {
-    return calculate({{"Student - t"},
-                      {{{"t", Word::Parameter}, 0, -1e6, 1e6}, {{Word::Dimension, "(d.o.f.)"}, 1, 1e-3, 1e9}},
-                      [](const std::vector<double>& v) -> std::vector<Result> {
-                          return {{upTo, noncentraltcdf(v[0], v[1], 0)},
-                                  {above, noncentraltcdf(-v[0], v[1], 0)}};
-                      }});
+    return calculate(
+        {{"Student - t"},
+         {{{"t", Word::Parameter}, 0, -1e6, 1e6}, {{Word::Dimension, "(d.o.f.)"}, 1, 1e-3, 1e9}},
+         [](const std::vector<double>& v) -> std::vector<Result> {
+             return {{upTo, noncentraltcdf(v[0], v[1], 0)}, {above, noncentraltcdf(-v[0], v[1], 0)}};
+         }});
 }
 
 /// Coefficient of variation of a Weibull line, of its slope alone:

@@ -30,8 +30,7 @@ double level() {
     switch (sidesinforce()) {
     case Sides::lower: return 100 - static_cast<double>(session.confLow);
     case Sides::upper: return session.confHigh;
-    case Sides::twoSided:
-        return static_cast<double>(session.confHigh) - static_cast<double>(session.confLow);
+    case Sides::twoSided: return static_cast<double>(session.confHigh) - static_cast<double>(session.confLow);
     case Sides::none: break;
     }
     return usual;
@@ -62,13 +61,16 @@ bool asklevel(Sides sides, bool eachOwn = false) {
 bool isdouble() { return sidesinforce() == Sides::twoSided; }
 
 constexpr Item kindItems[] = {
-    pickitem('L', {Word::Lower}, [] { return sidesinforce() == Sides::lower; },
-             [] { return asklevel(Sides::lower); }),
+    pickitem(
+        'L', {Word::Lower}, [] { return sidesinforce() == Sides::lower; },
+        [] { return asklevel(Sides::lower); }),
     pickitem('D', {Word::Double}, isdouble, [] { return asklevel(Sides::twoSided); }),
-    pickitem('U', {Word::Upper}, [] { return sidesinforce() == Sides::upper; },
-             [] { return asklevel(Sides::upper); }),
-    pickitem('A', {Word::Lower, "+", Word::Upper, ":", Word::Each, Word::Single, Word::Side},
-             [] { return false; }, [] { return asklevel(Sides::twoSided, true); }),
+    pickitem(
+        'U', {Word::Upper}, [] { return sidesinforce() == Sides::upper; },
+        [] { return asklevel(Sides::upper); }),
+    pickitem(
+        'A', {Word::Lower, "+", Word::Upper, ":", Word::Each, Word::Single, Word::Side}, [] { return false; },
+        [] { return asklevel(Sides::twoSided, true); }),
 };
 
 void appendlevel(std::string& text) {
@@ -222,7 +224,10 @@ constexpr Item boundItems[] = {
 };
 
 constexpr Page pages[] = {
-    {.page = OptionPage::limitKind, .title = {Word::Confidence, Word::Limit}, .items = kindItems, .list = true},
+    {.page = OptionPage::limitKind,
+     .title = {Word::Confidence, Word::Limit},
+     .items = kindItems,
+     .list = true},
     {.page = OptionPage::confidence,
      .title = {Word::Confidence},
      .items = confidenceItems,

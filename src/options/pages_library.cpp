@@ -71,7 +71,9 @@ constexpr Item items[] = {
     exititem('X', {Word::Exit, Word::To, Word::Main, Word::Display}),
 };
 
-void itemlead(std::string& text) { extend(text, Word::Library, " ", Word::Item, " = ", AsTyped{session.libraryItem}); }
+void itemlead(std::string& text) {
+    extend(text, Word::Library, " ", Word::Item, " = ", AsTyped{session.libraryItem});
+}
 
 constexpr Page pages[] = {{OptionPage::library, {Word::Library}, items, itemlead}};
 

@@ -250,14 +250,14 @@ bool addsuspensions() {
 
 bool shifted() { return session.wbPlan == 3; }
 
-template <double Session::*At>
+template <auto At>
 void appendgiven(std::string& text) {
     if (session.*At == noAnswer)
         append(text, Word::None);
     else
         appendshown(text, session.*At);
 }
-template <double Session::*At, Word What>
+template <auto At, Word What>
 bool askgiven() {
     double value = session.*At == noAnswer ? 0 : session.*At;
     if (!asknumberwithin({What, Word::Value}, value, 0, static_cast<double>(noHighLimit))) return false;
@@ -269,7 +269,8 @@ constexpr Item weibayesItems[] = {
     acceptitem('A', {Word::Activate}),
     numberitem('B', {Word::WeibullSlope, "(0 =", Word::None, ")"}, placeof<&S::fixedSlope>, 0, 1e6)
         .shows(appendfree),
-    numberitem('C', {Word::Confidence, "%", Word::For, "0", Word::Occurrence}, placeof<&S::wbConf>, 0, 99.9999)
+    numberitem('C', {Word::Confidence, "%", Word::For, "0", Word::Occurrence}, placeof<&S::wbConf>, 0,
+               99.9999)
         .when(slopeknown),
     actionitem('F', {Word::Additional, Word::Occurrence, Word::Quantity}, addfailures)
         .shows([](std::string& text) { appendshown(text, static_cast<double>(session.wbFail), 7); })
@@ -354,7 +355,9 @@ constexpr Item extendedItems[] = {
                    });
                })
         .when(fitted),
-    actionitem('M', {Word::Mixture, "(2", Word::Failure, Word::Mode, ")"}, fitmodes<4>).when([] { return setcount() > 0; }),
+    actionitem('M', {Word::Mixture, "(2", Word::Failure, Word::Mode, ")"}, fitmodes<4>).when([] {
+        return setcount() > 0;
+    }),
     actionitem('O', {Word::Mixture, "(2", Word::Failure, Word::Mode, "+", Word::Proportion, ")"}, fitmodes<5>)
         .when([] { return setcount() > 0; }),
     numberitem('P', {Word::Partial, "%", Word::Affected, "(0 =", Word::All, ")"}, placeof<&S::popPortion>, 0,
@@ -367,7 +370,10 @@ constexpr Item extendedItems[] = {
 };
 
 constexpr Page pages[] = {
-    {.page = OptionPage::inputMethod, .title = {Word::Input, Word::Method}, .items = inputItems, .list = true},
+    {.page = OptionPage::inputMethod,
+     .title = {Word::Input, Word::Method},
+     .items = inputItems,
+     .list = true},
     {.page = OptionPage::cumulativeInput,
      .title = {Word::Cumulative, Word::Input},
      .items = cumulativeItems,

@@ -2,6 +2,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "data/datafilesave.h"
@@ -12,6 +13,7 @@
 #include "platform/platform.h"
 #include "plot/window.h"
 #include "session/opendata.h"
+#include "shell/commands.h"
 #include "shell/prompts.h"
 
 /// What the plot shows and how: window, style, points, lines, scale, and which view is in front.
@@ -156,7 +158,8 @@ bool flipframe() {
 constexpr Word gridNames[] = {Word::All, Word::Big, Word::None};
 
 bool nextgrid() {
-    session.gridLines = static_cast<int16_t>((session.gridLines + 1) % static_cast<int>(std::size(gridNames)));
+    session.gridLines =
+        static_cast<int16_t>((session.gridLines + 1) % static_cast<int>(std::size(gridNames)));
     return true;
 }
 
@@ -251,15 +254,38 @@ constexpr Item lineItems[] = {
 constexpr Item yScaleItems[] = {
     pickitem('F', {Word::Occurrence, Word::As, "% ...", Word::Standard}, placeof<&S::yScaleKind>,
              occurrencePercent),
-    pickitem('G', {"100 -", " ", Word::Occurrence, Word::As, "%", "[", Word::Reliability, "%]"},
+    pickitem('G', {"100 -", Word::Occurrence, Word::As, "%", "[", Word::Reliability, "%]"},
              placeof<&S::yScaleKind>, reliabilityPercent),
     pickitem('O', {Word::Occurrence, Word::Probability}, placeof<&S::yScaleKind>, occurrenceProbability),
-    pickitem('R', {"1 -", " ", Word::Occurrence, Word::Probability, "[", Word::Reliability, "]"},
+    pickitem('R', {"1 -", Word::Occurrence, Word::Probability, "[", Word::Reliability, "]"},
              placeof<&S::yScaleKind>, reliabilityProbability),
-    pickitem('T', {Word::Occurrence, "/ K ...", Word::Occurrence, Word::For, "1000"},
-             placeof<&S::yScaleKind>, occurrencePerThousand),
-    pickitem('U', {"1000 -", " ", Word::Occurrence, "/ K", "[", Word::Reliability, "/ K]"},
+    pickitem('T', {Word::Occurrence, "/ K ...", Word::Occurrence, Word::For, "1000"}, placeof<&S::yScaleKind>,
+             occurrencePerThousand),
+    pickitem('U', {"1000 -", Word::Occurrence, "/ K", "[", Word::Reliability, "/ K]"},
              placeof<&S::yScaleKind>, reliabilityPerThousand),
+    exititem('X', {Word::Exit}),
+};
+
+// ---- data ----
+
+/// What is done with the cells selected in the grid. The cycle has run when it is done.
+bool selectedcells() {
+    constexpr Word names[] = {Word::Delete, Word::Cut, Word::Copy};
+    constexpr int actions[] = {editDelete, editCut, editCopy};
+    std::vector<std::string> entries;
+    for (const Word name : names) wordclean(entries.emplace_back(word(name)));
+    const int chosen = choosefrom({Word::Data}, entries);
+    if (chosen >= 0) editaction(actions[chosen]);
+    return false;
+}
+
+constexpr Item dataItems[] = {
+    actionitem('D', {Word::Data, Word::Delete, "/", Word::Cut, "/", Word::Copy}, selectedcells),
+    actionitem('H', {Word::Reset, Word::To, Word::Former},
+               [] {
+                   editaction(editUndo);
+                   return false;
+               }),
     exititem('X', {Word::Exit}),
 };
 
@@ -294,8 +320,11 @@ constexpr Page pages[] = {
     {.page = OptionPage::style, .title = {Word::Style}, .items = styleItems, .also = stylePlaces},
     {OptionPage::pointSymbols, {Word::Point, Word::Symbol}, symbolItems},
     {OptionPage::lines, {Word::Line}, lineItems},
-    {.page = OptionPage::yScaleKind, .title = {"Y-", Word::PlotScale, Word::Type}, .items = yScaleItems,
+    {.page = OptionPage::yScaleKind,
+     .title = {"Y-", Word::PlotScale, Word::Type},
+     .items = yScaleItems,
      .list = true},
+    {OptionPage::dataOnPlot, {Word::Data, Word::On, Word::Plot}, dataItems},
     {OptionPage::reportContent, {Word::Report}, reportItems},
     {OptionPage::plotOrReport, {Word::Plot, "/", Word::Report}, plotOrReportItems},
 };

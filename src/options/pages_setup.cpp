@@ -43,10 +43,12 @@ void dimensionlead(std::string& text) {
 }
 
 constexpr Item dimensionItems[] = {
-    actionitem('1', {"1 / 2"}, [] { return changesize(-1); })
-        .shows([](std::string& text) { appendsize(text, session.sizeExponent - 1); }),
-    actionitem('2', {Word::Double}, [] { return changesize(1); })
-        .shows([](std::string& text) { appendsize(text, session.sizeExponent + 1); }),
+    actionitem('1', {"1 / 2"}, [] { return changesize(-1); }).shows([](std::string& text) {
+        appendsize(text, session.sizeExponent - 1);
+    }),
+    actionitem('2', {Word::Double}, [] { return changesize(1); }).shows([](std::string& text) {
+        appendsize(text, session.sizeExponent + 1);
+    }),
     wholeitem('9', {Word::Fit, Word::Line, "...", Word::Point}, placeof<&S::linePoints>, 10, 1000),
     exititem('X', {Word::Exit}),
 };
@@ -149,11 +151,10 @@ constexpr Item languageItems[] = {
                })
         .shows([](std::string& text) { extend(text, "'", AsTyped{session.displayDecimal}, "'"); }),
     actionitem('E', {Word::Export, "/", Word::Import, Word::Decimal, Word::Symbol}, flipexportdecimal)
-        .shows([](std::string& text) {
-            text += session.exportDecimal == "," ? "',' (/ '.')" : "'.' (/ ',')";
-        }),
-    wholeitem('F', {Word::Decimal, Word::Significance, Word::Limit, Word::Default}, placeof<&S::maskDigits, 0>,
-              1, mostDigits),
+        .shows(
+            [](std::string& text) { text += session.exportDecimal == "," ? "',' (/ '.')" : "'.' (/ ',')"; }),
+    wholeitem('F', {Word::Decimal, Word::Significance, Word::Limit, Word::Default},
+              placeof<&S::maskDigits, 0>, 1, mostDigits),
     wholeitem('G', {Word::Decimal, Word::Significance, Word::Limit, Word::For, "X-", Word::Value},
               placeof<&S::maskDigits, 3>, 1, mostDigits),
     wholeitem('H', {Word::Decimal, Word::Significance, Word::Limit, Word::For, Word::Slope},
@@ -186,10 +187,11 @@ constexpr PlaceOf languagePlaces[] = {placeof<&S::exportDecimal>, placeof<&S::da
 
 constexpr Item informationItems[] = {
     flipitem('B', {Word::Big, Word::Information, Word::Display}, placeof<&S::informationBig>),
-    pickitem('I', {Word::Information, Word::Display, Word::With, Word::Label}, placeof<&S::informationDisplay>,
-             labelledInformation),
+    pickitem('I', {Word::Information, Word::Display, Word::With, Word::Label},
+             placeof<&S::informationDisplay>, labelledInformation),
     pickitem('U', {"Tooltips", Word::Only}, placeof<&S::informationDisplay>, tooltipInformation),
-    pickitem('N', {Word::No, Word::Information, Word::Display}, placeof<&S::informationDisplay>, noInformation),
+    pickitem('N', {Word::No, Word::Information, Word::Display}, placeof<&S::informationDisplay>,
+             noInformation),
     exititem('X', {Word::Exit}),
 };
 
@@ -312,7 +314,7 @@ constexpr Item setupItems[] = {
     pageitem('E', {Word::Distribution, Word::Equations}, OptionPage::analysisEquations)
         .shows([](std::string& text) { extend(text, AsTyped{session.equationsName}); }),
     pageitem('K', {Word::Information, Word::Display, "[Big / Small]"}, OptionPage::informationDisplay),
-    pageitem('L', {Word::Language, "-", Word::Decimal}, OptionPage::language),
+    pageitem('L', {Word::Language, " - ", Word::Decimal}, OptionPage::language),
     pageitem('O', {Word::Output, Word::Setup}, OptionPage::ports),
     pageitem('P', {Word::Plot, Word::Color, Word::Select}, OptionPage::color),
     pageitem('Q', {Word::Plot, Word::Font, Word::Select}, OptionPage::font),
@@ -341,9 +343,9 @@ constexpr Item mainItems[] = {
 
 constexpr Page pages[] = {
     {OptionPage::setup, {Word::Setup}, setupItems},
-    {OptionPage::dimension, {Word::Setup, ":", Word::Dimension}, dimensionItems, dimensionlead},
+    {OptionPage::dimension, {Word::Setup, " : ", Word::Dimension}, dimensionItems, dimensionlead},
     {.page = OptionPage::language,
-     .title = {Word::Language, "-", Word::Display},
+     .title = {Word::Language, " - ", Word::Display},
      .items = languageItems,
      .also = languagePlaces},
     {OptionPage::informationDisplay, {Word::Information, Word::Display}, informationItems},
