@@ -160,6 +160,7 @@ std::span<const Page> confidencepages();
 std::span<const Page> testpages();
 std::span<const Page> calculatorpages();
 std::span<const Page> librarypages();
+std::span<const Page> functionpages();
 
 /// Pages that are no tables.
 bool samplepage();

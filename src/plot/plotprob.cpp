@@ -10,6 +10,7 @@
 #include "plot/datapoints.h"
 #include "plot/drawing.h"
 #include "plot/frame.h"
+#include "plot/functionplot.h"
 #include "plot/titles.h"
 #include "plot/window.h"
 #include "session/session.h"
@@ -82,7 +83,10 @@ void drawparts() {
     plotyaxis(layout);
     plotxaxis(layout);
     plotbuttons(layout);
-    plotpoints(layout);
+    if (functionplotted())
+        plotfunctions();
+    else
+        plotpoints(layout);
     plottitles(block, layout);
 }
 
@@ -100,6 +104,11 @@ bool draw(Device& device) {
                     session.ploty2,    session.plotpen,   session.textSize, session.textRotation,
                     session.linewidth, session.setCounter};
     const DropUnfinished drop;
+    const Keep axes{session.plotMode, session.xyscale};
+    if (functionplotted()) {
+        session.plotMode = functionAxes;
+        session.xyscale = 0;
+    }
     groups();
     xyanalyzw();
     const bool stopped = session.plotStopped == 1;
