@@ -124,7 +124,8 @@ bool taketext(const Item& item) {
     std::string& held = *std::get<std::string*>(item.at(session));
     compose(session.msg, item.label);
     textprompt();
-    if (session.msg == noAnswerText || session.msg == held) return false;
+    if (session.msg == noAnswerText || session.msg == held || (item.filled && session.msg.empty()))
+        return false;
     held = session.msg;
     return true;
 }

@@ -169,8 +169,8 @@ constexpr Item languageItems[] = {
     }),
     actionitem('M', {Word::Language, Word::Reset, Word::To, "English"}, [] { return takelanguage(""); })
         .when([] { return !session.languageFile.empty(); }),
-    textitem('N', {Word::Name, Word::For, Word::Parameter, "1"}, parametertext<0>),
-    textitem('O', {Word::Name, Word::For, Word::Parameter, "2"}, parametertext<1>),
+    nameitem('N', {Word::Name, Word::For, Word::Parameter, "1"}, parametertext<0>),
+    nameitem('O', {Word::Name, Word::For, Word::Parameter, "2"}, parametertext<1>),
     actionitem('U', {Word::Date, Word::Format}, nextdateorder).shows([](std::string& text) {
         appenddateorder(text, dateorder());
         text += " (/ ";

@@ -304,3 +304,31 @@ TEST_F(AnalysisPages, ATestPlanOfTheSetGoesIntoTheReport) {
     EXPECT_NE(session.reportBuffer.find("Sudden"), std::string::npos) << session.reportBuffer;
     EXPECT_EQ(shown.windowCalls.back(), "showview 1");
 }
+
+TEST_F(AnalysisPages, LabelsGoToAFileOfTheirOwnAndComeBack) {
+    life({"150", "230", "310"});
+    session.titleSecond = "after the repair";
+    const std::string before = session.fileName;
+    {
+        ScriptedPlatform shown;
+        shown.expectkey("", 'S');
+        shown.expectfile("Save Label File", folder.path("title"));
+        shown.expectkey("", 'A');
+        optionpage(OptionPage::style);
+    }
+    ASSERT_TRUE(folder.has("title.lbl"));
+    EXPECT_EQ(session.fileName, before) << "the data are not saved by it";
+    session.titleSecond = "another";
+    const auto cells = session.gridCells;
+    const std::string other = folder.write("data.txt", "1 2 3");
+    ScriptedPlatform shown;
+    shown.expectkey("", 'R');
+    shown.expectfile("Get Label File", other);
+    shown.expectmessage("Cannot Get");
+    shown.expectkey("", 'R');
+    shown.expectfile("Get Label File", folder.path("title.lbl"));
+    shown.expectkey("", 'A');
+    EXPECT_TRUE(optionpage(OptionPage::style));
+    EXPECT_EQ(session.titleSecond, "after the repair");
+    EXPECT_EQ(session.gridCells, cells) << "labels alone";
+}

@@ -117,6 +117,8 @@ TEST_F(SettingsPages, NumbersOnAPageHaveTheDecimalSymbolOfTheDisplay) {
 TEST_F(SettingsPages, AParameterNameIsThatOfTheFamilyInForce) {
     session.dist = lognormal;
     desktop.expectkey("", 'N');
+    desktop.expecttext("Name For Parameter 1", "");
+    desktop.expectkey("", 'N');
     desktop.expecttext("Name For Parameter 1", "Median");
     keys("A");
     EXPECT_TRUE(optionpage(OptionPage::language));

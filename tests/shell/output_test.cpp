@@ -149,7 +149,10 @@ TEST_F(OutputTest, ACopiedPlotIsAPictureAndWithTheTotalReportTextToo) {
     EXPECT_NE(shown.clipboardPicture->find("<svg"), std::string::npos);
     EXPECT_FALSE(shown.clipboardText.has_value());
     session.totalReport = 1;
+    shown.clipboardPicture.reset();
+    shown.expectmessage("Report To Clipboard ... Next = Picture");
     EXPECT_TRUE(copyplot());
+    EXPECT_TRUE(shown.clipboardPicture.has_value());
     EXPECT_NE(shown.clipboardText.value_or("").find("Eta"), std::string::npos);
 }
 
