@@ -282,3 +282,16 @@ TEST_F(Pages, APageThatTheProgramHasNotSaysSo) {
     desktop.expectmessage("Not Possible");
     EXPECT_FALSE(optionpage(OptionPage::functionPlot));
 }
+
+TEST_F(Pages, TheOtherSideHasPagesOfItsOwnChoice) {
+    chooseside(visualSide);
+    for (const Page* const page : tables()) {
+        const std::string before = everything();
+        desktop.expectmenu("", 0);
+        EXPECT_FALSE(optionpage(page->page)) << titleof(*page);
+        EXPECT_EQ(difference(everything(), before), "");
+    }
+    desktop.expectmenu("", 0);
+    optionpage(OptionPage::mainOptions);
+    for (const std::string& item : desktop.shown.back().items) EXPECT_NE(item.front(), 'C') << item;
+}
