@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QDialog>
+#include <vector>
+
+class QLabel;
+class QPushButton;
+class TitlePicture;
+
+/// The start window: agreement before the main window opens, about box from within it, and splash.
+class Form1 : public QDialog {
+public:
+    enum class Purpose {
+        agreement, ///< Y accepts; X, Esc and closing reject
+        about      ///< one OK
+    };
+    explicit Form1(Purpose purpose, QWidget* parent = nullptr);
+
+    /// Shows the title alone for 1.2 seconds while events run; then accepts.
+    void splash();
+
+    /// Shows the title alone with a caption, without waiting: while a long step of the start goes on. It
+    /// goes when another Form1 or the main window opens.
+    static void showwaiting(const QString& caption);
+    static void closewaiting();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void build();
+    void settexts();
+    void hidepanels();
+    void pictureclicked();
+
+    Purpose purpose;
+    int feature = 0; ///< feature line in view
+    TitlePicture* picture = nullptr;
+    std::vector<QLabel*> panels;
+    QPushButton* accept_ = nullptr;
+    QPushButton* leave = nullptr;
+};
