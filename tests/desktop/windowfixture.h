@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QSignalSpy>
+#include <QDir>
 #include <QTest>
 #include <QToolButton>
 #include <memory>
@@ -13,6 +13,7 @@
 #include "shell/grid.h"
 #include "support/freshsession.h"
 #include "support/scriptedplatform.h"
+#include "support/workfolder.h"
 
 /// A platform whose prompts answer from a script and whose window is a real one.
 class WindowedPlatform : public ScriptedPlatform {
@@ -27,11 +28,13 @@ class WindowTest : public testing::Test {
 protected:
     FreshSession fresh{lifeSide};
     WindowedPlatform desktop;
+    WorkFolder folder; ///< takes the settings, the temporary files and the test's own
     std::unique_ptr<Form2> window;
 
     WindowTest() {
         session.commandSeen.fill(1);
         session.undoActive = 1;
+        session.configPath = session.tempPath = session.dataPath = folder.path("") + "\\";
         open();
     }
     ~WindowTest() override { desktop.shown = nullptr; }
@@ -79,9 +82,9 @@ protected:
 
     /// Keeps a picture of the window for looking at.
     void keep(const char* name) {
-        const QString folder = QStringLiteral(VANEX_TESTS_DIR "/../build/pictures");
-        QDir().mkpath(folder);
-        EXPECT_TRUE(window->grab().save(folder + QLatin1Char('/') + QString::fromLatin1(name)));
+        const QString pictures = QStringLiteral(VANEX_TESTS_DIR "/../build/pictures");
+        QDir().mkpath(pictures);
+        EXPECT_TRUE(window->grab().save(pictures + QLatin1Char('/') + QString::fromLatin1(name)));
     }
 };
 

@@ -50,13 +50,15 @@ constexpr int longTime = 1000;   ///< ms from which on a run shows its gauge
 /// The toggles beside the plot. `on` is the value of the setting while the toggle is pressed.
 struct SwitchOf {
     const char* name;
-    Word label;
+    QString (*label)();
     int16_t PlotState::*setting;
     int16_t on;
 };
-constexpr SwitchOf switchTable[] = {{"SwitchPoint", Word::Point, &PlotState::pointHide, 0},
-                                    {"SwitchLabel", Word::Label, &PlotState::pointLabelsShown, 1},
-                                    {"SwitchLegend", Word::Parameter, &PlotState::legendPlace, 1}};
+constexpr SwitchOf switchTable[] = {
+    {"SwitchPoint", [] { return phrase(Word::Point); }, &PlotState::pointHide, 0},
+    {"SwitchLabel", [] { return phrase(Word::Label); }, &PlotState::pointLabelsShown, 1},
+    {"SwitchLegend", [] { return QStringLiteral("LEGEND"); }, &PlotState::legendPlace,
+     1}}; // as the plot heads it
 
 /// A label that takes the room there is and shows the rest of its text as a tip.
 class ElidedLabel : public QLabel {
@@ -248,8 +250,8 @@ void Form2::placewindow() {
         const QSize size = standardSize.boundedTo(room.size() * 0.96);
         setGeometry(QRect(room.center() - QPoint(size.width() / 2, size.height() / 2), size));
     }
-    const int grids = session.paneSizes[0] > 0 ? session.paneSizes[0] : this->width() * 3 / 10;
-    const int plots = session.paneSizes[1] > 0 ? session.paneSizes[1] : this->width() * 7 / 10;
+    const int grids = session.paneSizes[0] > 0 ? session.paneSizes[0] : this->width() * 36 / 100;
+    const int plots = session.paneSizes[1] > 0 ? session.paneSizes[1] : this->width() * 64 / 100;
     panes->setSizes({grids, plots});
 }
 
@@ -326,8 +328,9 @@ bool Form2::pendingevents() {
 /// Below the icon, or in the corner of the plot for a command that has none.
 void Form2::settle(QWidget* label, const QWidget* beside) const {
     constexpr int widest = 380;
-    label->setMaximumWidth(std::min(widest, width() - 20));
-    label->adjustSize();
+    const int wanted = label->fontMetrics().boundingRect(QRect(), Qt::AlignLeft, label->text()).width();
+    const int wide = std::min({wanted + 2 * label->margin() + 6, widest, width() - 20});
+    label->resize(wide, label->heightForWidth(wide));
     const QWidget* const base = beside ? beside : static_cast<const QWidget*>(plot);
     const QPoint below = base->mapTo(this, QPoint(0, beside ? beside->height() + 4 : 8));
     label->move(std::clamp(below.x(), 4, std::max(4, width() - label->width() - 4)), below.y());
@@ -373,8 +376,8 @@ void Form2::retitle() {
     grid->retitle();
     plot->retitle();
     for (std::size_t i = 0; i < switches.size(); ++i) {
-        switches[i].button->setText(phrase(switchTable[i].label));
-        switches[i].button->setAccessibleName(phrase(switchTable[i].label));
+        switches[i].button->setText(switchTable[i].label());
+        switches[i].button->setAccessibleName(switchTable[i].label());
     }
     stopHint->setText(QStringLiteral("<Esc> ") + phrase(Word::Stop));
     gauge->setAccessibleName(phrase(Word::Calculation));
@@ -400,6 +403,15 @@ void Form2::progress(double done) {
 }
 
 void Form2::leave() { close(); }
+
+/// The data of the start are read when the window has been painted: it is there at once, and a question of
+/// the file stands over it.
+bool Form2::event(QEvent* event) {
+    const bool handled = QMainWindow::event(event);
+    if (event->type() == QEvent::Paint && painted)
+        QTimer::singleShot(0, this, std::exchange(painted, nullptr));
+    return handled;
+}
 
 void Form2::closeEvent(QCloseEvent* event) {
     if (session.leaving == 0) {

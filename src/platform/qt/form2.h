@@ -4,6 +4,7 @@
 #include <QMainWindow>
 #include <QPointer>
 #include <array>
+#include <functional>
 
 #include "platform/platform.h"
 
@@ -42,9 +43,13 @@ public:
     void progress(double done) override;
     void leave() override;
 
+    /// Called once, when the window stands on the screen.
+    std::function<void()> painted;
+
     void openrecent(); ///< a menu of the data files opened or saved last
 
 protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void closeEvent(QCloseEvent* event) override;

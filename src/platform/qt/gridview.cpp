@@ -2,12 +2,15 @@
 
 #include "shell/words.h" // ahead of Qt, which has a global Display
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 #include <algorithm>
 
 #include "platform/qt/gridmodel.h"
@@ -44,6 +47,31 @@ bool severalcells(const QString& text) {
     return text.contains(QLatin1Char('\t')) || text.contains(QLatin1Char('\n'))
            || text.contains(QLatin1Char('\r'));
 }
+
+/// The cell in hand is framed, so that its text stays readable; the rest of a selection is tinted.
+class CellPainter : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        QStyleOptionViewItem plain = option;
+        const bool selected = option.state & QStyle::State_Selected;
+        const bool current = index.row() + 1 == session.gridRow && index.column() + 1 == session.gridCol;
+        plain.state &= ~(QStyle::State_Selected | QStyle::State_HasFocus);
+        const QColor accent = option.palette.color(QPalette::Highlight);
+        painter->fillRect(option.rect, option.palette.base()); // over the strong ground of a selection
+        if (selected && session.gridMarked != 0) {
+            QColor tint = accent;
+            tint.setAlphaF(0.18F);
+            painter->fillRect(option.rect, tint);
+        }
+        QStyledItemDelegate::paint(painter, plain, index);
+        if (!current) return;
+        painter->setPen(QPen(accent, 2));
+        painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
+    }
+};
 
 } // namespace
 
@@ -97,6 +125,7 @@ DataGrid::DataGrid(QWidget* parent)
       box(new CellBox(viewport())) {
     setObjectName(QStringLiteral("Grid1"));
     setModel(model);
+    setItemDelegate(new CellPainter(this));
     setEditTriggers(NoEditTriggers);
     setSelectionMode(ContiguousSelection);
     setHorizontalScrollMode(ScrollPerPixel);
@@ -130,6 +159,9 @@ DataGrid::DataGrid(QWidget* parent)
 void DataGrid::retitle() {
     setAccessibleName(phrase(Word::Data, " ", Word::Grid));
     box->setAccessibleName(phrase(Word::Data, " ", Word::Value));
+    for (QAbstractButton* const corner :
+         findChildren<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly))
+        corner->setAccessibleName(accessibleName());
 }
 
 void DataGrid::repaintgrid() {
@@ -292,7 +324,7 @@ void DataGrid::resizeEvent(QResizeEvent* event) {
     session.gridVisibleRows = static_cast<int16_t>(std::clamp(viewport()->height() / rowHeight, 1, 1000));
     session.gridVisibleCols = static_cast<int16_t>(std::clamp(viewport()->width() / columnWidth, 1, 1000));
     model->refresh();
-    showbox();
+    repaintcell();
 }
 
 void DataGrid::updateGeometries() {

@@ -57,6 +57,7 @@ void IconStrip::rebuild() {
     for (QToolButton* const button : buttons)
         if (button) {
             button->hide();
+            button->setObjectName(QString()); // the name goes to its successor
             button->deleteLater(); // it may be the one that was pressed
         }
     buttons.clear();
