@@ -102,3 +102,7 @@ bool snapshotwrite(const std::string& path) {
     OutputFile file;
     return file.open(path) && writethrough(file, datafilewrite) && file.commit();
 }
+
+std::string saveFilter() {
+    return std::string(session.progSide == lifeSide ? "VXW (*.w)|*.w" : "VXV (*.v)|*.v") + "|All (*.*)|*.*";
+}

@@ -28,3 +28,6 @@ bool snapshotwrite(const std::string& path);
 /// The files a dialog offers: name and pattern of each kind by turns, "|" between them, all files first.
 inline constexpr const char* fileFilter =
     "All (*.*)|*.*|VXW (*.w)|*.w|VXV (*.v)|*.v|RG (*.rgd)|*.rgd|Text (*.txt)|*.txt|Label (*.lbl)|*.lbl";
+
+/// The same for a save: the kind of the side first.
+std::string saveFilter();

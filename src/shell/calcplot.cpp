@@ -12,6 +12,7 @@
 #include "session/snapshots.h"
 #include "shell/grid.h"
 #include "shell/prompts.h"
+#include "shell/shellbusy.h"
 
 namespace {
 
@@ -101,6 +102,7 @@ void writereport() {
 } // namespace
 
 void calcplot() {
+    const ShellBusy busy; // pending events run within, and must not start another one
     for (auto& messages : session.setMessages) messages.clear();
     window([](MainWindow& w) { w.readswitches(); });
     refusethresholdsearch();

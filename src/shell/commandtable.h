@@ -12,11 +12,16 @@ enum class Offered : int8_t { both, life, visual };
 /// True when the side of the session is offered it.
 bool offered(Offered where);
 
-/// One command.
+/// Appends a text composed of word slots.
+using Phrase = void (*)(std::string& text);
+
+/// One command. A number can stand for one command on each side.
 struct Command {
     int number; ///< 0 to 91
     Offered where;
     const char* icon; ///< name of its picture; empty: it stands in no icon strip
+    Phrase name;
+    Phrase more; ///< what its explanation says beside the name; null: nothing
     void (*run)();
 };
 std::span<const Command> commands();
@@ -24,9 +29,12 @@ std::span<const Command> commands();
 /// The command of a number on the side of the session; null when there is none.
 const Command* commandof(int number);
 
-/// The icon strip of the session's side: command numbers from left to right, -1 for a gap between groups.
+inline constexpr int iconGap = -1;
+
+/// The icon strip of the session's side: command numbers from left to right, iconGap between groups.
 std::span<const int> iconstrip();
 
-/// Short name of a command, "Open / Get / Import", and its explanation, in the language in force.
+/// Short name of a command, "Open / Get / Import", and its explanation, in the language in force. Empty for a
+/// number without a command.
 std::string commandname(int number);
 std::string commandtip(int number);

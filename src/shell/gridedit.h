@@ -1,7 +1,9 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// The data grid as the user works on it: entry, selection, cut, copy and paste. Rows are points from 1, row
 /// 0 the headings; columns are sets from 1. Everything acts on session.gridRow, gridCol and the selection.
@@ -23,12 +25,14 @@ std::string gridformat();                 ///< the heading line: what a cell hol
 CellRange gridselection();                ///< the selected range, or the cell in hand
 
 /// Entry: `gridedit` opens the edit box over the cell in hand with its text, or with what was typed first;
-/// `gridcommit` takes gridEditText into the cell and closes the box: a cell with a problem stays as typed,
-/// and the run tells. `gridleave` closes it and leaves the cell.
+/// `gridcommit`, the Enter key, takes gridEditText into the cell, closes the box and moves a row down; on an
+/// empty cell it starts the cycle instead. A cell with a problem stays as typed and is told. `gridleave`
+/// closes the box and leaves the cell as it was. True when a cell changed.
 void gridedit();
 void gridedit(std::string_view typed);
 bool gridcommit();
 void gridleave();
+void gridsettle(); ///< takes an open entry into its cell and stays there: before a command looks at the grid
 
 /// Moves the cell in hand, committing an open entry before; `extend` keeps the other corner of the selection.
 void gridmove(int rows, int columns, bool extend = false);
@@ -43,8 +47,14 @@ bool gridcopy(int mode);
 /// than there is room for; the grid then is as it was.
 bool gridpaste();
 
-/// The grid as tab-separated text: a note on the columns, a header row, a row a point.
+/// The grid, or a part of it, as tab-separated text: a note on the columns, a header row, a row a point.
 std::string gridtext();
+std::string gridtext(const CellRange& range);
+
+/// Cells of such a text, a column a set; nothing for any other text.
+std::optional<std::vector<std::vector<std::string>>> gridtextread(std::string_view text);
+
+void telltoobig(); ///< "Point Quantity Too Big ... View Setup"
 
 /// Rebuilds the text of one cell, or of all, from the session's arrays.
 void gridput(int set, int point);

@@ -1,0 +1,82 @@
+#include <algorithm>
+
+#include "platform/platform.h"
+#include "session/session.h"
+#include "shell/calcplot.h"
+#include "shell/commandactions.h"
+#include "shell/commands.h"
+#include "shell/prompts.h"
+#include "shell/words.h"
+
+namespace {
+
+bool oneof(int mode, std::initializer_list<int> modes) {
+    return std::find(modes.begin(), modes.end(), mode) != modes.end();
+}
+
+void replot() {
+    session.replotNeeded = 1;
+    calcplot();
+}
+
+/// A pending fit becomes the line of the set.
+void commitfit() {
+    session.activeMode = 0;
+    replot();
+}
+
+/// Asks for each marker line in use whether it goes.
+void walkmarkers() {
+    const int first = static_cast<int>(session.maxSets) + 1;
+    for (int line = first; line <= static_cast<int>(session.maxLines); ++line) {
+        if (session.lineLabelA(line).empty() && session.lineLabelB(line).empty()) continue;
+        session.menuTitle = "Weibayes";
+        compose(session.msg, Word::Marker, " ", Word::Line, " ", Word::Delete, " ",
+                AsTyped{session.lineLabelA(line)});
+        askyesno();
+        if (session.u != 1) continue;
+        session.lineVisible(line) = 0;
+        session.lineLabelA(line).clear();
+        session.lineLabelB(line).clear();
+    }
+    session.activeMode = 0;
+    calcplot();
+}
+
+void visualmode(int mode) {
+    if (oneof(mode, {9, 17}))
+        opens<OptionPage::zoom>();
+    else if (mode == 18)
+        commitfit();
+    else if (oneof(mode, {30, 31, 36, 38}))
+        replot();
+    else
+        calcplot();
+}
+
+void lifemode(int mode) {
+    if (oneof(mode, {12, 21, 29}))
+        opens<OptionPage::mainOptions>();
+    else if (mode == 13) {
+        session.activeMode = 0;
+        if (platform) platform->window().repaintgrid();
+        calcplot();
+    } else if (mode == 30)
+        commitfit();
+    else if (oneof(mode, {50, 51}))
+        walkmarkers();
+    else
+        calcplot();
+}
+
+} // namespace
+
+void checkmark() {
+    const int mode = session.activeMode;
+    if (mode == 0)
+        calcplot();
+    else if (session.progSide == lifeSide)
+        lifemode(mode);
+    else
+        visualmode(mode);
+}

@@ -1,0 +1,176 @@
+#include <algorithm>
+#include <chrono>
+#include <thread>
+
+#include "data/textimport.h"
+#include "platform/platform.h"
+#include "session/opendata.h"
+#include "session/session.h"
+#include "session/sizing.h"
+#include "session/snapshots.h"
+#include "shell/calcplot.h"
+#include "shell/commands.h"
+#include "shell/grid.h"
+#include "shell/gridedit.h"
+#include "shell/prompts.h"
+#include "shell/words.h"
+
+namespace {
+
+constexpr int manyRows = 20000; ///< a copy of more is asked about: other programs choke on it
+constexpr int yes = 1;
+
+using Columns = std::vector<std::vector<std::string>>;
+
+bool confirmbig(const CellRange& range) {
+    if (range.lastRow - range.firstRow < manyRows) return true;
+    compose(session.msg, Word::Data, " ", Word::Copy, " ... ", Word::Big, " ", Word::Data, " ", Word::Set,
+            " ", Word::With, " ", Word::Additional, " ", Word::Information);
+    askokcancel();
+    return session.u == yes;
+}
+
+/// Results are lost with the last point of their set.
+bool losesresults(const CellRange& range) {
+    for (int set = range.firstCol; set <= std::min(range.lastCol, setcount()); ++set) {
+        int left = 0;
+        for (int row = 1; row <= pointcount(set); ++row)
+            if ((row < range.firstRow || row > range.lastRow) && !gridcell(set, row).empty()) ++left;
+        if (pointcount(set) > 0 && left == 0) return true;
+    }
+    return false;
+}
+
+bool confirmdelete(const CellRange& range) {
+    if (!losesresults(range)) return true;
+    compose(session.msg, Word::Delete, " ", Word::Data, " + ", Word::Results);
+    askyesno();
+    return session.u == yes;
+}
+
+/// The clipboard may be held by another program for a moment: half a second is waited for it.
+bool toclipboard(const std::string& text) {
+    using namespace std::chrono_literals;
+    if (!platform) return false;
+    for (int tries = 0; tries < 5; ++tries) {
+        if (platform->clipboard().settext(text)) return true;
+        std::this_thread::sleep_for(100ms);
+    }
+    compose(session.menuTitle, Word::Clipboard);
+    compose(session.msg, Word::Clipboard, " ", Word::Not, " ", Word::Ready);
+    tellok();
+    return false;
+}
+
+void clearcells(const CellRange& range) {
+    for (int set = range.firstCol; set <= range.lastCol; ++set) {
+        const auto column = static_cast<std::size_t>(set - 1);
+        if (column >= session.gridCells.size()) break;
+        auto& cells = session.gridCells[column];
+        const auto last = std::min(static_cast<std::size_t>(range.lastRow), cells.size());
+        for (auto row = static_cast<std::size_t>(range.firstRow - 1); row < last; ++row) cells[row].clear();
+        while (!cells.empty() && cells.back().empty()) cells.pop_back();
+    }
+    while (!session.gridCells.empty() && session.gridCells.back().empty()) session.gridCells.pop_back();
+}
+
+/// What stands on the clipboard as columns of cells, without touching the data; nothing when it cannot be
+/// read. The input method may follow the text.
+std::optional<Columns> clipboardcolumns() {
+    if (!platform) return std::nullopt;
+    const auto text = platform->clipboard().text();
+    if (!text) return std::nullopt;
+    if (auto own = gridtextread(*text)) return own;
+    const GridState grid = session;
+    session.gridCells.clear();
+    session.gridTitles.clear();
+    session.msg = *text;
+    const TextRead end = textimport(TextFrom::text, true);
+    Columns columns = session.gridCells;
+    static_cast<GridState&>(session) = grid;
+    if (end != TextRead::read) return std::nullopt;
+    return columns;
+}
+
+void tellunreadable() {
+    if (session.msg.empty()) return;
+    compose(session.menuTitle, Word::Paste);
+    compose(session.msg, Word::Clipboard, ": ", Word::No, " ", Word::Data);
+    tellok();
+}
+
+bool roomforpaste(const Columns& columns) {
+    std::size_t longest = 0;
+    for (const auto& column : columns) longest = std::max(longest, column.size());
+    return static_cast<float>(session.gridCol - 1) + static_cast<float>(columns.size()) <= session.maxSets
+           && static_cast<float>(session.gridRow - 1) + static_cast<float>(longest) <= session.maxPoints;
+}
+
+/// A paste into the empty grid: whatever the clipboard holds, a data file included, as an Open of it.
+bool pastewhole() {
+    const GridState grid = session;
+    const DataRead end = opendata("CLIPBOARD");
+    if (end != DataRead::read) {
+        if (end != DataRead::refused || !session.msg.empty()) tellunreadable();
+        return false;
+    }
+    if (static_cast<float>(session.gridCells.size()) > session.maxSets || !roomfor(longestcolumn())) {
+        static_cast<GridState&>(session) = grid;
+        telltoobig();
+        return false;
+    }
+    session.fileName.clear();
+    session.resultsDirty = 1;
+    return true;
+}
+
+bool pasteover() {
+    const auto columns = clipboardcolumns();
+    if (!columns) {
+        tellunreadable();
+        return false;
+    }
+    if (!roomforpaste(*columns)) {
+        telltoobig();
+        return false;
+    }
+    undopush(undosnapshot());
+    for (std::size_t c = 0; c < columns->size(); ++c)
+        for (std::size_t r = 0; r < (*columns)[c].size(); ++r)
+            gridset(session.gridCol + static_cast<int>(c), session.gridRow + static_cast<int>(r),
+                    (*columns)[c][r]);
+    return true;
+}
+
+} // namespace
+
+void telltoobig() {
+    compose(session.menuTitle, Word::Data);
+    compose(session.msg, Word::Point, " ", Word::Quantity, " ", Word::Too, " ", Word::Big, " ... ",
+            Word::View, " ", Word::Setup);
+    tellok();
+}
+
+bool gridcopy(int mode) {
+    gridsettle();
+    const CellRange range = gridselection();
+    const bool clears = mode != editCopy;
+    if (mode != editDelete && !confirmbig(range)) return false;
+    if (clears && !confirmdelete(range)) return false;
+    if (mode != editDelete && !toclipboard(gridtext(range))) return false;
+    if (clears) {
+        undopush(undosnapshot());
+        clearcells(range);
+    }
+    calcplot();
+    return true;
+}
+
+bool gridpaste() {
+    gridsettle();
+    const bool empty = longestcolumn() == 0;
+    session.msg = "CLIPBOARD";
+    if (!(empty && session.gridRow == 1 && session.gridCol == 1 ? pastewhole() : pasteover())) return false;
+    calcplot();
+    return true;
+}
