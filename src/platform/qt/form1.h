@@ -5,6 +5,7 @@
 
 class QLabel;
 class QPushButton;
+class QScrollArea;
 class TitlePicture;
 
 /// The start window: agreement before the main window opens, about box from within it, and splash.
@@ -20,7 +21,7 @@ public:
     void splash();
 
     /// Shows the title alone with a caption, without waiting: while a long step of the start goes on. It
-    /// goes when another Form1 or the main window opens.
+    /// goes when another Form1, a prompt or the main window opens.
     static void showwaiting(const QString& caption);
     static void closewaiting();
 
@@ -28,15 +29,20 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void build();
+    void buildpanels();
+    void buildbuttons();
     void settexts();
     void hidepanels();
-    void pictureclicked();
+    void fit();
+    void chooselanguage();
+    void picturepressed();
 
     Purpose purpose;
-    int feature = 0; ///< feature line in view
-    TitlePicture* picture = nullptr;
-    std::vector<QLabel*> panels;
-    QPushButton* accept_ = nullptr;
+    std::size_t feature = 0; ///< line in view under the title; that of the language is the last
+    TitlePicture* picture;
+    QScrollArea* panelArea;
+    std::vector<QLabel*> panels; ///< title, authors, advisor, address, disclaimer
+    QPushButton* agree = nullptr;
     QPushButton* leave = nullptr;
+    QPushButton* language = nullptr;
 };

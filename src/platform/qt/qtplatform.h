@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QPointer>
 #include <QWidget>
 #include <memory>
 #include <string>
@@ -30,7 +29,6 @@ private:
     NativeSystem machine;
     std::unique_ptr<MainWindow> quiet;
     MainWindow* shown = nullptr;
-    QPointer<QWidget> parentWidget;
     std::unique_ptr<Prompts> forms;
     std::unique_ptr<Clock> today;
     std::unique_ptr<Clipboard> board;
