@@ -75,6 +75,23 @@ TEST_F(PicturesOf, ThePdfOfAPlotHoldsItsWordsAsText) {
     EXPECT_TRUE(run.readAllStandardOutput().contains("Weibull"));
 }
 
+TEST_F(PicturesOf, ATextIsAsLongAsThePictureSays) {
+    constexpr std::string_view stretched =
+        R"(<svg xmlns="http://www.w3.org/2000/svg" width="400" height="60" viewBox="0 0 400 60">
+<text x="50" y="40" font-size="20" fill="#000000" textLength="200">HHHH</text></svg>)";
+    ASSERT_TRUE(desktop.pictures().bitmap(path("a.png"), stretched, 400, 60));
+    const QImage image(qs(path("a.png")));
+    int first = 400, last = 0;
+    for (int x = 0; x < 400; ++x)
+        for (int y = 0; y < 60; ++y)
+            if (image.pixelColor(x, y).lightness() < 128) {
+                first = std::min(first, x);
+                last = std::max(last, x);
+            }
+    EXPECT_NEAR(first, 50, 12);
+    EXPECT_NEAR(last, 250, 8);
+}
+
 class DesktopBoard : public DesktopTest {
 protected:
     static const QMimeData* held() { return QGuiApplication::clipboard()->mimeData(); }

@@ -10,7 +10,7 @@ namespace {
 
 constexpr double margin = 24;
 constexpr double between = 70; ///< columns, room for an answer on its arrow
-constexpr double below = 34;   ///< rows
+constexpr double below = 26;   ///< rows
 constexpr double leastBox = 56;
 
 void arrow(QPainter& painter, QPointF from, QPointF to) {
