@@ -41,5 +41,7 @@ build() {
 }
 
 buildPackages=(g++ cmake ninja-build ccache)
-testPackages=(libgtest-dev libbenchmark-dev nlohmann-json3-dev clang libclang-rt-14-dev clang-format-14 locales)
+desktopPackages=(qt6-base-dev qt6-svg-dev libqt6svg6 fonts-dejavu-core)
+testPackages=(libgtest-dev libbenchmark-dev nlohmann-json3-dev clang libclang-rt-14-dev clang-format-14 locales
+    xvfb xauth openbox xdotool x11-utils imagemagick xclip poppler-utils desktop-file-utils appstream)
 mkdir -p build

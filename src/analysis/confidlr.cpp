@@ -64,8 +64,10 @@ void fillbounds(int k, const Contour& contour, const StandardLine& line) {
     const double one = betaof(c.widen * scale.low);
     const double two = betaof(c.widen * scale.high);
     keepparameterbounds(k, bounded(0), {std::min(one, two), std::max(one, two)});
-    for (const double p : askedprobabilities()) {
-        if (escaped()) return;
+    const auto asked = askedprobabilities();
+    double done = 0;
+    for (const double p : asked) {
+        if (escapedat(done++ / static_cast<double>(asked.size()))) return;
         addbounds(k, p, bounded(plotyofp(session.dist, session.gumbeltype, p)));
     }
 }

@@ -98,7 +98,7 @@ Ending simulate(int k, const SamplePlan& plan, int count, std::vector<SampleLine
         if (walked > unitsBetweenEvents) {
             walked = 0;
             showprogress(k, static_cast<int>(lines.size()), count);
-            if (escaped()) return Ending::escaped;
+            if (escapedat(static_cast<double>(lines.size()) / count)) return Ending::escaped;
         }
         SampleLine line;
         if (fitter.fit(fitter.draw(randomsource), line)) {

@@ -151,7 +151,8 @@ bool searchbox(std::span<const ModeUnit> units, Place low, Place high, BestPlace
     const int trials = simulationcount();
     for (int round = 0; round < rounds; ++round) {
         for (int trial = 0; trial < trials; ++trial) {
-            if (trial % trialsBetweenEvents == 0 && escaped()) return false;
+            const double done = (round + static_cast<double>(trial) / trials) / rounds;
+            if (trial % trialsBetweenEvents == 0 && escapedat(done)) return false;
             Place place;
             for (std::size_t i = 0; i < place.size(); ++i) place[i] = low[i] + Rnd() * (high[i] - low[i]);
             best.take(place, units);

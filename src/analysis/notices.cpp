@@ -20,6 +20,11 @@ bool escaped() {
     return session.abortCode == escapePressed;
 }
 
+bool escapedat(double done) {
+    if (platform) platform->window().progress(done);
+    return escaped();
+}
+
 void tellbadrow(int k, int j) {
     const auto tell = [k](const auto&... cause) {
         tellset(k, Word::Outside, " ", Word::Input, " ", Word::Range, cause..., "\n", Word::For, " ",

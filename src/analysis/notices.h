@@ -23,6 +23,7 @@ void tellrun(const Parts&... parts) {
 
 /// Lets pending window events run. True once the user has pressed Escape in this run.
 bool escaped();
+bool escapedat(double done); ///< the same, and shows what part of the run is done, 0 to 1
 
 /// A grouped row whose position is not within 0 and 100 percent.
 void tellbadrow(int k, int j);

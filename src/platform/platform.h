@@ -83,6 +83,8 @@ public:
 /// Pages of the tabbed view.
 enum class ViewTab { plot, report, help };
 
+inline constexpr double progressOver = 2;
+
 class MainWindow {
 public:
     virtual ~MainWindow() = default;
@@ -103,7 +105,7 @@ public:
     virtual void showview(ViewTab) {} ///< opens the tabbed view
     virtual void showabout() {}       ///< the start window as about box
     virtual void retitle() {}         ///< all texts again, after a change of the language, font or colours
-    /// Part of a long run that is done, 0 to 1; above 1 the gauge goes.
+    /// Part of a long run that is done, 0 to 1; progressOver: the gauge goes.
     virtual void progress(double /*done*/) {}
     virtual void leave() {} ///< closes the window without a question
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <vector>
 
 #include "data/boundvalues.h"
@@ -75,7 +76,8 @@ void linestatus(int k) {
 }
 
 void marksofset(int k) {
-    for (int j = 1; j <= pointcount(k) && plotting(); ++j) {
+    const int interval = std::max<int>(session.pointInterval, 1);
+    for (int j = 1; j <= pointcount(k) && plotting(); j += interval) {
         const ShownPoint point = shownpoint(k, j);
         const Place place = placeof(point);
         if (!place.onPlot) continue;
@@ -109,7 +111,7 @@ void fittedline(int k) {
     session.beta = session.betaFit(row, 1);
     const PlotWindow& w = session.window;
     const double shift = scaleshift(k);
-    const int steps = shift == 0 ? 1 : 120;
+    const int steps = shift == 0 ? 1 : std::max<int>(session.linePoints, 1);
     bool started = false;
     for (int i = 0; i <= steps; ++i) {
         const double ploty = w.ylow + (w.yhigh - w.ylow) * i / steps;
@@ -155,8 +157,9 @@ bool drawnaspoints(int k) {
 void lineofset(int k) {
     const Keep keep{session.plotpen, session.linewidth};
     session.plotpen = static_cast<float>(colourofset(k));
-    session.linewidth = 2;
+    session.linewidth = static_cast<int16_t>(2 * std::clamp(std::abs(int{session.linewidth}), 1, 100));
     if (session.plotMode == 1 && hasline(k)) {
+        if (session.fitLinesHidden == 1) return;
         fittedline(k);
         if (!hasbounds(k)) return;
         boundcurve(k, lowboundrow(k));

@@ -34,6 +34,7 @@ void drawgrid() {
     const PlotWindow& w = session.window;
     const Keep keep{session.linewidth};
     for (const bool heavy : {false, true}) {
+        if (session.gridLines == noGridLines || (!heavy && session.gridLines == heavyGridLines)) continue;
         session.linewidth = heavy ? 1 : 0;
         plotwidth(session.linewidth);
         gridlines(session.xTicks, heavy, [&](double x, float pen) { straight(x, w.top, x, w.bottom, pen); });

@@ -1,15 +1,21 @@
 #include "plot/plotfile.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 #include <memory>
 #include <string_view>
 
 #include "platform/files.h"
+#include "platform/paths.h"
+#include "platform/platform.h"
+#include "platform/port.h"
 #include "plot/device_hpgl.h"
 #include "plot/device_svg.h"
 #include "plot/device_trace.h"
 #include "plot/plotprob.h"
 #include "session/session.h"
+#include "shell/prompts.h"
 
 namespace {
 
@@ -36,20 +42,46 @@ constexpr std::array<PlotFileKind, 3> kinds = {{
      }},
 }};
 
-/// The kind that a name ends in, in small or capital letters.
-const PlotFileKind* kindof(std::string path) {
+/// Pictures that the platform paints.
+constexpr std::string_view paintedKinds[] = {".bmp", ".png", ".pdf"};
+
+std::string smallletters(std::string path) {
     for (char& c : path)
         if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    return path;
+}
+
+/// The kind that a name ends in, in small or capital letters.
+const PlotFileKind* kindof(const std::string& path) {
+    const std::string name = smallletters(path);
     for (const PlotFileKind& kind : kinds)
-        if (path.ends_with(kind.extension)) return &kind;
+        if (name.ends_with(kind.extension)) return &kind;
     return nullptr;
+}
+
+bool ispainted(const std::string& path) {
+    const std::string name = smallletters(path);
+    return std::any_of(std::begin(paintedKinds), std::end(paintedKinds),
+                       [&](std::string_view extension) { return name.ends_with(extension); });
+}
+
+bool paint(const std::string& path, int pixelsAcross, int pixelsDown) {
+    std::string svg;
+    if (!plotsvg(svg, pixelsAcross, pixelsDown)) return false;
+    if (platform && platform->pictures().bitmap(nativepath(path), svg, pixelsAcross, pixelsDown)) return true;
+    const Keep keep{session.msg, session.menuTitle};
+    session.menuTitle.clear();
+    compose(session.msg, "Bitmap ", Word::Not, " ", Word::Possible, ": ", AsTyped{path});
+    tellok();
+    return false;
 }
 
 } // namespace
 
-bool plotfileknown(const std::string& path) { return kindof(path) != nullptr; }
+bool plotfileknown(const std::string& path) { return kindof(path) != nullptr || ispainted(path); }
 
 bool plotfile(const std::string& path, int pixelsAcross, int pixelsDown) {
+    if (ispainted(path)) return paint(path, pixelsAcross, pixelsDown);
     const PlotFileKind* kind = kindof(path);
     if (!kind) return false;
     const Keep keep{session.outdev, session.outputName, session.plotw, session.ploth};
@@ -57,6 +89,15 @@ bool plotfile(const std::string& path, int pixelsAcross, int pixelsDown) {
     session.outputName = path;
     OutputFile file;
     return plotentry(*kind->device(file, {pixelsAcross, pixelsDown}));
+}
+
+bool plotport() {
+    const Keep keep{session.outdev, session.outputName, session.plotw, session.ploth};
+    session.outdev = plotterDevice;
+    session.outputName.clear();
+    PortSink port;
+    HpglDevice device(port);
+    return plotentry(device);
 }
 
 bool plotsvg(std::string& text, int pixelsAcross, int pixelsDown) {

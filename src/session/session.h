@@ -17,6 +17,7 @@
 #include "session/librarystate.h"
 #include "session/lines.h"
 #include "session/options.h"
+#include "session/pagestate.h"
 #include "session/plotstate.h"
 #include "session/points.h"
 #include "session/registers.h"
@@ -63,6 +64,7 @@ struct Session : Capacities,
                  ShellState,
                  GridView,
                  DesktopState,
+                 PageState,
                  CommandFields {
     RegressionSums sums; ///< of the set being fitted
 };

@@ -159,7 +159,12 @@ void takesection(const Found& found) {
 }
 
 /// What follows from the values read.
-void settle() { session.fitMethod = session.fitMethodSaved; }
+void settle() {
+    session.fitMethod = session.fitMethodSaved;
+    const auto mark = session.serialLine.find('@');
+    if (mark != std::string::npos && mark + 1 < session.serialLine.size())
+        session.serialParity = session.serialLine[mark + 1];
+}
 
 /// Where the settings are read: in the config folder, or wherever an older installation left them; in the
 /// folder of -c alone where one was named.

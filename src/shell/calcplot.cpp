@@ -132,6 +132,7 @@ void calcplot() {
     window([](MainWindow& w) { w.repaintplot(); });
     session.msg.clear();
     statusline();
+    window([](MainWindow& w) { w.progress(progressOver); });
     session.cycleComplete = 1;
     if (session.inputNote.empty()) return;
     session.msg = session.inputNote;

@@ -28,7 +28,9 @@ void forceclosed() {
 }
 
 void explain(int number, int milliseconds) {
-    if (platform) platform->window().explain(number, commandtip(number), milliseconds);
+    if (!platform) return;
+    const std::string text = session.informationBig == 1 ? commandtip(number) : commandname(number);
+    platform->window().explain(number, text, milliseconds);
 }
 
 bool numbered(int number) { return number >= 0 && number < commandNumbers; }
@@ -64,7 +66,8 @@ void iconpress(int number, int button) {
     session.commandNo = static_cast<int16_t>(number);
     session.commandButton = button == secondaryPress ? secondaryPress : primaryPress;
     int16_t& seen = session.commandSeen[static_cast<std::size_t>(number)];
-    if (seen == 0 && session.commandButton == primaryPress) explain(number, briefly);
+    const bool labelled = session.informationDisplay == labelledInformation;
+    if (seen == 0 && labelled && session.commandButton == primaryPress) explain(number, briefly);
     seen = 1;
     commanddispatch();
 }

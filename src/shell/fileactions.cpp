@@ -78,12 +78,11 @@ bool saveto(const std::string& name) {
     return true;
 }
 
+/// Tells why nothing was read. An input without data has been told by its reader.
 void tellunread(DataRead end, const char* name) {
-    if (end == DataRead::refused && session.msg.empty()) return;
+    if (end == DataRead::empty || (end == DataRead::refused && session.msg.empty())) return;
     if (end == DataRead::unreadable)
         compose(session.msg, Word::Cannot, " ", Word::Open, " ", Word::File, ": ", AsTyped{name});
-    else if (end == DataRead::empty)
-        compose(session.msg, Word::No, " ", Word::Data, ": ", AsTyped{name});
     tellok();
 }
 

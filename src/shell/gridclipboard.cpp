@@ -2,7 +2,9 @@
 #include <chrono>
 #include <thread>
 
+#include "data/cell.h"
 #include "data/textimport.h"
+#include "data/textpieces.h"
 #include "platform/platform.h"
 #include "session/opendata.h"
 #include "session/session.h"
@@ -74,26 +76,36 @@ void clearcells(const CellRange& range) {
     while (!session.gridCells.empty() && session.gridCells.back().empty()) session.gridCells.pop_back();
 }
 
-/// What stands on the clipboard as columns of cells, without touching the data; nothing when it cannot be
-/// read. The input method may follow the text.
-std::optional<Columns> clipboardcolumns() {
-    if (!platform) return std::nullopt;
-    const auto text = platform->clipboard().text();
-    if (!text) return std::nullopt;
-    if (auto own = gridtextread(*text)) return own;
+/// A text that is one column of cells as they are typed: nothing about it is to be asked.
+std::optional<Columns> plaincolumn(std::string_view text) {
+    std::vector<std::string> cells;
+    while (!text.empty()) {
+        const std::string_view line = takeline(text);
+        const std::string_view numbers = line.substr(0, line.find('_'));
+        const bool plain = numbers.find_first_not_of("0123456789.+-eExX*<>") == std::string_view::npos;
+        if (!plain || (!line.empty() && !cellsplit(line).hasValue)) return std::nullopt;
+        cells.emplace_back(line);
+    }
+    while (!cells.empty() && cells.back().empty()) cells.pop_back();
+    if (cells.empty()) return std::nullopt;
+    return Columns{cells};
+}
+
+/// A text of several columns, which the import takes apart. The grid stays as it is.
+std::optional<Columns> importedcolumns(const std::string& text) {
     const GridState grid = session;
     session.gridCells.clear();
     session.gridTitles.clear();
-    session.msg = *text;
+    session.msg = text;
     const TextRead end = textimport(TextFrom::text, true);
     Columns columns = session.gridCells;
     static_cast<GridState&>(session) = grid;
+    if (end == TextRead::refused && !session.msg.empty()) tellok();
     if (end != TextRead::read) return std::nullopt;
     return columns;
 }
 
-void tellunreadable() {
-    if (session.msg.empty()) return;
+void tellnothing() {
     compose(session.menuTitle, Word::Paste);
     compose(session.msg, Word::Clipboard, ": ", Word::No, " ", Word::Data);
     tellok();
@@ -110,10 +122,9 @@ bool roomforpaste(const Columns& columns) {
 bool pastewhole() {
     const GridState grid = session;
     const DataRead end = opendata("CLIPBOARD");
-    if (end != DataRead::read) {
-        if (end != DataRead::refused || !session.msg.empty()) tellunreadable();
-        return false;
-    }
+    if (end == DataRead::unreadable) tellnothing();
+    if (end == DataRead::refused && !session.msg.empty()) tellok();
+    if (end != DataRead::read) return false;
     if (static_cast<float>(session.gridCells.size()) > session.maxSets || !roomfor(longestcolumn())) {
         static_cast<GridState&>(session) = grid;
         telltoobig();
@@ -124,22 +135,27 @@ bool pastewhole() {
     return true;
 }
 
-bool pasteover() {
-    const auto columns = clipboardcolumns();
-    if (!columns) {
-        tellunreadable();
-        return false;
-    }
-    if (!roomforpaste(*columns)) {
+/// Puts columns into the grid from the cell in hand on.
+bool pasteover(const Columns& columns) {
+    if (!roomforpaste(columns)) {
         telltoobig();
         return false;
     }
     undopush(undosnapshot());
-    for (std::size_t c = 0; c < columns->size(); ++c)
-        for (std::size_t r = 0; r < (*columns)[c].size(); ++r)
+    for (std::size_t c = 0; c < columns.size(); ++c)
+        for (std::size_t r = 0; r < columns[c].size(); ++r)
             gridset(session.gridCol + static_cast<int>(c), session.gridRow + static_cast<int>(r),
-                    (*columns)[c][r]);
+                    columns[c][r]);
     return true;
+}
+
+bool pastetext(const std::string& text) {
+    auto columns = gridtextread(text);
+    if (!columns) columns = plaincolumn(text);
+    if (columns) return pasteover(*columns);
+    if (longestcolumn() == 0) return pastewhole();
+    columns = importedcolumns(text);
+    return columns && pasteover(*columns);
 }
 
 } // namespace
@@ -168,9 +184,12 @@ bool gridcopy(int mode) {
 
 bool gridpaste() {
     gridsettle();
-    const bool empty = longestcolumn() == 0;
-    session.msg = "CLIPBOARD";
-    if (!(empty && session.gridRow == 1 && session.gridCol == 1 ? pastewhole() : pasteover())) return false;
+    const auto text = platform ? platform->clipboard().text() : std::nullopt;
+    if (!text || text->empty()) {
+        tellnothing();
+        return false;
+    }
+    if (!pastetext(*text)) return false;
     calcplot();
     return true;
 }

@@ -54,6 +54,10 @@ public:
     void expectmenu(std::string leadContains, int choice) {
         script.push_back({Kind::menu, std::move(leadContains), choice, {}, {}});
     }
+    /// The same, by the letter of the item that is chosen; it must be there.
+    void expectkey(std::string leadContains, char letter) {
+        script.push_back({Kind::menu, std::move(leadContains), -letter, {}, {}});
+    }
     void expectmessage(std::string textContains) {
         script.push_back({Kind::message, std::move(textContains), 0, {}, {}});
     }
@@ -133,6 +137,13 @@ private:
         return seen;
     }
 
+    static int itemof(const MenuPage& page, char letter) {
+        for (std::size_t i = 0; i < page.items.size(); ++i)
+            if (page.items[i].starts_with(std::string(1, letter) + "...")) return static_cast<int>(i) + 1;
+        ADD_FAILURE() << "no item " << letter << " on the page \"" << page.header << '"';
+        return 0;
+    }
+
     int menu(const MenuPage& page) override {
         Shown& seen = show(page.header, page.lead);
         seen.items.assign(page.items.begin(), page.items.end());
@@ -141,7 +152,8 @@ private:
         seen.accept = page.accept;
         seen.cancel = page.cancel;
         if (page.scroll) seen.scroll = std::exchange(*page.scroll, scrollTo);
-        return answer(Kind::menu, page.lead).choice;
+        const int choice = answer(Kind::menu, page.lead).choice;
+        return choice < 0 ? itemof(page, static_cast<char>(-choice)) : choice;
     }
     void message(std::string_view header, std::string_view text) override {
         show(header, text);

@@ -1,0 +1,216 @@
+#include <cmath>
+#include <limits>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "numeric/binomial.h"
+#include "numeric/chisquare.h"
+#include "numeric/gamma.h"
+#include "numeric/noncentralt.h"
+#include "numeric/normal.h"
+#include "options/page.h"
+#include "shell/prompts.h"
+
+/// The calculator: probabilities of the usual distributions, asked for value by value and told.
+
+namespace {
+
+constexpr double most = 1e12;
+constexpr double none = std::numeric_limits<double>::quiet_NaN(); ///< a result that does not exist
+
+/// One value that a calculation needs.
+struct Asked {
+    Label lead;
+    double preset, low, high;
+    bool whole = false;
+};
+
+/// One result.
+struct Result {
+    Label name;
+    double value;
+};
+
+/// Asks for all values; nothing on a cancel.
+std::optional<std::vector<double>> ask(std::span<const Asked> asked) {
+    std::vector<double> values;
+    for (const Asked& one : asked) {
+        double value = one.preset;
+        if (!asknumberwithin(one.lead, value, one.low, one.high, one.whole)) return std::nullopt;
+        values.push_back(value);
+    }
+    return values;
+}
+
+/// A calculation: what it asks for, and what it makes of that.
+struct Calculation {
+    Label title;
+    std::vector<Asked> asked;
+    std::vector<Result> (*results)(const std::vector<double>& v);
+};
+
+void appendresult(std::string& text, double value) {
+    if (std::isfinite(value) && value > noLowLimit)
+        appendshown(text, value, 9);
+    else
+        append(text, Word::None);
+}
+
+/// Asks, calculates, and tells the values with the results. Nothing in the session changes.
+bool calculate(const Calculation& calculation) {
+    const auto values = ask(calculation.asked);
+    if (!values) return false;
+    const Keep keep{session.msg, session.menuTitle, session.u, session.ud};
+    std::string text;
+    for (std::size_t i = 0; i < values->size(); ++i) {
+        extend(text, calculation.asked[i].lead, " = ");
+        appendresult(text, (*values)[i]);
+        append(text, lineBreak);
+    }
+    for (const Result& result : calculation.results(*values)) {
+        extend(text, lineBreak, result.name, " = ");
+        appendresult(text, result.value);
+    }
+    session.msg = text;
+    compose(session.menuTitle, calculation.title);
+    tellok();
+    return false;
+}
+
+const Label upTo{"P (X <= x)"}, above{"P (X > x)"}, equal{"P (X = x)"};
+
+bool binomial() {
+    return calculate({{Word::Binomial},
+                      {{{Word::Trial, Word::Quantity}, 10, 1, 1e9, true},
+                       {{Word::Occurrence, Word::Quantity}, 0, 0, 1e9, true},
+                       {{Word::Probability, "%"}, 50, 0, 100}},
+                      [](const std::vector<double>& v) -> std::vector<Result> {
+                          const double p = v[2] / 100;
+                          const double below = v[1] >= 1 ? binotail(v[0], v[1] - 1, p) : 0;
+                          const double tail = binotail(v[0], v[1], p);
+                          return {{upTo, tail}, {above, binotailabove(v[0], v[1], p)}, {equal, tail - below}};
+                      }});
+}
+
+bool chisquare() {
+    return calculate({{Word::ChiSquare},
+                      {{{"X"}, 1, 0, most}, {{Word::Dimension, "(d.o.f.)"}, 1, 1e-3, most}},
+                      [](const std::vector<double>& v) -> std::vector<Result> {
+                          return {{upTo, chi2cdf(v[0], v[1])}, {above, chi2sf(v[0], v[1])}};
+                      }});
+}
+
+bool chisquarevalue() {
+    return calculate({{Word::ChiSquare, Word::Value},
+                      {{{Word::Cumulative, Word::Probability, "(%)"}, 95, 1e-9, 100 - 1e-9},
+                       {{Word::Dimension, "(d.o.f.)"}, 1, 1e-3, most}},
+                      [](const std::vector<double>& v) -> std::vector<Result> {
+                          return {{{"X"}, chi2inv(v[0] / 100, v[1])}};
+                      }});
+}
+
+bool exponential() {
+    return calculate({{Word::Exponential},
+                      {{{"X"}, 1, 0, 9e30}, {{"MTBF"}, 1, 1e-30, 9e30}},
+                      [](const std::vector<double>& v) -> std::vector<Result> {
+                          const double z = v[0] / v[1];
+                          return {{upTo, -std::expm1(-z)}, {above, std::exp(-z)}, {{Word::Rate}, 1 / v[1]}};
+                      }});
+}
+
+bool gammas() {
+    return calculate({{Word::Gamma},
+                      {{{"X"}, 1, 0, most}, {{"a"}, 1, 1e-6, most}, {{"b"}, 1, 1e-30, 9e30}},
+                      [](const std::vector<double>& v) -> std::vector<Result> {
+                          const GammaTails tails = gammatails(v[1], v[0] / v[2]);
+                          return {{upTo, tails.lower},
+                                  {above, tails.upper},
+                                  {{"Gamma (a)"}, v[1] < 171.6 ? gammafunction(v[1]) : none}};
+                      }});
+}
+
+bool normals() {
+    return calculate(
+        {{Word::Normal},
+         {{{"X"}, 0, -9e30, 9e30}, {{Word::Mean}, 0, -9e30, 9e30}, {{Word::StdDev}, 1, 1e-30, 9e30}},
+         [](const std::vector<double>& v) -> std::vector<Result> {
+             const double z = (v[0] - v[1]) / v[2];
+             return {{{"z"}, z}, {upTo, normcdf(z)}, {above, normsf(z)}};
+         }});
+}
+
+/// Poisson and gamma are two views of one process: at most k events where the (k + 1)th comes after m.
+bool poisson() {
+    return calculate({{"Poisson"},
+                      {{{Word::Occurrence, Word::Quantity}, 0, 0, 1e9, true},
+                       {{Word::Expected, Word::Quantity}, 1, 1e-12, 1e9}},
+                      [](const std::vector<double>& v) -> std::vector<Result> {
+                          const GammaTails next = gammatails(v[0] + 1, v[1]);
+                          const double point = std::exp(v[0] * std::log(v[1]) - v[1] - std::lgamma(v[0] + 1));
+                          return {{upTo, next.upper}, {above, next.lower}, {equal, point}};
+                      }});
+}
+
+bool student() {
+    return calculate(
+        {{"Student - t"},
+         {{{"t", Word::Parameter}, 0, -1e6, 1e6}, {{Word::Dimension, "(d.o.f.)"}, 1, 1e-3, 1e9}},
+         [](const std::vector<double>& v) -> std::vector<Result> {
+             return {{upTo, noncentraltcdf(v[0], v[1], 0)}, {above, noncentraltcdf(-v[0], v[1], 0)}};
+         }});
+}
+
+/// Coefficient of variation of a Weibull line, of its slope alone:
+/// sqrt(Gamma(1 + 2/b) / Gamma(1 + 1/b)^2 - 1).
+double weibullvariation(double beta) {
+    return std::sqrt(std::expm1(std::lgamma(1 + 2 / beta) - 2 * std::lgamma(1 + 1 / beta)));
+}
+
+bool variation() {
+    return calculate({{"Cv (%) ... Sig / Mu"},
+                      {{{Word::Mean}, 1, 1e-30, 9e30}, {{Word::StdDev}, 1, 0, 9e30}},
+                      [](const std::vector<double>& v) -> std::vector<Result> {
+                          return {{{"Cv (%)"}, 100 * v[1] / v[0]}};
+                      }});
+}
+
+bool toeta() {
+    return calculate({{Word::Change, Word::Mean, Word::To, "Eta"},
+                      {{{Word::Mean}, 1, 1e-30, 9e30}, {{Word::WeibullSlope}, 1, 0.05, 1e6}},
+                      [](const std::vector<double>& v) -> std::vector<Result> {
+                          return {{{"Eta"}, v[0] / std::exp(std::lgamma(1 + 1 / v[1]))}};
+                      }});
+}
+
+bool tomean() {
+    return calculate({{Word::Change, Word::To, Word::Mean, "+", Word::StdDev},
+                      {{{"Eta"}, 1, 1e-30, 9e30}, {{Word::WeibullSlope}, 1, 0.05, 1e6}},
+                      [](const std::vector<double>& v) -> std::vector<Result> {
+                          const double mean = v[0] * std::exp(std::lgamma(1 + 1 / v[1]));
+                          const double cv = weibullvariation(v[1]);
+                          return {{{Word::Mean}, mean}, {{Word::StdDev}, mean * cv}, {{"Cv (%)"}, 100 * cv}};
+                      }});
+}
+
+constexpr Item items[] = {
+    actionitem('B', {Word::Binomial}, binomial),
+    actionitem('C', {Word::ChiSquare}, chisquare),
+    actionitem('I', {Word::ChiSquare, Word::Value}, chisquarevalue),
+    actionitem('E', {Word::Exponential}, exponential),
+    actionitem('G', {Word::Gamma}, gammas),
+    actionitem('H', {"Gauss (", Word::Normal, ")"}, normals),
+    actionitem('M', {Word::Change, Word::Mean, Word::To, "Eta"}, toeta),
+    actionitem('N', {Word::Change, Word::To, Word::Mean, "+", Word::StdDev}, tomean),
+    actionitem('P', {"Poisson"}, poisson),
+    actionitem('T', {"Student - t"}, student),
+    actionitem('V', {"Cv (%) ... Sig / Mu"}, variation),
+    exititem('X', {Word::Exit}),
+};
+
+constexpr Page pages[] = {{OptionPage::calculator, {Word::Calculator}, items}};
+
+} // namespace
+
+std::span<const Page> calculatorpages() { return pages; }

@@ -1,0 +1,146 @@
+#include <gtest/gtest.h>
+
+#include "session/former.h"
+#include "session/recent.h"
+#include "shell/commandactions.h"
+#include "support/shellfixture.h"
+
+namespace {
+
+/// Text is read as it stands, without the question about its columns.
+class FileActions : public ShellTest {
+protected:
+    FileActions() { session.formatWanted = "A1"; }
+};
+
+TEST_F(FileActions, OpenReadsTheChosenFileAndRemembersIt) {
+    const std::string path = folder.write("pumps.txt", "150\n230\n-400\n310\n");
+    desk.expectfile("Open / Get / Import", path);
+    command(2);
+    EXPECT_EQ(column().size(), 4u);
+    EXPECT_TRUE(fit().fitted);
+    EXPECT_EQ(session.recentFiles, (std::vector<std::string>{path}));
+}
+
+TEST_F(FileActions, OpenThatIsCancelledChangesNothing) {
+    given({"150", "230", "310"});
+    desk.expectfile("Open", std::nullopt);
+    command(2);
+    EXPECT_EQ(column().size(), 3u);
+}
+
+TEST_F(FileActions, AMissingFileIsToldAndTheDataStay) {
+    given({"150", "230", "310"});
+    desk.expectmessage("Cannot Open File: " + folder.path("none.w"));
+    EXPECT_FALSE(openfile(folder.path("none.w").c_str()));
+    EXPECT_EQ(column().size(), 3u);
+}
+
+TEST_F(FileActions, AFileWithoutANumberIsToldAndTheDataStay) {
+    given({"150", "230", "310"});
+    const std::string path = folder.write("words.txt", "");
+    desk.expectmessage("No Data");
+    EXPECT_FALSE(openfile(path.c_str()));
+    EXPECT_EQ(column().size(), 3u);
+}
+
+TEST_F(FileActions, WhatWasActiveIsAFormerResultAfterAnOpen) {
+    session.undoActive = 1;
+    given({"150", "230", "310"});
+    const std::string path = folder.write("b.txt", "15\n23\n31\n");
+    ASSERT_TRUE(openfile(path.c_str()));
+    ASSERT_EQ(formercount(), 1u);
+    ASSERT_TRUE(formeractivate(1));
+    EXPECT_EQ(column(), (Cells{"150", "230", "310"}));
+}
+
+TEST_F(FileActions, TheFirstSaveAsksForANameAndTheNextDoesNot) {
+    given({"150", "230", "310"});
+    desk.expectfile("Save Active Data + Results", folder.path("bearings"));
+    command(3);
+    EXPECT_EQ(session.fileName, folder.path("bearings.w"));
+    EXPECT_EQ(session.resultsDirty, 0);
+    EXPECT_EQ(desk.shown.back().value, "data.w");
+    life({"150", "230", "310", "420"});
+    command(3);
+    desk.clipboardText.reset();
+    gridclear();
+    ASSERT_TRUE(openfile(folder.path("bearings.w").c_str()));
+    EXPECT_EQ(column(), (Cells{"150", "230", "310", "420"})) << "the short form, as typed";
+    EXPECT_EQ(session.resultsDirty, 0);
+}
+
+TEST_F(FileActions, ATextFileIsNotWrittenOverByASave) {
+    const std::string path = folder.write("pumps.txt", "150\n230\n310\n");
+    ASSERT_TRUE(openfile(path.c_str()));
+    desk.expectfile("Save", folder.path("pumps.w"));
+    EXPECT_TRUE(savefile());
+    EXPECT_EQ(desk.shown.back().value, "pumps.w");
+    EXPECT_EQ(folder.text("pumps.txt"), "150\n230\n310\n");
+}
+
+TEST_F(FileActions, AFileThatVanishedWhileOpenIsWrittenAnew) {
+    given({"150", "230", "310"});
+    desk.expectfile("Save", folder.path("a.w"));
+    ASSERT_TRUE(savefile());
+    std::remove(folder.path("a.w").c_str());
+    life({"150", "230", "310", "500"});
+    EXPECT_TRUE(savefile());
+    EXPECT_NE(folder.text("a.w").find("500"), std::string::npos);
+}
+
+TEST_F(FileActions, AFileThatCannotBeWrittenIsToldAndStaysDirty) {
+    given({"150", "230", "310"});
+    session.resultsDirty = 1;
+    desk.expectfile("Save", folder.path("none/a.w"));
+    desk.expectmessage("Cannot Save File");
+    EXPECT_FALSE(savefile());
+    EXPECT_EQ(session.resultsDirty, 1);
+}
+
+TEST_F(FileActions, NothingToSaveSaysNoData) {
+    desk.expectmessage("No Data");
+    EXPECT_FALSE(savefileas());
+}
+
+TEST_F(FileActions, MarksOfAFileComeInTheFormThatIsTyped) {
+    given({"150", ">230", "310x0x3", "-400_b"});
+    desk.expectfile("Save", folder.path("a.w"));
+    ASSERT_TRUE(savefile());
+    ASSERT_TRUE(openfile(folder.path("a.w").c_str()));
+    EXPECT_EQ(column(), (Cells{"150", ">230", "310x0x3", "-400_b"}));
+}
+
+TEST_F(FileActions, TheFormerListOpensAFile) {
+    const std::string first = folder.write("a.txt", "150\n230\n310\n");
+    const std::string second = folder.write("b.txt", "15\n23\n31\n");
+    for (const std::string& path : {first, second}) {
+        ASSERT_TRUE(openfile(path.c_str()));
+    }
+    desk.expectmenu("Former File List", 2);
+    command(77);
+    const auto& page = desk.shown[0];
+    EXPECT_EQ(page.header, "* Former File List *");
+    EXPECT_EQ(page.items[0], "A..." + second);
+    EXPECT_EQ(column()[0], "150");
+    EXPECT_EQ(session.recentFiles.front(), first);
+}
+
+TEST_F(FileActions, TheListOfRecentFilesHoldsNineteen) {
+    for (int i = 0; i < 25; ++i) recentpush("/x/f" + std::to_string(i) + ".w");
+    EXPECT_EQ(session.recentFiles.size(), 19u);
+    EXPECT_EQ(session.recentFiles.front(), "/x/f24.w");
+    recentpush("/x/f10.w");
+    EXPECT_EQ(session.recentFiles.size(), 19u);
+    EXPECT_EQ(session.recentFiles.front(), "/x/f10.w");
+}
+
+TEST_F(FileActions, TheWizardOffersTheWaysIn) {
+    desk.clipboardText = "150\n230\n310\n";
+    desk.expectmenu("Select Input", 3);
+    datawizard();
+    EXPECT_EQ(desk.shown[0].header, "Data Wizard");
+    EXPECT_EQ(column().size(), 3u);
+}
+
+} // namespace
