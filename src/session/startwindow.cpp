@@ -36,6 +36,9 @@ std::vector<std::string> featurelines() {
 
 std::string languageline() { return shown(Word::Language, " ... ", word(Word::LanguageName)); }
 
+/// English, which stands in the slots by itself, and every language with words of its own.
+bool spoken(const Language& language) { return !language.table.empty() || &language == &languages().front(); }
+
 /// "A" and on, past the letters of a long list to the digits.
 char keyof(std::size_t number) {
     constexpr std::string_view keys = "ABCDEFGHIJKLMNOPQRSTUVWYZ123456789"; // X leaves a page
@@ -66,7 +69,7 @@ bool choosestartlanguage() {
     menuclear();
     std::vector<std::string> files;
     for (const Language& language : languages()) {
-        if (!language.offered || files.size() >= PromptRegisters::menuItems - 1) continue;
+        if (!spoken(language) || files.size() >= PromptRegisters::menuItems) continue;
         files.emplace_back(language.file);
         const std::size_t number = files.size();
         session.menuItem[number] = std::string(1, keyof(number - 1)) + "..." + std::string(language.name);

@@ -120,7 +120,7 @@ constexpr Line cells[] = {
     {entry, "150", "A failure at 150."},
     {entry, "-150", "A suspension at 150: the unit ran so long without this failure."},
     {entry, "150_pump 7", "What follows the mark _ is the label of the point."},
-    {entry, "150x0x4", "Value x 1 x quantity: four failures at 150."},
+    {entry, "150x0x4", "Value x 0 x quantity: four failures at 150."},
     {entry, "-150x0x4", "Four suspensions at 150."},
     {heading, "", "Unknown and bounded ages"},
     {entry, "<150", "Discovery: it had failed before 150, and nobody knows when."},

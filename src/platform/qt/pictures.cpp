@@ -6,9 +6,9 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QSaveFile>
-#include <QSvgRenderer>
 
 #include "platform/paths.h"
+#include "platform/qt/svgpicture.h"
 #include "platform/qt/text.h"
 
 namespace {
@@ -28,8 +28,8 @@ bool savepixels(QSaveFile& file, const char* format, const QByteArray& svg, QSiz
 bool savepage(QSaveFile& file, const char*, const QByteArray& svg, QSize size) {
     constexpr double pointsPerPixel = 0.75;
     constexpr int dotsPerInch = 1200;
-    QSvgRenderer renderer(svg);
-    if (!renderer.isValid() || !drawable(size)) return false;
+    SvgPicture picture(svg);
+    if (!picture.valid() || !drawable(size)) return false;
     QPdfWriter page(&file);
     page.setCreator(QStringLiteral("OmniVANEX"));
     page.setResolution(dotsPerInch);
@@ -37,7 +37,7 @@ bool savepage(QSaveFile& file, const char*, const QByteArray& svg, QSize size) {
     page.setPageMargins(QMarginsF(0, 0, 0, 0));
     QPainter painter;
     if (!painter.begin(&page)) return false;
-    renderer.render(&painter, QRectF(0, 0, page.width(), page.height()));
+    picture.paint(painter, QSizeF(page.width(), page.height()));
     return painter.end();
 }
 
@@ -51,18 +51,19 @@ constexpr Kind kinds[] = {{"bmp", "BMP", savepixels}, {"png", "PNG", savepixels}
 } // namespace
 
 QSize sizeofpicture(const QByteArray& svg) {
-    const QSvgRenderer renderer(svg);
-    return renderer.isValid() ? renderer.defaultSize() : QSize();
+    const SvgPicture picture(svg);
+    return picture.valid() ? picture.size() : QSize();
 }
 
 QImage imageof(const QByteArray& svg, QSize size) {
-    QSvgRenderer renderer(svg);
-    if (!renderer.isValid() || !drawable(size)) return {};
+    SvgPicture picture(svg);
+    if (!picture.valid() || !drawable(size)) return {};
     QImage image(size, QImage::Format_RGB32);
     if (image.isNull()) return {};
     image.fill(Qt::white);
     QPainter painter(&image);
-    renderer.render(&painter, QRectF(QPointF(0, 0), QSizeF(size)));
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    picture.paint(painter, size);
     return image;
 }
 

@@ -170,17 +170,19 @@ QLineF PainterDevice::crisp(QLineF line, double lineWidth) const {
     return line;
 }
 
-/// The face for a character size in canvas units; whole pixels, for they read best.
+/// The face for a character size in canvas units. The size is set in points, for only these may be fractions,
+/// and a text that is laid out by the size must not come out wider.
 const PainterDevice::Face& PainterDevice::faceof(double size) const {
-    const int pixels = static_cast<int>(std::lround(std::clamp(size / unitsPerPixel, 1.0, 5000.0)));
-    if (const auto known = faces.find(pixels); known != faces.end()) return known->second;
+    constexpr double parts = 64; // of a pixel
+    const double pixels = std::clamp(size / unitsPerPixel, 1.0, 5000.0);
+    const int key = static_cast<int>(std::lround(pixels * parts));
+    if (const auto known = faces.find(key); known != faces.end()) return known->second;
     QFont font;
-    font.setFamilies(
-        {qs(session.fontName), QStringLiteral("Liberation Sans"), QStringLiteral("DejaVu Sans")});
+    font.setFamilies({qs(session.fontName), QStringLiteral("Liberation Sans"), QStringLiteral("DejaVu Sans")});
     font.setStyleHint(QFont::SansSerif);
-    font.setPixelSize(pixels);
+    font.setPointSizeF(key / parts * 72 / out.device()->logicalDpiY());
     font.setHintingPreference(QFont::PreferNoHinting); // advances that scale with the page
-    return faces.emplace(pixels, Face{font, QFontMetricsF(font, out.device())}).first->second;
+    return faces.emplace(key, Face{font, QFontMetricsF(font, out.device())}).first->second;
 }
 
 void PainterDevice::text(const TextOperation& operation) {

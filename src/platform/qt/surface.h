@@ -63,7 +63,7 @@ private:
     QPolygonF polyline;                ///< empty: none in hand
     QPointF tip;                       ///< where it ends, before it was made crisp
     QPointF pen;                       ///< where the last line ended
-    mutable std::map<int, Face> faces; ///< by pixel size
+    mutable std::map<int, Face> faces; ///< by size, in 64ths of a pixel
 };
 
 /// The session's plot for the screen, on its paper; `size` in logical pixels. Only the paper when there is
