@@ -13,7 +13,7 @@ fail() {
 begin() {
     name=$1
     reason=
-    work=$(mktemp -d)
+    work=$(TMPDIR= mktemp -d /tmp/journey-XXXXXX) || exit 1
     export HOME=$work XDG_CONFIG_HOME=$work/config XDG_DATA_HOME=$work/data XDG_RUNTIME_DIR=$work/run TMPDIR=$work
     mkdir -p "$XDG_CONFIG_HOME" "$XDG_DATA_HOME" "$XDG_RUNTIME_DIR"
     chmod 700 "$XDG_RUNTIME_DIR"

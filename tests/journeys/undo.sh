@@ -3,7 +3,7 @@ undo() {
     start -p W || return 1
     cells 150 230 310
     key Return
-    cells 999
+    cells 70412
     key Return
     sleep 0.3
     picture added
@@ -15,6 +15,6 @@ undo() {
     text "$work/undone.w"
     key Return
     holds "$work/undone.w" 310 || return 1
-    grep -aq 999 "$work/undone.w" && { fail "the point is still there"; return 1; }
+    grep -aq 70412 "$work/undone.w" && { fail "the point is still there"; return 1; }
     leave
 }

@@ -23,7 +23,6 @@ namespace {
 constexpr int cellPad = 7;
 constexpr int markSize = 11;
 constexpr int widestColumn = 320;
-constexpr int lastRow = 1 << 30; ///< the grid holds a place to its end
 
 /// Keys that go on to another cell, and the way they take.
 struct Step {
@@ -41,6 +40,16 @@ const Step* stepof(int key) {
 /// A text that begins a cell: a number, a mark before it, or a label. Letters are keys of the program.
 bool beginscell(const QString& typed) {
     return typed.size() == 1 && (typed[0].isDigit() || QStringLiteral("+-.,<>_").contains(typed[0]));
+}
+
+/// Row of the last cell of a set that holds something; 1 for an empty set.
+int lastfilled(int set) {
+    const auto column = static_cast<std::size_t>(set - 1);
+    if (set < 1 || column >= session.gridCells.size()) return 1;
+    const auto& cells = session.gridCells[column];
+    const auto last =
+        std::find_if(cells.rbegin(), cells.rend(), [](const std::string& cell) { return !cell.empty(); });
+    return std::max(1, static_cast<int>(cells.rend() - last));
 }
 
 bool severalcells(const QString& text) {
@@ -288,7 +297,7 @@ bool DataGrid::moves(const QKeyEvent& event) {
     case Qt::Key_PageUp: gridmove(-page, 0, extend); return true;
     case Qt::Key_PageDown: gridmove(page, 0, extend); return true;
     case Qt::Key_Home: gridgo(1, far ? 1 : session.gridCol, extend); return true;
-    case Qt::Key_End: gridgo(lastRow, session.gridCol, extend); return true;
+    case Qt::Key_End: gridgo(lastfilled(session.gridCol), session.gridCol, extend); return true;
     default: break;
     }
     const Step* const step = stepof(event.key());

@@ -5,6 +5,7 @@
 #include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
+#include <QPixmapCache>
 #include <QSvgRenderer>
 #include <memory>
 #include <utility>
@@ -30,20 +31,29 @@ QByteArray tinted(QByteArray picture, QIcon::Mode mode) {
     return picture.replace(accentInk, palette.color(group, QPalette::Link).name().toLatin1());
 }
 
+/// Painted once for each size and each pair of inks: a strip of icons is painted with every plot.
 class TintedPicture : public QIconEngine {
 public:
     explicit TintedPicture(QByteArray source) : picture(std::move(source)) {}
 
-    void paint(QPainter* painter, const QRect& place, QIcon::Mode mode, QIcon::State) override {
-        if (picture.isEmpty()) return;
-        QSvgRenderer renderer(tinted(picture, mode));
-        renderer.render(painter, QRectF(place));
+    void paint(QPainter* painter, const QRect& place, QIcon::Mode mode, QIcon::State state) override {
+        const double ratio = painter->device()->devicePixelRatioF();
+        QPixmap drawn = pixmap((QSizeF(place.size()) * ratio).toSize(), mode, state);
+        drawn.setDevicePixelRatio(ratio);
+        painter->drawPixmap(place.topLeft(), drawn);
     }
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-        QPixmap drawn(size);
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) override {
+        const QByteArray source = tinted(picture, mode);
+        const QString key =
+            QStringLiteral("icon %1 %2 %3").arg(qHash(source)).arg(size.width()).arg(size.height());
+        QPixmap drawn;
+        if (QPixmapCache::find(key, &drawn)) return drawn;
+        drawn = QPixmap(size);
         drawn.fill(Qt::transparent);
         QPainter painter(&drawn);
-        paint(&painter, QRect(QPoint(), size), mode, state);
+        if (!source.isEmpty()) QSvgRenderer(source).render(&painter, QRectF(QPointF(), QSizeF(size)));
+        painter.end();
+        QPixmapCache::insert(key, drawn);
         return drawn;
     }
     QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State state, qreal) override {
