@@ -6,6 +6,9 @@
 
 /// The life of a process: from its command line to an idle main window, and back.
 
+/// Caption of the start window while arrays of many points are made.
+inline constexpr std::string_view waitCaption = "Making Extra Large Array Dimensions - Please Wait ...";
+
 /// What a start comes to.
 enum class StartEnd {
     wrongUse,   ///< the command line cannot be understood; msg tells why

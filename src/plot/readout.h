@@ -1,0 +1,37 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "session/plotstate.h"
+
+/// Reading values off the plot in hand with a pointer.
+
+/// A shown point on the canvas.
+struct PlacedPoint {
+    float x = 0, y = 0; ///< canvas units
+    int set = 0;
+    int point = 0;
+    bool suspended = false; ///< it stands at the foot of the plot, whatever its probability
+};
+
+/// Every point of the shown sets inside the window, in order of set and entry. Empty while points are hidden.
+std::vector<PlacedPoint> placedpoints(const PlotWindow& window);
+
+/// The point nearest to a place, within `reach` canvas units; nothing when none is so near.
+std::optional<PlacedPoint> nearestpoint(std::span<const PlacedPoint> points, double canvasx, double canvasy,
+                                        double reach);
+
+/// Values of a place on the data scale.
+struct PlotPlace {
+    double x = 0;
+    double y = 0; ///< on a probability plot the probability
+};
+/// Nothing outside the plot area, and without a plot.
+std::optional<PlotPlace> plotplace(const PlotWindow& window, double canvasx, double canvasy);
+
+/// The read-out as shown: "X = 12.5   Y = 63.2%", and behind it the point with set and label when there is
+/// one. Y goes by the kind of the probability axis.
+std::string readouttext(const PlotPlace& place, const std::optional<PlacedPoint>& nearest);
