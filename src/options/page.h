@@ -166,6 +166,7 @@ std::span<const Page> testpages();
 std::span<const Page> calculatorpages();
 std::span<const Page> librarypages();
 std::span<const Page> functionpages();
+std::span<const Page> markerpages();
 
 /// Pages that are no tables.
 bool samplepage();

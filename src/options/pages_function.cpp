@@ -1,23 +1,38 @@
 #include "options/page.h"
 #include "plot/functionplot.h"
+#include "plot/window.h"
 
 /// What the life plot shows: the probability plot, or a function of the fitted lines on plain axes.
 
 namespace {
 
-constexpr PlaceOf kind = placeof<&Session::functionPlot>;
+template <FunctionPlot Kind>
+bool inforce() {
+    return session.functionPlot == Kind;
+}
+/// The limits of a zoom are those of other axes.
+template <FunctionPlot Kind>
+bool take() {
+    if (inforce<Kind>()) return false;
+    session.functionPlot = Kind;
+    LOCKZOOMOUT();
+    return true;
+}
+template <FunctionPlot Kind>
+constexpr Item kinditem(char letter, const Label& label) {
+    return pickitem(letter, label, inforce<Kind>, take<Kind>);
+}
 
 constexpr Item items[] = {
-    pickitem('F', {Word::Probability, Word::Plot}, kind, probabilityPlot),
-    pickitem('A', {"ACH", Word::Aggregate, Word::Cumulative, Word::Hazard}, kind, cumulativeHazardPlot),
-    pickitem('C', {"CDF", Word::Cumulative, Word::Distribution, "(", Word::Linear, ")"}, kind,
-             distributionPlot),
-    pickitem('H', {"HDF (= PDF / RDF)", Word::Hazard}, kind, hazardPlot),
-    pickitem('P', {"PDF (= d[CDF] / dX)", Word::Probability, Word::Density}, kind, densityPlot),
-    pickitem('R', {"RDF (= 1 - CDF)", Word::Reliability, Word::Distribution}, kind, reliabilityPlot),
-    pickitem('T', {Word::Total, Word::Picture, "(P +", Word::Histogram, ")"}, kind, totalPlot),
-    pickitem('U', {Word::Occurrence, Word::Histogram, "+", Word::Suspension}, kind, histogramPlot),
-    pickitem('W', {Word::Suspension, Word::Histogram}, kind, suspensionPlot),
+    kinditem<probabilityPlot>('F', {Word::Probability, Word::Plot}),
+    kinditem<cumulativeHazardPlot>('A', {"ACH", Word::Aggregate, Word::Cumulative, Word::Hazard}),
+    kinditem<distributionPlot>('C', {"CDF", Word::Cumulative, Word::Distribution, "(", Word::Linear, ")"}),
+    kinditem<hazardPlot>('H', {"HDF (= PDF / RDF)", Word::Hazard}),
+    kinditem<densityPlot>('P', {"PDF (= d[CDF] / dX)", Word::Probability, Word::Density}),
+    kinditem<reliabilityPlot>('R', {"RDF (= 1 - CDF)", Word::Reliability, Word::Distribution}),
+    kinditem<totalPlot>('T', {Word::Total, Word::Picture, "(P +", Word::Histogram, ")"}),
+    kinditem<histogramPlot>('U', {Word::Occurrence, Word::Histogram, "+", Word::Suspension}),
+    kinditem<suspensionPlot>('W', {Word::Suspension, Word::Histogram}),
     exititem('Z', {Word::No, Word::Change, "...", Word::Data, Word::Only}),
 };
 

@@ -124,6 +124,15 @@ double heightof(const FunctionCurve& curve) {
     return falls ? std::min(most, 3 * curve.y[curve.y.size() / 10]) : most;
 }
 
+/// The manual limits in place of the ends, where they leave a window.
+void takewindow(const Extent& drawn, double limitLow, double limitHigh, double& low, double& high) {
+    low = limitLow != 0 ? limitLow : drawn.low;
+    high = limitHigh != 0 ? limitHigh : drawn.high;
+    if (low < high) return;
+    low = drawn.low;
+    high = drawn.high;
+}
+
 double canvasx(double x) { return session.window.left + (x - session.window.xlow) * session.window.xfactor; }
 double canvasy(double y) {
     return session.window.bottom - (y - session.window.ylow) * session.window.yfactor;
@@ -164,6 +173,12 @@ void drawcurve(const FunctionCurve& curve) {
 } // namespace
 
 bool functionplotted() { return session.progSide == lifeSide && session.functionPlot != probabilityPlot; }
+
+FunctionAxes::FunctionAxes() {
+    if (!functionplotted()) return;
+    session.plotMode = functionAxes;
+    session.xyscale = 0;
+}
 
 std::vector<FunctionCurve> functioncurves() {
     std::vector<FunctionCurve> curves;
@@ -216,11 +231,8 @@ void functionwindow() {
     }
     if (x.low > x.high) x = {0, 100};
     if (!(y.high > 0)) y.add(1);
-    session.xlowd = session.xLimitLow != 0 ? session.xLimitLow : x.low;
-    session.xhighd = session.xLimitHigh != 0 ? session.xLimitHigh : x.high;
-    if (!(session.xlowd < session.xhighd)) session.xlowd = x.low, session.xhighd = x.high;
-    session.ylowd = 0;
-    session.yhighd = y.high;
+    takewindow(x, session.xLimitLow, session.xLimitHigh, session.xlowd, session.xhighd);
+    takewindow(y, session.yLimitLow, session.yLimitHigh, session.ylowd, session.yhighd);
 }
 
 void plotfunctions() {

@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "session/session.h"
+
 /// Functions of the fitted lines on plain axes, and histograms of the life data: what session.functionPlot
 /// asks for in place of the probability plot.
 
@@ -21,6 +23,15 @@ enum FunctionPlot : char {
 
 /// True when a function takes the place of the probability plot.
 bool functionplotted();
+
+/// While it lives the axes are those of the plot in hand: plain ones where a function is plotted.
+class FunctionAxes {
+public:
+    FunctionAxes();
+
+private:
+    Keep<int16_t, float> keep{session.plotMode, session.xyscale};
+};
 
 /// A curve of a set's line.
 struct FunctionCurve {
@@ -43,7 +54,7 @@ struct HistogramBar {
 /// is divided by the set's failures and its width.
 std::vector<HistogramBar> histogrambars();
 
-/// The window of the function in hand: xlowd to yhighd, from the curves and bars and the manual X limits.
+/// The window of the function in hand: xlowd to yhighd, from the curves and bars and the manual limits.
 void functionwindow();
 
 void plotfunctions(); ///< draws bars and curves on the plot area

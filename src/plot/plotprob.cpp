@@ -11,6 +11,7 @@
 #include "plot/drawing.h"
 #include "plot/frame.h"
 #include "plot/functionplot.h"
+#include "plot/markerline.h"
 #include "plot/titles.h"
 #include "plot/window.h"
 #include "session/session.h"
@@ -87,6 +88,7 @@ void drawparts() {
         plotfunctions();
     else
         plotpoints(layout);
+    if (session.plotMode == 1) plotmarkers(0.8 * layout.size);
     plottitles(block, layout);
 }
 
@@ -104,11 +106,7 @@ bool draw(Device& device) {
                     session.ploty2,    session.plotpen,   session.textSize, session.textRotation,
                     session.linewidth, session.setCounter};
     const DropUnfinished drop;
-    const Keep axes{session.plotMode, session.xyscale};
-    if (functionplotted()) {
-        session.plotMode = functionAxes;
-        session.xyscale = 0;
-    }
+    const FunctionAxes axes;
     groups();
     xyanalyzw();
     const bool stopped = session.plotStopped == 1;

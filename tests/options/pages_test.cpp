@@ -278,9 +278,13 @@ TEST_F(Pages, AVisitWithoutAChangeWritesNoSettings) {
     EXPECT_FALSE(folder.has("VANEX.INI"));
 }
 
-TEST_F(Pages, APageThatTheProgramHasNotSaysSo) {
-    desktop.expectmessage("Not Possible");
-    EXPECT_FALSE(optionpage(OptionPage::functionPlot));
+TEST_F(Pages, AFunctionTakesThePlaceOfTheProbabilityPlotAndGivesItBack) {
+    desktop.expectmenu("", 5);
+    EXPECT_TRUE(optionpage(OptionPage::functionPlot));
+    EXPECT_EQ(session.functionPlot, 'P');
+    desktop.expectmenu("", 1);
+    EXPECT_TRUE(optionpage(OptionPage::functionPlot));
+    EXPECT_EQ(session.functionPlot, 0);
 }
 
 TEST_F(Pages, TheOtherSideHasPagesOfItsOwnChoice) {

@@ -5,6 +5,8 @@
 #include <algorithm>
 
 #include "plot/plotprob.h"
+#include "plot/readout.h"
+#include "plot/zoomwindow.h"
 #include "support/lifefixture.h"
 #include "support/recordingdevice.h"
 
@@ -149,6 +151,23 @@ TEST_F(FunctionPlots, AHazardThatFallsFromInfinityKeepsTheRestInSight) {
     functionwindow();
     const FunctionCurve h = curve(hazardPlot);
     EXPECT_LE(session.yhighd, 3 * h.y[h.y.size() / 10]);
+}
+
+TEST_F(FunctionPlots, ThePointerReadsTheFunctionAndTheWheelZoomsIt) {
+    life(bearings);
+    session.functionPlot = densityPlot;
+    session.outdev = screenDevice;
+    RecordingDevice device(12000, 9000);
+    ASSERT_TRUE(plotentry(device));
+    const PlotWindow w = session.windowSaved;
+    const auto middle = plotplace(w, (w.left + w.right) / 2, (w.top + w.bottom) / 2);
+    ASSERT_TRUE(middle);
+    EXPECT_NEAR(middle->x, (session.xAxisLow + session.xAxisHigh) / 2, 1e-9 * session.xAxisHigh);
+    EXPECT_NEAR(middle->y, session.yAxisHigh / 2, 1e-9 * session.yAxisHigh);
+    EXPECT_TRUE(placedpoints(w).empty());
+    ASSERT_TRUE(zoomplot(w, w.left, w.bottom, 2));
+    EXPECT_NEAR(session.yLimitHigh, session.yAxisHigh / 2, 1e-9);
+    EXPECT_EQ(session.plotMode, 1);
 }
 
 TEST_F(FunctionPlots, ManualLimitsOfXHold) {
