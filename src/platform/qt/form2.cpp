@@ -326,10 +326,10 @@ bool Form2::pendingevents() {
 }
 
 /// Below the icon, or in the corner of the plot for a command that has none.
-void Form2::settle(QWidget* label, const QWidget* beside) const {
+void Form2::settle(QLabel* label, const QWidget* beside) const {
     constexpr int widest = 380;
     const int wanted = label->fontMetrics().boundingRect(QRect(), Qt::AlignLeft, label->text()).width();
-    const int wide = std::min({wanted + 2 * label->margin() + 6, widest, width() - 20});
+    const int wide = std::min(wanted + 2 * label->margin() + 6, std::min(widest, width() - 20));
     label->resize(wide, label->heightForWidth(wide));
     const QWidget* const base = beside ? beside : static_cast<const QWidget*>(plot);
     const QPoint below = base->mapTo(this, QPoint(0, beside ? beside->height() + 4 : 8));

@@ -73,7 +73,7 @@ private:
     void buildshortcuts();
     void placewindow();
     void keeprectangle();
-    void settle(QWidget* label, const QWidget* beside) const;
+    void settle(QLabel* label, const QWidget* beside) const;
     void titlewindow();
     void nextpane();
     void fullview();
