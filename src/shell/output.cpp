@@ -153,7 +153,8 @@ bool copyplot() {
     if (!anydata()) return tellnodata();
     std::string svg;
     if (!plotsvg(svg, pixelsAcross, pixelsDown)) return false;
-    if (session.totalReport == 1 && !copytext(reportastext())) return false;
+    if (session.totalReport == 1)
+        return tookclipboard(platform && platform->clipboard().setboth(reportastext(), svg));
     return tookclipboard(platform && platform->clipboard().setpicture(svg));
 }
 
