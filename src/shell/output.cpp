@@ -139,13 +139,6 @@ constexpr Output outputs[] = {
     {'T', [] { return savetext(Word::Report, reportastext()); }},
 };
 
-/// The report goes first and waits there, for the picture will take its place.
-bool copyreport() {
-    if (!copytext(reportastext())) return false;
-    tell(Word::Report, " ", Word::To, " ", Word::Clipboard, " ... ", Word::Next, " = ", Word::Picture);
-    return true;
-}
-
 } // namespace
 
 void outputpage() {
@@ -166,7 +159,8 @@ bool copyplot() {
     if (!anydata()) return tellnodata();
     std::string svg;
     if (!plotsvg(svg, pixelsAcross, pixelsDown)) return false;
-    if (session.totalReport == 1 && !copyreport()) return false;
+    if (session.totalReport == 1)
+        return tookclipboard(platform && platform->clipboard().setboth(reportastext(), svg));
     return tookclipboard(platform && platform->clipboard().setpicture(svg));
 }
 

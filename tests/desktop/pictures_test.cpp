@@ -8,10 +8,12 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
+#include "data/report.h"
 #include "desktop/deskfixture.h"
 #include "plot/plotfile.h"
 #include "session/sampleload.h"
 #include "shell/calcplot.h"
+#include "shell/output.h"
 
 namespace {
 
@@ -116,6 +118,20 @@ TEST_F(DesktopBoard, APictureIsOfferedAsVectorsAndAsPixels) {
     const auto image = qvariant_cast<QImage>(held()->imageData());
     EXPECT_EQ(image.size(), QSize(80, 60));
     EXPECT_EQ(image.pixelColor(10, 30), QColor(0x1f, 0x5f, 0xad));
+}
+
+TEST_F(DesktopBoard, AReportGoesBesideThePlot) {
+    ASSERT_TRUE(sampleload(2));
+    calcplot();
+    session.totalReport = 1;
+    EXPECT_TRUE(copyplot());
+    EXPECT_TRUE(held()->hasImage());
+    EXPECT_TRUE(held()->hasFormat(QStringLiteral("image/svg+xml")));
+    EXPECT_EQ(desktop.clipboard().text(), reportastext());
+    session.totalReport = 0;
+    EXPECT_TRUE(copyplot());
+    EXPECT_TRUE(held()->hasImage());
+    EXPECT_FALSE(held()->hasText());
 }
 
 TEST_F(DesktopBoard, WhatIsNoPictureLeavesTheClipboardAlone) {

@@ -7,6 +7,7 @@
 #include "desktop/deskfixture.h"
 #include "plot/drawing.h"
 #include "plot/plotfile.h"
+#include "plot/textmetrics.h"
 #include "session/sampleload.h"
 #include "shell/calcplot.h"
 
@@ -140,6 +141,17 @@ TEST_F(Surface, ATextIsAsWideAsTheDeviceSays) {
             }
     EXPECT_NEAR(first, 20, 4);
     EXPECT_NEAR(last, 20 + wide, 4);
+}
+
+TEST_F(Surface, ATextIsAsWideInEverySizeAsItsFaceSays) {
+    session.fontName = "DejaVu Sans";
+    Sheet sheet(100, 60, 1);
+    for (double pixels = 8; pixels < 40; pixels += 0.7) {
+        const double size = 15 * pixels;
+        EXPECT_NEAR(sheet.device.textwidth("Beta=1.9727", size), textadvance("Beta=1.9727") * size / 1000,
+                    0.005 * size);
+    }
+    sheet.done();
 }
 
 TEST_F(Surface, AnUprightTextRunsUpFromItsAnchor) {

@@ -34,7 +34,7 @@ bool DesktopClipboard::settext(std::string_view text) {
     return held && held->hasText() && held->text() == wanted;
 }
 
-bool DesktopClipboard::setpicture(std::string_view svg) {
+bool DesktopClipboard::setboth(std::string_view text, std::string_view svg) {
     const QByteArray vector(svg.data(), static_cast<qsizetype>(svg.size()));
     const QImage pixels = imageof(vector, sizeofpicture(vector));
     QClipboard* const board = QGuiApplication::clipboard();
@@ -42,6 +42,7 @@ bool DesktopClipboard::setpicture(std::string_view svg) {
     auto* both = new QMimeData; // the clipboard owns it
     both->setData(svgType, vector);
     both->setImageData(pixels);
+    if (!text.empty()) both->setText(qs(text));
     board->setMimeData(both);
     const QMimeData* const held = content();
     return held && held->data(svgType) == vector;

@@ -9,5 +9,6 @@ public:
     /// False when another program keeps the clipboard for itself.
     bool settext(std::string_view text) override;
     /// Offered as the vector picture and, for programs that take none, as pixels.
-    bool setpicture(std::string_view svg) override;
+    bool setpicture(std::string_view svg) override { return setboth({}, svg); }
+    bool setboth(std::string_view text, std::string_view svg) override;
 };

@@ -15,6 +15,7 @@
 #include "data/report.h"
 #include "platform/qt/flowview.h"
 #include "platform/qt/helpview.h"
+#include "platform/qt/icons.h"
 #include "platform/qt/style.h"
 #include "platform/qt/surface.h"
 #include "platform/qt/text.h"
@@ -127,17 +128,14 @@ void FormMegaTest::buildicons() {
         }
         auto* button = new QToolButton;
         const Command* const command = commandof(number);
-        const QIcon picture(QStringLiteral(":/icons/%1.svg").arg(qs(command ? command->icon : "")));
         button->setObjectName(QStringLiteral("IconsMain1_%1").arg(number));
         button->setAutoRaise(true);
         button->setFocusPolicy(Qt::TabFocus);
         const QString name = qs(commandname(number));
         button->setAccessibleName(name);
         button->setToolTip(qs(commandtip(number)));
-        if (picture.availableSizes().isEmpty())
-            button->setText(name);
-        else
-            button->setIcon(picture);
+        button->setIcon(tintedicon(qs(command ? command->icon : "")));
+        button->setIconSize(QSize(24, 24));
         connect(button, &QToolButton::clicked, this, [this, number] {
             iconpress(number, primaryPress);
             refresh();

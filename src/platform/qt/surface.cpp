@@ -7,6 +7,7 @@
 #include <cstdlib>
 
 #include "platform/qt/text.h"
+#include "platform/qt/textface.h"
 #include "plot/plotprob.h"
 #include "session/session.h"
 
@@ -55,7 +56,12 @@ QString printable(std::string_view text) {
 
 } // namespace
 
-PainterDevice::PainterDevice(QPainter& painter, QSizeF size) : out(painter), canvas(size) {}
+PainterDevice::PainterDevice(QPainter& painter, QSizeF size)
+    : out(painter),
+      canvas(size),
+      face(largeface(
+          {qs(session.fontName), QStringLiteral("Liberation Sans"), QStringLiteral("DejaVu Sans")})),
+      metrics(face) {}
 
 bool PainterDevice::begin() {
     if (!out.isActive()) return false;
@@ -170,42 +176,21 @@ QLineF PainterDevice::crisp(QLineF line, double lineWidth) const {
     return line;
 }
 
-/// The face for a character size in canvas units. The size is set in points, for only these may be fractions,
-/// and a text that is laid out by the size must not come out wider.
-const PainterDevice::Face& PainterDevice::faceof(double size) const {
-    constexpr double parts = 64; // of a pixel
-    const double pixels = std::clamp(size / unitsPerPixel, 1.0, 5000.0);
-    const int key = static_cast<int>(std::lround(pixels * parts));
-    if (const auto known = faces.find(key); known != faces.end()) return known->second;
-    QFont font;
-    font.setFamilies({qs(session.fontName), QStringLiteral("Liberation Sans"), QStringLiteral("DejaVu Sans")});
-    font.setStyleHint(QFont::SansSerif);
-    font.setPointSizeF(key / parts * 72 / out.device()->logicalDpiY());
-    font.setHintingPreference(QFont::PreferNoHinting); // advances that scale with the page
-    return faces.emplace(key, Face{font, QFontMetricsF(font, out.device())}).first->second;
-}
-
 void PainterDevice::text(const TextOperation& operation) {
     const QString shown = printable(operation.text);
     if (shown.isEmpty() || !(operation.size > 0)) return;
     flush();
-    out.setFont(faceof(operation.size).font);
-    out.setPen(colourof(paletteat(operation.colour)));
-    const QPointF at = onpainter(operation.x, operation.y);
-    if (operation.rotation == 0) {
-        out.drawText(at, shown);
-        return;
-    }
     out.save();
-    out.translate(at);
+    out.setPen(colourof(paletteat(operation.colour)));
+    out.translate(onpainter(operation.x, operation.y));
     out.rotate(-operation.rotation);
-    out.drawText(QPointF(0, 0), shown);
+    drawscaled(out, face, operation.size / unitsPerPixel, shown);
     out.restore();
 }
 
 double PainterDevice::textwidth(std::string_view text, double size) const {
     if (!(size > 0)) return 0;
-    return faceof(size).metrics.horizontalAdvance(printable(text)) * unitsPerPixel;
+    return metrics.horizontalAdvance(printable(text)) / facePixels * size;
 }
 
 bool paintplot(QPainter& painter, QSizeF size, int outputDevice) {

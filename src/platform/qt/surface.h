@@ -6,7 +6,6 @@
 #include <QPixmap>
 #include <QPolygonF>
 #include <QSize>
-#include <map>
 
 #include "plot/device.h"
 
@@ -41,10 +40,6 @@ private:
         LineStyle style = LineStyle::solid;
         bool operator==(const Stroke&) const = default;
     };
-    struct Face {
-        QFont font;
-        QFontMetricsF metrics;
-    };
 
     void segment(const Stroke& wanted, QPointF from, QPointF to);
     void box(const Stroke& wanted, QPointF from, QPointF to);
@@ -52,18 +47,18 @@ private:
     double strokewidth(int widthClass) const;
     double crispwidth(double wanted) const;
     QLineF crisp(QLineF line, double lineWidth) const;
-    const Face& faceof(double size) const;
 
     QPainter& out;
     QSizeF canvas;
-    double ratio = 1;                  ///< device pixels to the painter's unit; 0 where there are none
-    bool drawing = false;              ///< between begin and end
-    bool fine = false;                 ///< width class 0 is in force
-    Stroke stroke;                     ///< of the polyline in hand
-    QPolygonF polyline;                ///< empty: none in hand
-    QPointF tip;                       ///< where it ends, before it was made crisp
-    QPointF pen;                       ///< where the last line ended
-    mutable std::map<int, Face> faces; ///< by size, in 64ths of a pixel
+    double ratio = 1;     ///< device pixels to the painter's unit; 0 where there are none
+    bool drawing = false; ///< between begin and end
+    bool fine = false;    ///< width class 0 is in force
+    Stroke stroke;        ///< of the polyline in hand
+    QPolygonF polyline;   ///< empty: none in hand
+    QPointF tip;          ///< where it ends, before it was made crisp
+    QPointF pen;          ///< where the last line ended
+    QFont face;           ///< of all texts, large (textface.h)
+    QFontMetricsF metrics;
 };
 
 /// The session's plot for the screen, on its paper; `size` in logical pixels. Only the paper when there is

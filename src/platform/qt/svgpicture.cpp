@@ -6,6 +6,8 @@
 #include <QXmlStreamWriter>
 #include <algorithm>
 
+#include "platform/qt/textface.h"
+
 namespace {
 
 /// Angle of "rotate(-90 20 30)"; 0 for any other transform.
@@ -57,19 +59,14 @@ void SvgPicture::paint(QPainter& painter, QSizeF area) {
 }
 
 void SvgPicture::painttext(QPainter& painter, const Text& text) const {
-    const double size = std::clamp(text.size, 0.5, 5000.0);
-    QFont font;
-    font.setFamilies({QStringLiteral("DejaVu Sans"), QStringLiteral("Verdana"), QStringLiteral("Arial")});
-    font.setStyleHint(QFont::SansSerif);
-    font.setPointSizeF(size * 72 / painter.device()->logicalDpiY());
-    font.setHintingPreference(QFont::PreferNoHinting);
-    const double natural = QFontMetricsF(font, painter.device()).horizontalAdvance(text.words);
+    static const QFont face =
+        largeface({QStringLiteral("DejaVu Sans"), QStringLiteral("Verdana"), QStringLiteral("Arial")});
+    const double natural = QFontMetricsF(face).horizontalAdvance(text.words) / facePixels * text.size;
+    const double stretch = text.length > 0 && natural > 0 ? text.length / natural : 1;
     painter.save();
-    painter.setFont(font);
     painter.setPen(text.colour);
     painter.translate(text.at);
     painter.rotate(text.rotation);
-    if (text.length > 0 && natural > 0) painter.scale(std::clamp(text.length / natural, 0.25, 4.0), 1);
-    painter.drawText(QPointF(0, 0), text.words);
+    drawscaled(painter, face, text.size, text.words, std::clamp(stretch, 0.25, 4.0));
     painter.restore();
 }
