@@ -124,7 +124,8 @@ bool taketext(const Item& item) {
     std::string& held = *std::get<std::string*>(item.at(session));
     compose(session.msg, item.label);
     textprompt();
-    if (session.msg == noAnswerText || session.msg == held) return false;
+    if (session.msg == noAnswerText || session.msg == held || (item.filled && session.msg.empty()))
+        return false;
     held = session.msg;
     return true;
 }
@@ -217,16 +218,16 @@ bool showoptions(const Page& page) {
     if (scriptmode()) return false;
     const int16_t modeBefore = session.activeMode;
     const std::vector<Kept> before = settingsof(page);
-    bool acted = false; // by what no place on this page tells: another page, an action
+    bool acted = false; // a change that no place of this page tells, and that stays: another page, an action
     for (const Item* item = chosen(page); item; item = chosen(page)) {
         if (item->kind == ItemKind::accept) break;
         if (item->kind == ItemKind::exit) {
             if (hasaccept(page)) std::for_each(before.begin(), before.end(), putback);
             break;
         }
+        const std::vector<Kept> places = settingsof(page);
         const bool changed = take(*item);
-        acted = acted || (changed && !item->at && page.also.empty())
-                || (changed && (item->kind == ItemKind::page || item->kind == ItemKind::action));
+        acted = acted || (changed && std::all_of(places.begin(), places.end(), standsasbefore));
         if (page.list && item->kind == ItemKind::pick) break;
     }
     if (session.activeMode == identityof(page.page)) session.activeMode = modeBefore;

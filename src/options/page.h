@@ -69,6 +69,7 @@ struct Item {
     PlaceOf at = nullptr;
     double low = 0, high = 0;    ///< limits of a number; the two values of a flip; low that of a pick
     bool whole = false;          ///< a number without decimals
+    bool filled = false;         ///< a text that may not be empty
     double scale = 1;            ///< the page shows the session's value times this
     Label off = {}, on = {};     ///< names of the two values of a flip
     OptionPage opens = {};       ///< of a page
@@ -118,6 +119,10 @@ constexpr Item wholeitem(char letter, Label label, PlaceOf at, double low, doubl
     item.whole = true;
     return item;
 }
+/// A name, which may not be empty.
+constexpr Item nameitem(char letter, Label label, PlaceOf at) {
+    return {.letter = letter, .kind = ItemKind::text, .label = label, .at = at, .filled = true};
+}
 constexpr Item textitem(char letter, Label label, PlaceOf at) {
     return {.letter = letter, .kind = ItemKind::text, .label = label, .at = at};
 }
@@ -160,6 +165,8 @@ std::span<const Page> confidencepages();
 std::span<const Page> testpages();
 std::span<const Page> calculatorpages();
 std::span<const Page> librarypages();
+std::span<const Page> functionpages();
+std::span<const Page> markerpages();
 
 /// Pages that are no tables.
 bool samplepage();

@@ -43,7 +43,8 @@ int16_t identityof(OptionPage page) {
 
 const Page* tableof(OptionPage page) {
     const std::array subjects = {setuppages(),      outputpages(), plotpages(),       lifepages(),
-                                 confidencepages(), testpages(),   calculatorpages(), librarypages()};
+                                 confidencepages(), testpages(),   calculatorpages(), librarypages(),
+                                 functionpages(),   markerpages()};
     for (const std::span<const Page> subject : subjects)
         for (const Page& one : subject)
             if (one.page == page) return &one;

@@ -7,6 +7,7 @@
 #include "session/former.h"
 #include "session/library.h"
 #include "session/sampleload.h"
+#include "session/snapshots.h"
 #include "session/usagetables.h"
 #include "shell/prompts.h"
 
@@ -48,10 +49,12 @@ bool copyitem() {
     return false;
 }
 
+/// A table takes the place of the data, which join the former results first.
 bool openusage() {
-    const int16_t before = session.usageChoice;
+    if (!formerkeep()) return false;
+    const uint64_t before = gridhash();
     usagemenu();
-    return session.usageChoice != before;
+    return gridhash() != before;
 }
 
 bool anyitem() { return !session.libraryItem.empty(); }

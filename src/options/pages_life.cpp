@@ -224,7 +224,7 @@ constexpr Item thresholdItems[] = {
 
 void appendfree(std::string& text) {
     if (session.fixedSlope == 0)
-        append(text, Word::No);
+        append(text, Word::None);
     else
         appendshown(text, static_cast<double>(session.fixedSlope), 7);
 }

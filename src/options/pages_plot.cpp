@@ -190,7 +190,10 @@ bool getlabels() {
     const std::string name = session.msg;
     // A file of data is none of labels: its sets would join those that are there.
     const bool labels = readstart(name, 200).find("LABELS") != std::string::npos;
-    if (labels && opendata(name, true) == DataRead::read) return true;
+    if (labels && opendata(name, true) == DataRead::read) {
+        session.resultsDirty = 1;
+        return true;
+    }
     tell(Word::Cannot, " ", Word::Get, ": ", AsTyped{name});
     return false;
 }

@@ -169,8 +169,8 @@ constexpr Item languageItems[] = {
     }),
     actionitem('M', {Word::Language, Word::Reset, Word::To, "English"}, [] { return takelanguage(""); })
         .when([] { return !session.languageFile.empty(); }),
-    textitem('N', {Word::Name, Word::For, Word::Parameter, "1"}, parametertext<0>),
-    textitem('O', {Word::Name, Word::For, Word::Parameter, "2"}, parametertext<1>),
+    nameitem('N', {Word::Name, Word::For, Word::Parameter, "1"}, parametertext<0>),
+    nameitem('O', {Word::Name, Word::For, Word::Parameter, "2"}, parametertext<1>),
     actionitem('U', {Word::Date, Word::Format}, nextdateorder).shows([](std::string& text) {
         appenddateorder(text, dateorder());
         text += " (/ ";
@@ -227,7 +227,7 @@ constexpr Item colorItems[] = {
     actionitem('S', {Word::Set, Word::Color}, setcolour),
     actionitem('F', {Word::Frame, Word::Color}, [] { return givecolour(frameColour); }),
     actionitem('G', {Word::Grid, Word::Color}, [] { return givecolour(gridColour); }),
-    actionitem('L', {Word::Grid, Word::Scale, Word::Color}, [] { return givecolour(decadeColour); }),
+    actionitem('L', {Word::Grid, Word::PlotScale, Word::Color}, [] { return givecolour(decadeColour); }),
     actionitem('R', {Word::Reset, Word::To, Word::Standard}, resetcolours),
     exititem('X', {Word::Exit}),
 };
@@ -313,7 +313,8 @@ constexpr Item setupItems[] = {
         }),
     pageitem('E', {Word::Distribution, Word::Equations}, OptionPage::analysisEquations)
         .shows([](std::string& text) { extend(text, AsTyped{session.equationsName}); }),
-    pageitem('K', {Word::Information, Word::Display, "[Big / Small]"}, OptionPage::informationDisplay),
+    pageitem('K', {Word::Information, Word::Display, "[", Word::Big, "/", Word::Small, "]"},
+             OptionPage::informationDisplay),
     pageitem('L', {Word::Language, " - ", Word::Decimal}, OptionPage::language),
     pageitem('O', {Word::Output, Word::Setup}, OptionPage::ports),
     pageitem('P', {Word::Plot, Word::Color, Word::Select}, OptionPage::color),

@@ -75,26 +75,6 @@ tcflag_t parityflags(char parity) {
     }
 }
 
-/// Puts the parameters on an open line. False for a rate that the system does not know, and a device that is
-/// no serial line.
-bool setline(int line, const PortSetting& setting) {
-    const auto* const rate = std::find_if(std::begin(rates), std::end(rates),
-                                          [&](const Rate& one) { return one.baud == setting.baud; });
-    if (rate == std::end(rates)) {
-        errno = EINVAL;
-        return false;
-    }
-    termios state{};
-    if (tcgetattr(line, &state) != 0) return false;
-    cfmakeraw(&state);
-    state.c_cflag &= ~(static_cast<tcflag_t>(CSIZE) | CSTOPB | PARENB | PARODD | CMSPAR);
-    state.c_cflag |= bitsflag(setting.dataBits) | parityflags(setting.parity) | CLOCAL;
-    if (setting.stopBits > 1) state.c_cflag |= CSTOPB;
-    state.c_iflag |= IXON; // a plotter holds the flow off while its buffer is full
-    return cfsetospeed(&state, rate->speed) == 0 && cfsetispeed(&state, rate->speed) == 0
-           && tcsetattr(line, TCSANOW, &state) == 0;
-}
-
 } // namespace
 
 PortSetting portsetting(std::string_view text) {
@@ -123,6 +103,24 @@ std::string portpath(const std::string& name) {
     return device->paths[first ? 0 : 1];
 }
 
+bool setserial(int line, const PortSetting& setting) {
+    const auto* const rate = std::find_if(std::begin(rates), std::end(rates),
+                                          [&](const Rate& one) { return one.baud == setting.baud; });
+    if (rate == std::end(rates)) {
+        errno = EINVAL;
+        return false;
+    }
+    termios state{};
+    if (tcgetattr(line, &state) != 0) return false;
+    cfmakeraw(&state);
+    state.c_cflag &= ~(static_cast<tcflag_t>(CSIZE) | CSTOPB | PARENB | PARODD | CMSPAR);
+    state.c_cflag |= bitsflag(setting.dataBits) | parityflags(setting.parity) | CLOCAL;
+    if (setting.stopBits > 1) state.c_cflag |= CSTOPB;
+    state.c_iflag |= IXON; // a plotter holds the flow off while its buffer is full
+    return cfsetospeed(&state, rate->speed) == 0 && cfsetispeed(&state, rate->speed) == 0
+           && tcsetattr(line, TCSANOW, &state) == 0;
+}
+
 bool PortSink::open(const std::string& path) {
     drop();
     const PortSetting setting = portsetting(path);
@@ -133,7 +131,7 @@ bool PortSink::open(const std::string& path) {
         return false;
     }
     serial = setting.serial;
-    if (!serial || setline(line, setting)) return true;
+    if (!serial || setserial(line, setting)) return true;
     const int why = errno;
     drop();
     errno = why;

@@ -26,6 +26,10 @@ PortSetting portsetting(std::string_view text);
 /// is a path already.
 std::string portpath(const std::string& name);
 
+/// Puts the parameters on an open serial line. False for a rate that the system does not know, and for a
+/// device that is no serial line; errno tells why.
+bool setserial(int line, const PortSetting& setting);
+
 /// Text to a port or a device path. A serial line is opened with its parameters; each write goes out as it
 /// comes, as fast as the device takes it, and a device that takes nothing for a minute has failed. open()
 /// false: errno tells why, ENXIO, ENODEV or EBUSY when the device is not there or held by another.

@@ -7,6 +7,7 @@
 #include "data/boundvalues.h"
 #include "data/settitle.h"
 #include "plot/drawing.h"
+#include "plot/functionplot.h"
 #include "plot/numbermask.h"
 #include "plot/shown.h"
 #include "plot/strokes.h"
@@ -130,7 +131,7 @@ void linesofset(std::vector<BlockLine>& lines, int k, const SetLines& words, Blo
 }
 
 void paramlines(std::vector<BlockLine>& lines, BlockKind kind) {
-    if (session.plotMode != 1) return;
+    if (session.plotMode != 1 && !functionplotted()) return;
     constexpr std::size_t leastColumn = 15;
     constexpr std::size_t mostColumn = 40;
     constexpr std::size_t setsWithSpace = 4; ///< more sets stand without blank lines between them

@@ -127,6 +127,19 @@ void appendescaped(std::string& out, std::string_view text) {
     }
 }
 
+/// The font that the user chose goes before those that the metrics were taken from. As delivered there is no
+/// choice, and Arial is among the others.
+void appendfont(std::string& out) {
+    std::string name;
+    clean(name, session.fontName);
+    std::erase(name, '\'');
+    std::erase(name, '"');
+    if (name.empty() || name == "Arial") return;
+    out += '\'';
+    appendescaped(out, name);
+    out += "', ";
+}
+
 } // namespace
 
 SvgDevice::SvgDevice(int pixelWidth, int pixelHeight, TextSink& textSink)
@@ -146,7 +159,9 @@ bool SvgDevice::begin() {
     appendattribute(out, "height", pixelsDown);
     out += " viewBox=\"0 0 ";
     appendpair(out, pixelsAcross, pixelsDown);
-    out += "\" font-family=\"DejaVu Sans, Verdana, Helvetica, Arial, sans-serif\" fill=\"none\""
+    out += "\" font-family=\"";
+    appendfont(out);
+    out += "DejaVu Sans, Verdana, Helvetica, Arial, sans-serif\" fill=\"none\""
            " stroke-linecap=\"round\" stroke-linejoin=\"round\">\n<rect x=\"0\" y=\"0\"";
     appendattribute(out, "width", pixelsAcross);
     appendattribute(out, "height", pixelsDown);

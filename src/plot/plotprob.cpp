@@ -10,6 +10,8 @@
 #include "plot/datapoints.h"
 #include "plot/drawing.h"
 #include "plot/frame.h"
+#include "plot/functionplot.h"
+#include "plot/markerline.h"
 #include "plot/titles.h"
 #include "plot/window.h"
 #include "session/session.h"
@@ -82,7 +84,11 @@ void drawparts() {
     plotyaxis(layout);
     plotxaxis(layout);
     plotbuttons(layout);
-    plotpoints(layout);
+    if (functionplotted())
+        plotfunctions();
+    else
+        plotpoints(layout);
+    if (session.plotMode == 1) plotmarkers(0.8 * layout.size);
     plottitles(block, layout);
 }
 
@@ -100,6 +106,7 @@ bool draw(Device& device) {
                     session.ploty2,    session.plotpen,   session.textSize, session.textRotation,
                     session.linewidth, session.setCounter};
     const DropUnfinished drop;
+    const FunctionAxes axes;
     groups();
     xyanalyzw();
     const bool stopped = session.plotStopped == 1;

@@ -5,6 +5,7 @@
 
 #include "data/cell.h"
 #include "data/numbertext.h"
+#include "plot/functionplot.h"
 #include "plot/shown.h"
 #include "plot/transforms.h"
 #include "session/session.h"
@@ -42,7 +43,7 @@ std::string shownnumber(double value) {
 }
 
 std::string shownordinate(double y) {
-    if (session.plotMode != 1) return shownnumber(y);
+    if (session.plotMode != 1 || functionplotted()) return shownnumber(y);
     const auto kind = static_cast<std::size_t>(session.yScaleKind);
     const YSpelling& spelling = ySpellings[kind < ySpellings.size() ? kind : 0];
     return shownnumber(spelling.unit * (spelling.reliability ? 1 - y : y)) + spelling.sign;
@@ -88,7 +89,7 @@ std::string entered(const PlacedPoint& one) {
 
 std::vector<PlacedPoint> placedpoints(const PlotWindow& window) {
     std::vector<PlacedPoint> placed;
-    if (session.pointHide != 0) return placed;
+    if (session.pointHide != 0 || functionplotted()) return placed;
     for (int k = 1; k <= setcount(); ++k)
         if (setshown(k)) placeset(placed, window, k);
     return placed;
@@ -110,6 +111,7 @@ std::optional<PlacedPoint> nearestpoint(std::span<const PlacedPoint> points, dou
 std::optional<PlotPlace> plotplace(const PlotWindow& w, double canvasx, double canvasy) {
     if (!(w.right > w.left) || !(w.bottom > w.top) || w.xfactor == 0 || w.yfactor == 0) return std::nullopt;
     if (canvasx < w.left || canvasx > w.right || canvasy < w.top || canvasy > w.bottom) return std::nullopt;
+    const FunctionAxes axes;
     return PlotPlace{through(txtxx2xd, w.xlow + (canvasx - w.left) / w.xfactor),
                      through(txtxy2yd, w.ylow + (w.bottom - canvasy) / w.yfactor)};
 }

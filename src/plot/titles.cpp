@@ -5,6 +5,7 @@
 #include "data/methodlabels.h"
 #include "platform/platform.h"
 #include "plot/drawing.h"
+#include "plot/functionplot.h"
 #include "plot/ladder.h"
 #include "plot/shown.h"
 #include "session/session.h"
@@ -25,7 +26,7 @@ void centred(std::string_view text, double left, double right, double y, double 
 std::string xtitle() {
     std::string text;
     if (!session.axisTitleX.empty()) return compose(text, AsTyped{session.axisTitleX});
-    return session.plotMode == 1 ? compose(text, Word::Age) : "X";
+    return session.plotMode == 1 || functionplotted() ? compose(text, Word::Age) : "X";
 }
 
 /// What the probability axis counts, in words.
@@ -55,6 +56,11 @@ std::string withoutcarets(std::string text) {
 }
 
 std::string ytitle() {
+    if (functionplotted()) {
+        std::string name = functionname();
+        wordclean(name);
+        return name;
+    }
     if (session.plotMode != 1) return session.axisTitleY.empty() ? "Y" : session.axisTitleY;
     std::string text;
     extend(text, withoutcarets(showsreliability() ? "^1-F^" : "^F^"), "(", xtitle(), ") [");
@@ -97,7 +103,7 @@ std::vector<std::string> titlelines() {
     std::vector<std::string> lines;
     lines.push_back(session.plotTitle);
     if (!session.titleSecond.empty()) lines.push_back(session.titleSecond);
-    if (session.plotMode == 1 && setcount() > 0) {
+    if ((session.plotMode == 1 || functionplotted()) && setcount() > 0) {
         std::string run;
         appendfamily(run);
         extend(run, " ", session.runTitle);

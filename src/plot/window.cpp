@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "plot/axes.h"
+#include "plot/functionplot.h"
 #include "plot/ladder.h"
 #include "plot/shown.h"
 #include "session/session.h"
@@ -216,8 +217,14 @@ void xyanalyzw() {
         session.plotStopped = 1;
         return;
     }
-    const Extents extents = extentsofpoints();
     session.manualScale = 0;
+    if (functionplotted()) {
+        functionwindow();
+        axisedges();
+        windowtext();
+        return;
+    }
+    const Extents extents = extentsofpoints();
     xwindow(extents.x);
     if (session.plotMode == 1)
         probabilitywindow(extents.y);

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "plot/axes.h"
+#include "plot/functionplot.h"
 #include "plot/shown.h"
 #include "plot/transforms.h"
 #include "session/session.h"
@@ -49,6 +50,7 @@ std::optional<AxisEnds> onladder(const AxisEnds& ends) {
 }
 
 bool take(const AxisEnds& xends, const AxisEnds& yends) {
+    const FunctionAxes axes;
     const auto x = onscale(xends, xaxisscale(), txtxx2xd);
     const auto y = session.plotMode == 1 ? onladder(yends) : onscale(yends, yaxisscale(), txtxy2yd);
     if (!x || !y) return false;

@@ -34,6 +34,8 @@ struct PlotWindow {
     double xfactor = 0, yfactor = 0;                 ///< canvas units a plot-scale unit
 };
 
+inline constexpr int16_t functionAxes = 3; ///< plotMode while a function is drawn on plain axes
+
 /// What the plot shows and how.
 struct PlotState {
     int16_t plotMode = 1;     ///< 1 probability plot; any other value an X-Y plot
@@ -52,6 +54,7 @@ struct PlotState {
     int16_t pointHide = 0;                  ///< 1: the points are not drawn
     int16_t pointLabelsShown = 1;           ///< 1: the label of each point stands beside it
     int16_t legendPlace = 1;                ///< 1: the legend stands under the parameters, 0: no legend
+    int16_t functionPlot = 0;               ///< letter of the function in place of the plot; 0 none
     int16_t groupDisplay = 0;               ///< 1: sets are shown in groups
     int16_t parameterReminder = 0; ///< 1: say once that bounds on parameters need the parameter display
     float barCount = 0;            ///< histogram: the count its bars follow from

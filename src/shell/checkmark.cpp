@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "platform/platform.h"
+#include "plot/markerline.h"
 #include "session/session.h"
 #include "shell/calcplot.h"
 #include "shell/commandactions.h"
@@ -27,17 +28,11 @@ void commitfit() {
 
 /// Asks for each marker line in use whether it goes.
 void walkmarkers() {
-    const int first = static_cast<int>(session.maxSets) + 1;
-    for (int line = first; line <= static_cast<int>(session.maxLines); ++line) {
-        if (session.lineLabelA(line).empty() && session.lineLabelB(line).empty()) continue;
+    for (const MarkerLine& marker : markerlines()) {
         session.menuTitle = "Weibayes";
-        compose(session.msg, Word::Marker, " ", Word::Line, " ", Word::Delete, " ",
-                AsTyped{session.lineLabelA(line)});
+        compose(session.msg, Word::Marker, " ", Word::Line, " ", Word::Delete, " ", AsTyped{marker.label});
         askyesno();
-        if (session.u != 1) continue;
-        session.lineVisible(line) = 0;
-        session.lineLabelA(line).clear();
-        session.lineLabelB(line).clear();
+        if (session.u == 1) markerdelete(marker.line);
     }
     session.activeMode = 0;
     calcplot();

@@ -23,11 +23,17 @@ namespace {
 constexpr int pixelsAcross = 1200, pixelsDown = 900;
 
 template <class... Parts>
-bool refuse(const Parts&... parts) {
+void tell(const Parts&... parts) {
     const Keep keep{session.msg, session.menuTitle};
     session.menuTitle.clear();
     compose(session.msg, parts...);
     tellok();
+}
+
+/// Tells why nothing went out.
+template <class... Parts>
+bool refuse(const Parts&... parts) {
+    tell(parts...);
     return false;
 }
 
@@ -133,6 +139,13 @@ constexpr Output outputs[] = {
     {'T', [] { return savetext(Word::Report, reportastext()); }},
 };
 
+/// The report goes first and waits there, for the picture will take its place.
+bool copyreport() {
+    if (!copytext(reportastext())) return false;
+    tell(Word::Report, " ", Word::To, " ", Word::Clipboard, " ... ", Word::Next, " = ", Word::Picture);
+    return true;
+}
+
 } // namespace
 
 void outputpage() {
@@ -153,7 +166,7 @@ bool copyplot() {
     if (!anydata()) return tellnodata();
     std::string svg;
     if (!plotsvg(svg, pixelsAcross, pixelsDown)) return false;
-    if (session.totalReport == 1 && !copytext(reportastext())) return false;
+    if (session.totalReport == 1 && !copyreport()) return false;
     return tookclipboard(platform && platform->clipboard().setpicture(svg));
 }
 

@@ -10,7 +10,8 @@ void outputpage();
 /// that names none stands for the printed picture.
 bool outputactivate();
 
-/// Command 54: the plot to the clipboard as a picture; with totalReport the report goes before it as text.
+/// Command 54: the plot to the clipboard as a picture; with totalReport the report goes before it as text,
+/// and stays there until the user goes on.
 bool copyplot();
 
 /// The B-lives of every line, a value a line, to the clipboard.

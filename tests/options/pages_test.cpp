@@ -278,7 +278,24 @@ TEST_F(Pages, AVisitWithoutAChangeWritesNoSettings) {
     EXPECT_FALSE(folder.has("VANEX.INI"));
 }
 
-TEST_F(Pages, APageThatTheProgramHasNotSaysSo) {
-    desktop.expectmessage("Not Possible");
-    EXPECT_FALSE(optionpage(OptionPage::functionPlot));
+TEST_F(Pages, AFunctionTakesThePlaceOfTheProbabilityPlotAndGivesItBack) {
+    desktop.expectmenu("", 5);
+    EXPECT_TRUE(optionpage(OptionPage::functionPlot));
+    EXPECT_EQ(session.functionPlot, 'P');
+    desktop.expectmenu("", 1);
+    EXPECT_TRUE(optionpage(OptionPage::functionPlot));
+    EXPECT_EQ(session.functionPlot, 0);
+}
+
+TEST_F(Pages, TheOtherSideHasPagesOfItsOwnChoice) {
+    chooseside(visualSide);
+    for (const Page* const page : tables()) {
+        const std::string before = everything();
+        desktop.expectmenu("", 0);
+        EXPECT_FALSE(optionpage(page->page)) << titleof(*page);
+        EXPECT_EQ(difference(everything(), before), "");
+    }
+    desktop.expectmenu("", 0);
+    optionpage(OptionPage::mainOptions);
+    for (const std::string& item : desktop.shown.back().items) EXPECT_NE(item.front(), 'C') << item;
 }

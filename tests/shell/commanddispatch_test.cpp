@@ -2,6 +2,7 @@
 
 #include <set>
 
+#include "plot/markerline.h"
 #include "shell/commandtable.h"
 #include "shell/dropmenu.h"
 #include "shell/words.h"
@@ -216,15 +217,12 @@ TEST_F(Commands, TheCheckMarkRunsTheCycle) {
 
 TEST_F(Commands, TheCheckMarkInMarkerModeAsksForEachLineInUse) {
     given({"150", "230", "310"});
-    const int line = static_cast<int>(session.maxSets) + 2;
-    session.lineLabelA(line) = "B10";
-    session.lineVisible(line) = 1;
+    ASSERT_NE(markeradd(200, 2, "B10"), 0);
     session.activeMode = 50;
-    desk.expectmenu("Marker Line Delete", 1);
+    desk.expectmenu("Marker Line Delete B10", 1);
     command(23);
     EXPECT_EQ(desk.shown.back().header, "Weibayes");
-    EXPECT_EQ(session.lineLabelA(line), "");
-    EXPECT_EQ(session.lineVisible(line), 0);
+    EXPECT_TRUE(markerlines().empty());
 }
 
 } // namespace

@@ -1,0 +1,267 @@
+#include "plot/functionplot.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numeric>
+#include <optional>
+
+#include "data/cell.h"
+#include "plot/drawing.h"
+#include "plot/plotprob.h"
+#include "plot/segment.h"
+#include "plot/shown.h"
+#include "plot/strokes.h"
+#include "plot/transforms.h"
+#include "session/session.h"
+#include "shell/words.h"
+
+namespace {
+
+constexpr int steps = 240;
+constexpr double firstQuantile = 0.001, lastQuantile = 0.999;
+constexpr float outlinePen = 200, filledPen = 300; ///< taken off a pen: an outlined and a filled rectangle
+
+FamilyLine lineofset(int k) {
+    FamilyLine line = currentline();
+    const int row = static_cast<int>(rowofset(static_cast<float>(k)));
+    line.eta = session.etaFit(row, 1);
+    line.beta = session.betaFit(row, 1);
+    return line;
+}
+
+bool logarithmic() { return session.dist == weibull || session.dist == lognormal; }
+
+/// The function in hand at x; nothing where it has no value.
+std::optional<double> valueat(const FamilyLine& line, double x) {
+    const Probability at = probabilityofx(line, x);
+    double value = 0;
+    switch (session.functionPlot) {
+    case cumulativeHazardPlot: value = -std::log(at.q); break;
+    case distributionPlot: value = at.p; break;
+    case reliabilityPlot: value = at.q; break;
+    case hazardPlot: value = densityofx(line, x) / at.q; break;
+    default: value = densityofx(line, x);
+    }
+    if (!std::isfinite(value)) return std::nullopt;
+    return value;
+}
+
+bool hascurves() { return session.functionPlot != histogramPlot && session.functionPlot != suspensionPlot; }
+bool hasbars() { return !hascurves() || session.functionPlot == totalPlot; }
+
+FunctionCurve curveofset(int k) {
+    const FamilyLine line = lineofset(k);
+    const bool negative = !logarithmic();
+    const double low = quantileofp(line, firstQuantile, negative);
+    const double high = quantileofp(line, lastQuantile, negative);
+    const double shift = static_cast<double>(session.t0(k));
+    FunctionCurve curve{k, {}, {}};
+    for (int i = 0; i <= steps; ++i) {
+        const double x = low + (high - low) * i / steps;
+        const auto y = valueat(line, x);
+        if (!y) continue;
+        curve.x.push_back(x + shift);
+        curve.y.push_back(*y);
+    }
+    return curve;
+}
+
+/// A point of a histogram.
+struct Counted {
+    int set;
+    bool suspended;
+    double x, quantity;
+};
+
+std::vector<Counted> countedpoints() {
+    std::vector<Counted> points;
+    for (int k = 1; k <= setcount(); ++k) {
+        if (!setshown(k)) continue;
+        for (int j = 1; j <= pointcount(k); ++j) {
+            const bool suspended =
+                session.pointTypes(k, j) == Susp || session.pointTypes(k, j) == intvComplement;
+            points.push_back({k, suspended, pointvalue(k, j), pointquantity(k, j)});
+        }
+    }
+    return points;
+}
+
+bool takespart(const Counted& point) {
+    if (session.functionPlot == suspensionPlot) return point.suspended;
+    return session.functionPlot == histogramPlot || !point.suspended;
+}
+
+struct Intervals {
+    double low = 0, width = 0;
+    int count = 0;
+    int of(double x) const { return std::clamp(static_cast<int>((x - low) / width), 0, count - 1); }
+};
+
+Intervals intervalsof(const std::vector<Counted>& points) {
+    const auto [low, high] = std::minmax_element(
+        points.begin(), points.end(), [](const Counted& a, const Counted& b) { return a.x < b.x; });
+    Intervals intervals{low->x, 0, barnumber(static_cast<double>(points.size()))};
+    const double range = high->x > low->x ? high->x - low->x : std::max(std::fabs(low->x), 1.0);
+    intervals.width = range / intervals.count;
+    return intervals;
+}
+
+/// Ends of what is drawn.
+struct Extent {
+    double low = std::numeric_limits<double>::infinity(), high = -low;
+    void add(double v) {
+        low = std::min(low, v);
+        high = std::max(high, v);
+    }
+};
+
+/// A hazard or density without a bound at its start would press all else to the foot of the plot: a curve
+/// counts for the window up to three times its value at a tenth of its way.
+double heightof(const FunctionCurve& curve) {
+    const double most = *std::max_element(curve.y.begin(), curve.y.end());
+    const bool falls = curve.y.front() == most;
+    return falls ? std::min(most, 3 * curve.y[curve.y.size() / 10]) : most;
+}
+
+/// The manual limits in place of the ends, where they leave a window.
+void takewindow(const Extent& drawn, double limitLow, double limitHigh, double& low, double& high) {
+    low = limitLow != 0 ? limitLow : drawn.low;
+    high = limitHigh != 0 ? limitHigh : drawn.high;
+    if (low < high) return;
+    low = drawn.low;
+    high = drawn.high;
+}
+
+double canvasx(double x) { return session.window.left + (x - session.window.xlow) * session.window.xfactor; }
+double canvasy(double y) {
+    return session.window.bottom - (y - session.window.ylow) * session.window.yfactor;
+}
+
+void drawbar(const HistogramBar& bar, int place, int places) {
+    const PlotWindow& w = session.window;
+    const double slot = (bar.high - bar.low) / places;
+    const double left = std::clamp(canvasx(bar.low + slot * place), w.left, w.right);
+    const double right = std::clamp(canvasx(bar.low + slot * (place + 1)), w.left, w.right);
+    const double top = std::clamp(canvasy(bar.to), w.top, w.bottom);
+    const double bottom = std::clamp(canvasy(bar.from), w.top, w.bottom);
+    if (!(right > left) || !(bottom > top)) return;
+    session.setCounter = rowofset(static_cast<float>(bar.set));
+    // Suspensions stand hollow upon the failures; a bar keeps its outline beside a neighbour of its colour.
+    const auto colour = static_cast<float>(colourofset(bar.set));
+    plotsnap(left, top, right, bottom);
+    if (!bar.suspended) {
+        session.plotpen = colour - filledPen;
+        plotline();
+        plotsnap(left, top, right, bottom);
+    }
+    session.plotpen = (bar.suspended ? colour : static_cast<float>(frameColour)) - outlinePen;
+    plotline();
+}
+
+void drawcurve(const FunctionCurve& curve) {
+    session.setCounter = rowofset(static_cast<float>(curve.set));
+    session.plotpen = static_cast<float>(colourofset(curve.set));
+    session.linewidth = 2;
+    if (curve.x.empty()) return;
+    tracestart(canvasx(curve.x[0]), canvasy(curve.y[0]));
+    for (std::size_t i = 1; i < curve.x.size() && plotting(); ++i)
+        traceto(canvasx(curve.x[i]), canvasy(curve.y[i]));
+    traceend();
+}
+
+} // namespace
+
+bool functionplotted() { return session.progSide == lifeSide && session.functionPlot != probabilityPlot; }
+
+FunctionAxes::FunctionAxes() {
+    if (!functionplotted()) return;
+    session.plotMode = functionAxes;
+    session.xyscale = 0;
+}
+
+std::vector<FunctionCurve> functioncurves() {
+    std::vector<FunctionCurve> curves;
+    for (int k = 1; hascurves() && k <= setcount(); ++k)
+        if (setshown(k) && hasline(k)) curves.push_back(curveofset(k));
+    std::erase_if(curves, [](const FunctionCurve& curve) { return curve.x.empty(); });
+    return curves;
+}
+
+std::vector<HistogramBar> histogrambars() {
+    std::vector<HistogramBar> bars;
+    if (!hasbars()) return bars;
+    std::vector<Counted> points = countedpoints();
+    if (points.empty()) return bars;
+    const Intervals intervals = intervalsof(points);
+    std::erase_if(points, [](const Counted& point) { return !takespart(point); });
+    const auto count = static_cast<std::size_t>(intervals.count);
+    for (int k = 1; k <= setcount(); ++k) {
+        std::vector<double> failed(count), suspended(count);
+        for (const Counted& point : points)
+            if (point.set == k)
+                (point.suspended ? suspended : failed)[static_cast<std::size_t>(intervals.of(point.x))] +=
+                    point.quantity;
+        const double total = std::accumulate(failed.begin(), failed.end(), 0.0);
+        const double unit = session.functionPlot == totalPlot && total > 0 ? total * intervals.width : 1;
+        for (std::size_t i = 0; i < count; ++i) {
+            const double low = intervals.low + static_cast<double>(i) * intervals.width;
+            const double high = low + intervals.width;
+            if (failed[i] > 0) bars.push_back({k, false, low, high, 0, failed[i] / unit});
+            if (suspended[i] > 0)
+                bars.push_back({k, true, low, high, failed[i] / unit, (failed[i] + suspended[i]) / unit});
+        }
+    }
+    return bars;
+}
+
+void functionwindow() {
+    Extent x, y;
+    y.add(0);
+    for (const FunctionCurve& curve : functioncurves()) {
+        x.add(curve.x.front());
+        x.add(curve.x.back());
+        y.add(heightof(curve));
+        if (logarithmic() && session.t0(curve.set) == 0) x.add(0);
+    }
+    for (const HistogramBar& bar : histogrambars()) {
+        x.add(bar.low);
+        x.add(bar.high);
+        y.add(bar.to);
+    }
+    if (x.low > x.high) x = {0, 100};
+    if (!(y.high > 0)) y.add(1);
+    takewindow(x, session.xLimitLow, session.xLimitHigh, session.xlowd, session.xhighd);
+    takewindow(y, session.yLimitLow, session.yLimitHigh, session.ylowd, session.yhighd);
+}
+
+void plotfunctions() {
+    const Keep keep{session.plotx1,  session.ploty1,    session.plotx2,    session.ploty2,
+                    session.plotpen, session.linewidth, session.setCounter};
+    std::vector<int> sets;
+    for (int k = 1; k <= setcount(); ++k)
+        if (setshown(k)) sets.push_back(k);
+    session.linewidth = 1;
+    for (const HistogramBar& bar : histogrambars()) {
+        if (!plotting()) return;
+        const auto place = std::find(sets.begin(), sets.end(), bar.set) - sets.begin();
+        drawbar(bar, static_cast<int>(place), static_cast<int>(sets.size()));
+    }
+    for (const FunctionCurve& curve : functioncurves()) drawcurve(curve);
+}
+
+std::string functionname() {
+    std::string text;
+    switch (session.functionPlot) {
+    case cumulativeHazardPlot:
+        return compose(text, Word::Aggregate, " ", Word::Cumulative, " ", Word::Hazard);
+    case distributionPlot: return compose(text, Word::Cumulative, " ", Word::Distribution, " F(x)");
+    case hazardPlot: return compose(text, Word::Hazard, " h(x)");
+    case densityPlot:
+    case totalPlot: return compose(text, Word::Probability, " ", Word::Density, " f(x)");
+    case reliabilityPlot: return compose(text, Word::Reliability, " 1-F(x)");
+    case histogramPlot: return compose(text, Word::Occurrence, " + ", Word::Suspension, " ", Word::Quantity);
+    case suspensionPlot: return compose(text, Word::Suspension, " ", Word::Quantity);
+    default: return text;
+    }
+}

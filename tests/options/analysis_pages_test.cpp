@@ -1,0 +1,334 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "options/page.h"
+#include "options/pages.h"
+#include "session/former.h"
+#include "support/lifefixture.h"
+#include "support/scriptedplatform.h"
+#include "support/workfolder.h"
+
+namespace {
+
+class AnalysisPages : public LifeTest {
+protected:
+    AnalysisPages() {
+        session.configPath = folder.path("") + "/";
+        session.tempPath = session.configPath;
+    }
+    void keys(ScriptedPlatform& shown, std::string_view letters) {
+        for (const char letter : letters) shown.expectkey("", letter);
+    }
+    /// Presses the items of a page one after the other.
+    bool press(OptionPage page, std::string_view letters) {
+        ScriptedPlatform shown;
+        keys(shown, letters);
+        return optionpage(page);
+    }
+    /// Asks for a calculation with values, and gives back what is told.
+    std::string told(OptionPage page, char letter, const std::vector<std::string>& values) {
+        ScriptedPlatform shown;
+        shown.expectkey("", letter);
+        for (const std::string& value : values) shown.expectnumber("", value);
+        shown.expectmessage("");
+        shown.expectkey("", 'X');
+        optionpage(page);
+        return shown.shown[values.size() + 1].text;
+    }
+    static double resultof(const std::string& text, const std::string& name) {
+        const auto at = text.find(name + " = ");
+        EXPECT_NE(at, std::string::npos) << text;
+        return at == std::string::npos ? -1 : std::stod("0" + text.substr(at + name.size() + 3));
+    }
+
+    WorkFolder folder;
+};
+
+} // namespace
+
+TEST_F(AnalysisPages, AMethodTakesAllItsSettings) {
+    EXPECT_TRUE(press(OptionPage::fitMethod, "SX"));
+    EXPECT_EQ(session.fitMethod, rankRegression);
+    EXPECT_EQ(session.rrSwap, 1);
+    EXPECT_TRUE(press(OptionPage::fitMethod, "NSAX"));
+    EXPECT_EQ(session.fitMethod, maximumLikelihood);
+    EXPECT_EQ(session.fitMethodSaved, maximumLikelihood);
+    EXPECT_EQ(session.mleVariant, 2) << "the median correction";
+    EXPECT_TRUE(press(OptionPage::fitMethod, "RX"));
+    EXPECT_EQ(session.fitMethod, rankRegression);
+    EXPECT_EQ(session.rrSwap, 0);
+    EXPECT_EQ(session.mleVariant, 0);
+}
+
+TEST_F(AnalysisPages, AFamilyBringsItsSlopeAndAnotherOneDropsIt) {
+    EXPECT_TRUE(press(OptionPage::distribution, "RX"));
+    EXPECT_EQ(session.dist, weibull);
+    EXPECT_EQ(session.fixedSlope, 2);
+    EXPECT_TRUE(press(OptionPage::distribution, "EX"));
+    EXPECT_EQ(session.fixedSlope, 1);
+    EXPECT_TRUE(press(OptionPage::distribution, "HX"));
+    EXPECT_EQ(session.dist, gumbel);
+    EXPECT_EQ(session.gumbeltype, 1);
+    EXPECT_EQ(session.fixedSlope, 0);
+    EXPECT_TRUE(press(OptionPage::distribution, "LX"));
+    EXPECT_EQ(session.dist, lognormal);
+    EXPECT_EQ(session.gumbeltype, -1) << "no family but Gumbel has an extreme of its own";
+    EXPECT_TRUE(press(OptionPage::distribution, "WX"));
+    session.fixedSlope = 2.5f;
+    EXPECT_FALSE(press(OptionPage::distribution, "WX"));
+    EXPECT_EQ(session.fixedSlope, 2.5f) << "a Weibayes line is a Weibull line";
+}
+
+TEST_F(AnalysisPages, AKnownThresholdHoldsForTheRunAndIsTakenAway) {
+    life({"150", "230", "310", "420"});
+    const Fit free = fit();
+    {
+        ScriptedPlatform shown;
+        shown.expectkey("", 'T');
+        shown.expectnumber("t0", "100");
+        shown.expectkey("", 'A');
+        EXPECT_TRUE(optionpage(OptionPage::threshold));
+    }
+    calcplot();
+    EXPECT_EQ(session.t0(1), 100);
+    EXPECT_NE(fit(), free);
+    EXPECT_TRUE(press(OptionPage::threshold, "NA"));
+    calcplot();
+    EXPECT_EQ(fit(), free);
+}
+
+TEST_F(AnalysisPages, AddedFailuresAndSuspensionsExcludeEachOther) {
+    session.fixedSlope = 2;
+    ScriptedPlatform shown;
+    shown.expectkey("", 'S');
+    shown.expectnumber("Additional Suspension", "3");
+    shown.expectkey("", 'F');
+    shown.expectnumber("Additional Occurrence", "2");
+    shown.expectkey("", 'A');
+    EXPECT_TRUE(optionpage(OptionPage::weibayes));
+    EXPECT_EQ(session.wbFail, 2);
+    EXPECT_EQ(session.wbSusp, 0);
+    EXPECT_EQ(session.wbConf, 50);
+}
+
+TEST_F(AnalysisPages, ItemsThatDoNotApplyAreLeftOut) {
+    ScriptedPlatform shown;
+    shown.expectmenu("", 0);
+    optionpage(OptionPage::weibayes);
+    for (const std::string& item : shown.shown.back().items) EXPECT_NE(item.front(), 'F') << item;
+    session.fixedSlope = 2;
+    shown.expectkey("", 'F');
+    shown.expectnumber("", std::nullopt);
+    shown.expectmenu("", 0);
+    optionpage(OptionPage::weibayes);
+}
+
+TEST_F(AnalysisPages, ALevelIsSplitBetweenTheSides) {
+    struct Case {
+        char letter;
+        const char* level;
+        float low, high;
+        const char* text;
+    };
+    for (const Case& one : {Case{'D', "90", 5, 95, "Double 90 %"}, Case{'L', "95", 5, 0, "Lower 95 %"},
+                            Case{'U', "95", 0, 95, "Upper 95 %"}, Case{'A', "95", 5, 95, "Double 90 %"}}) {
+        ScriptedPlatform shown;
+        keys(shown, "C");
+        shown.expectkey("", one.letter);
+        shown.expectnumber("Confidence %", one.level);
+        keys(shown, "A");
+        optionpage(OptionPage::confidence);
+        EXPECT_FLOAT_EQ(session.confLow, one.low) << one.letter;
+        EXPECT_FLOAT_EQ(session.confHigh, one.high) << one.letter;
+        std::string item = shown.shown.back().items[1];
+        EXPECT_EQ(item, std::string("C...Type / Value [%] = ") + one.text);
+    }
+}
+
+TEST_F(AnalysisPages, ABoundMethodIsListedAndMakesBounds) {
+    life({"150", "230", "310", "420", "510"});
+    ScriptedPlatform shown;
+    keys(shown, "MBA"); // the second of the list: Fisher matrix
+    EXPECT_TRUE(optionpage(OptionPage::confidence));
+    EXPECT_EQ(session.confMethod, fisherBounds);
+    EXPECT_FLOAT_EQ(session.confLow, 5);
+    EXPECT_FLOAT_EQ(session.confHigh, 95);
+    calcplot();
+    EXPECT_EQ(session.ifylcnf, 9);
+    keys(shown, "NA");
+    EXPECT_TRUE(optionpage(OptionPage::confidence));
+    calcplot();
+    EXPECT_EQ(session.ifylcnf, 0);
+}
+
+TEST_F(AnalysisPages, AnExitOfTheConfidencePageTakesTheMethodBack) {
+    EXPECT_FALSE(press(OptionPage::confidence, "MBX"));
+    EXPECT_EQ(session.confMethod, noBounds);
+    EXPECT_EQ(session.confLow, 0);
+}
+
+TEST_F(AnalysisPages, ASampleTakesThePlaceOfTheDataWhichJoinTheFormerResults) {
+    life({"150", "230", "310"});
+    EXPECT_TRUE(press(OptionPage::sample, "A"));
+    EXPECT_EQ(formercount(), 1u);
+    EXPECT_NE(session.gridCells.front().size(), 3u);
+    EXPECT_FALSE(press(OptionPage::sample, "X"));
+}
+
+TEST_F(AnalysisPages, ZoomLimitsAreAskedInPercentAndMayNotCross) {
+    ScriptedPlatform shown;
+    shown.expectkey("", '4');
+    shown.expectnumber("Y-Upper", "90");
+    shown.expectkey("", '3');
+    shown.expectnumber("Y-Lower", "95");
+    shown.expectmessage("Lower >= Upper");
+    shown.expectkey("", '3');
+    shown.expectnumber("Y-Lower", "10");
+    shown.expectkey("", 'X');
+    EXPECT_TRUE(optionpage(OptionPage::zoomLimit));
+    EXPECT_DOUBLE_EQ(session.yLimitLow, 0.1);
+    EXPECT_DOUBLE_EQ(session.yLimitHigh, 0.9);
+    keys(shown, "AX");
+    EXPECT_TRUE(optionpage(OptionPage::zoom));
+    EXPECT_EQ(session.yLimitHigh, 0);
+}
+
+TEST_F(AnalysisPages, ASetIsHiddenAndShownAgain) {
+    sets({{"150", "230", "310"}, {"20", "30", "45"}});
+    EXPECT_TRUE(press(OptionPage::zoom, "SBXX"));
+    EXPECT_EQ(session.lineHide(2), 1);
+    EXPECT_TRUE(press(OptionPage::zoom, "SBXX"));
+    EXPECT_EQ(session.lineHide(2), 0);
+}
+
+// R: pbinom, pchisq, pgamma, pnorm, ppois, pt to the digits given.
+TEST_F(AnalysisPages, TheCalculatorAgreesWithPublishedTables) {
+    const OptionPage page = OptionPage::calculator;
+    EXPECT_NEAR(resultof(told(page, 'B', {"10", "3", "50"}), "P (X <= x)"), 0.171875, 1e-9);
+    EXPECT_NEAR(resultof(told(page, 'B', {"10", "3", "50"}), "P (X = x)"), 120.0 / 1024, 1e-9);
+    EXPECT_NEAR(resultof(told(page, 'C', {"3.841458821", "1"}), "P (X > x)"), 0.05, 1e-8);
+    EXPECT_NEAR(resultof(told(page, 'I', {"95", "10"}), "X"), 18.30703805, 1e-7);
+    EXPECT_NEAR(resultof(told(page, 'E', {"100", "100"}), "P (X > x)"), std::exp(-1), 1e-9);
+    EXPECT_NEAR(resultof(told(page, 'G', {"3", "1", "3"}), "P (X > x)"), std::exp(-1), 1e-9);
+    EXPECT_NEAR(resultof(told(page, 'H', {"1.96", "0", "1"}), "P (X > x)"), 0.0249978951, 1e-9);
+    EXPECT_NEAR(resultof(told(page, 'P', {"2", "3"}), "P (X <= x)"), 8.5 * std::exp(-3), 1e-9);
+    EXPECT_NEAR(resultof(told(page, 'P', {"2", "3"}), "P (X = x)"), 4.5 * std::exp(-3), 1e-9);
+    EXPECT_NEAR(resultof(told(page, 'T', {"2.228138852", "10"}), "P (X > x)"), 0.025, 1e-9);
+    EXPECT_NEAR(resultof(told(page, 'V', {"50", "5"}), "Cv (%)"), 10, 1e-9);
+    // An exponential line, slope 1, has the mean Eta and a variation of 100 percent; a Rayleigh line, slope
+    // 2, Eta sqrt(pi) / 2.
+    EXPECT_NEAR(resultof(told(page, 'N', {"100", "1"}), "Cv (%)"), 100, 1e-7);
+    EXPECT_NEAR(resultof(told(page, 'N', {"100", "2"}), "Mean"), 50 * std::sqrt(3.14159265358979), 1e-6);
+    EXPECT_NEAR(resultof(told(page, 'M', {"88.6226925", "2"}), "Eta"), 100, 1e-6);
+}
+
+// Abernethy, The New Weibull Handbook, ch. 6: with slope 1 and one item, ln 2 of the scale for a median
+// demonstration; the scale that R = 1/e demands at a life is that life.
+TEST_F(AnalysisPages, ATestWithoutFailuresIsPlannedInEachDirection) {
+    session.planSlope = 2;
+    session.planLife = 500;
+    session.planReliability = std::exp(-1);
+    session.planConfidence = 100 * (1 - std::exp(-1));
+    session.planItems = 4;
+    const auto found = [&](char letter) {
+        ScriptedPlatform shown;
+        shown.expectkey("", letter);
+        shown.expectmessage("");
+        shown.expectkey("", 'X');
+        optionpage(OptionPage::findInTestPlan);
+        return shown.shown[1].text;
+    };
+    EXPECT_NEAR(resultof(found('L'), "Test Time"), 250, 1e-3) << "500 / sqrt(4)";
+    EXPECT_NEAR(session.planTime, 250, 1e-9);
+    EXPECT_EQ(resultof(found('N'), "Test Item Quantity"), 4);
+    EXPECT_NEAR(resultof(found('R'), "Demonstrated Reliability %"), 100 * std::exp(-1), 1e-3);
+    session.planLife = 0;
+    EXPECT_EQ(found('L'), "Life <= 0");
+}
+
+TEST_F(AnalysisPages, AProcessIndexIsThatOfTheNormalLine) {
+    choose(normal);
+    choosemethod(maximumLikelihood);
+    life({"8", "9", "10", "11", "12"});
+    const Fit line = fit();
+    session.processLower = line.eta - 3 * line.beta;
+    session.processUpper = line.eta + 4 * line.beta;
+    ScriptedPlatform shown;
+    shown.expectkey("", 'A');
+    shown.expectmessage("");
+    shown.expectkey("", 'X');
+    optionpage(OptionPage::processLimits);
+    // Phi(-3) + Phi(-4) = 1.349898e-3 + 3.167124e-5; the nearer limit is three deviations off.
+    EXPECT_NEAR(resultof(shown.shown[1].text, "PPM"), 1349.898 + 31.67124, 0.01);
+    EXPECT_NEAR(resultof(shown.shown[1].text, "Ppk"), 1, 1e-5);
+}
+
+TEST_F(AnalysisPages, ProcessLimitsStandOnTheirOwnOrAsAPair) {
+    ScriptedPlatform shown;
+    shown.expectkey("", 'D');
+    shown.expectnumber("Lower Limit", "10");
+    shown.expectnumber("Upper Limit", "20");
+    shown.expectkey("", 'D');
+    shown.expectnumber("Lower Limit", "30");
+    shown.expectnumber("Upper Limit", std::nullopt);
+    shown.expectkey("", 'X');
+    optionpage(OptionPage::processLimits);
+    EXPECT_EQ(session.processLower, 10);
+    EXPECT_EQ(session.processUpper, 20) << "a pair given up leaves the former one";
+    shown.expectkey("", 'U');
+    shown.expectnumber("Upper Limit", "25");
+    shown.expectkey("", 'X');
+    optionpage(OptionPage::processLimits);
+    EXPECT_EQ(session.processLower, noAnswer);
+    EXPECT_EQ(session.processUpper, 25);
+}
+
+TEST_F(AnalysisPages, AnAnalysisBeyondTheFitShowsTheReport) {
+    life({"150", "230", "310", "420", "510"});
+    ScriptedPlatform shown;
+    keys(shown, "KX");
+    EXPECT_FALSE(optionpage(OptionPage::extendedOptions));
+    EXPECT_NE(session.reportBuffer.find("Likelihood Value Grid"), std::string::npos);
+    EXPECT_EQ(shown.windowCalls.back(), "showview 1");
+}
+
+TEST_F(AnalysisPages, ATestPlanOfTheSetGoesIntoTheReport) {
+    life({"150", "230", "310", "420", "510"});
+    ScriptedPlatform shown;
+    shown.expectkey("", 'D');
+    shown.expectnumber("", "5");
+    shown.expectnumber("", "100");
+    shown.expectkey("", 'X');
+    EXPECT_FALSE(optionpage(OptionPage::testPlanning));
+    EXPECT_NE(session.reportBuffer.find("Sudden"), std::string::npos) << session.reportBuffer;
+    EXPECT_EQ(shown.windowCalls.back(), "showview 1");
+}
+
+TEST_F(AnalysisPages, LabelsGoToAFileOfTheirOwnAndComeBack) {
+    life({"150", "230", "310"});
+    session.titleSecond = "after the repair";
+    const std::string before = session.fileName;
+    {
+        ScriptedPlatform shown;
+        shown.expectkey("", 'S');
+        shown.expectfile("Save Label File", folder.path("title"));
+        shown.expectkey("", 'A');
+        optionpage(OptionPage::style);
+    }
+    ASSERT_TRUE(folder.has("title.lbl"));
+    EXPECT_EQ(session.fileName, before) << "the data are not saved by it";
+    session.titleSecond = "another";
+    const auto cells = session.gridCells;
+    const std::string other = folder.write("data.txt", "1 2 3");
+    ScriptedPlatform shown;
+    shown.expectkey("", 'R');
+    shown.expectfile("Get Label File", other);
+    shown.expectmessage("Cannot Get");
+    shown.expectkey("", 'R');
+    shown.expectfile("Get Label File", folder.path("title.lbl"));
+    shown.expectkey("", 'A');
+    EXPECT_TRUE(optionpage(OptionPage::style));
+    EXPECT_EQ(session.titleSecond, "after the repair");
+    EXPECT_EQ(session.gridCells, cells) << "labels alone";
+}
