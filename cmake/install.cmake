@@ -35,6 +35,9 @@ set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME omnivanex)
 set(CPACK_PACKAGE_CONTACT "OmniVANEX <omnivanex@localhost>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "plotting and statistics workbench for life and failure data")
+set(CPACK_PACKAGE_DESCRIPTION "Type or load failures, suspensions, inspections and intervals, and get a
+fitted line, its confidence bounds, a report and a plot, for the Weibull, lognormal, normal and Gumbel
+families. With a desktop, a console program and a script channel.")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)

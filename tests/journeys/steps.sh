@@ -50,6 +50,22 @@ press() { xdotool mousemove --window "$main" "$1" "$2" click "${3:-1}"; sleep 0.
 title() { xdotool getwindowname "$main"; }
 picture() { import -window root "$PICTURES/journey-$name-$1.png"; }
 
+# dialog: waits for a window over the main one, and for its first paint.
+dialog() {
+    until_true "no dialog came" over || return 1
+    sleep 0.4
+}
+over() { [ "$(xdotool getactivewindow)" != "$main" ]; }
+
+# savedas FILE: Ctrl+S, the name, Enter; the file is there.
+savedas() {
+    key ctrl+s
+    dialog || return 1
+    text "$1"
+    key Return
+    until_true "$1 was not written" test -s "$1"
+}
+
 # until WHAT COMMAND...: waits up to 5 s for the command to be true.
 until_true() {
     local what=$1 tries

@@ -6,10 +6,7 @@ type_and_read() {
     key Return
     sleep 0.5
     picture fit
-    key ctrl+s
-    sleep 0.6
-    text "$work/typed.w"
-    key Return
+    savedas "$work/typed.w" || return 1
     holds "$work/typed.w" 150 || return 1
     # The console program reads the same file to the same line: an independent way to the numbers.
     "$(dirname "$VANEX")/vanexc" "$work/typed.w" --report "$work/report.txt" || { fail "vanexc cannot read it"; return 1; }
