@@ -280,7 +280,7 @@ TEST_F(Pages, AVisitWithoutAChangeWritesNoSettings) {
 
 TEST_F(Pages, APageThatTheProgramHasNotSaysSo) {
     desktop.expectmessage("Not Possible");
-    EXPECT_FALSE(optionpage(OptionPage::functionPlot));
+    EXPECT_FALSE(optionpage(OptionPage::markerLine));
 }
 
 TEST_F(Pages, TheOtherSideHasPagesOfItsOwnChoice) {
