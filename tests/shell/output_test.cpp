@@ -150,7 +150,6 @@ TEST_F(OutputTest, ACopiedPlotIsAPictureAndWithTheTotalReportTextToo) {
     EXPECT_FALSE(shown.clipboardText.has_value());
     session.totalReport = 1;
     shown.clipboardPicture.reset();
-    shown.expectmessage("Report To Clipboard ... Next = Picture");
     EXPECT_TRUE(copyplot());
     EXPECT_TRUE(shown.clipboardPicture.has_value());
     EXPECT_NE(shown.clipboardText.value_or("").find("Eta"), std::string::npos);
