@@ -58,7 +58,7 @@ void IconStrip::rebuild() {
         if (button) {
             button->hide();
             button->setObjectName(QString()); // the name goes to its successor
-            button->deleteLater(); // it may be the one that was pressed
+            button->deleteLater();            // it may be the one that was pressed
         }
     buttons.clear();
     for (const int number : shown) {
