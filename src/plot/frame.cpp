@@ -96,12 +96,16 @@ void plotbuttons(const Layout& layout) {
     const double size = 0.75 * layout.size;
     session.textSize = static_cast<float>(size);
     double x = 0.9 * layout.size;
+    std::size_t place = 0;
     for (const char* axis : {"Y-", "X-"})
         for (const char* arrows : {" vvv", " ^^^"}) {
             std::string text;
             compose(text, axis, Word::PlotScale, arrows);
             wordclean(text);
             label(x, layout.footY, text);
-            x += plottextwidth(text, size) + size;
+            const double end = x + plottextwidth(text, size);
+            session.windowSaved.buttons[place++] = {x - size / 2, layout.footY - 1.3 * size, end + size / 2,
+                                                    layout.footY + 0.6 * size};
+            x = end + size;
         }
 }

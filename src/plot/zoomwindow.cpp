@@ -89,3 +89,22 @@ bool zoomplot(const PlotWindow& window, double canvasx, double canvasy, double f
 bool moveplot(const PlotWindow& window, double right, double up) {
     return take(movedaxis({window.xlow, window.xhigh}, right), movedaxis({window.ylow, window.yhigh}, up));
 }
+
+int buttonat(const PlotWindow& window, double canvasx, double canvasy) {
+    for (std::size_t i = 0; i < window.buttons.size(); ++i) {
+        const PlotButton& button = window.buttons[i];
+        if (canvasx >= button.left && canvasx <= button.right && canvasy >= button.top
+            && canvasy <= button.bottom && button.right > button.left)
+            return static_cast<int>(i);
+    }
+    return -1;
+}
+
+bool pressbutton(const PlotWindow& window, int number, double factor) {
+    if (number < 0 || number >= static_cast<int>(window.buttons.size())) return false;
+    const double step = number % 2 == 0 ? 1 / factor : factor;
+    AxisEnds x{window.xlow, window.xhigh}, y{window.ylow, window.yhigh};
+    AxisEnds& axis = number < 2 ? y : x;
+    axis = zoomedaxis(axis, (axis.low + axis.high) / 2, step);
+    return take(x, y);
+}

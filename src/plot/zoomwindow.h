@@ -27,3 +27,10 @@ bool zoomplot(const PlotWindow& window, double canvasx, double canvasy, double f
 
 /// Moves the window by parts of its width and height. False as before.
 bool moveplot(const PlotWindow& window, double right, double up);
+
+/// Number of the scale button at a place on the canvas, from 0; -1 where there is none.
+int buttonat(const PlotWindow& window, double canvasx, double canvasy);
+
+/// What scale button `number` does: the Y or the X scale smaller or larger about its middle, a step of
+/// `factor`. False as before.
+bool pressbutton(const PlotWindow& window, int number, double factor);

@@ -27,11 +27,17 @@ struct AxisTicks {
     std::array<std::string, most + 1> label; ///< empty: a tick without a label
 };
 
+/// A button drawn on the plot of the screen, canvas units; empty while none is drawn.
+struct PlotButton {
+    double left = 0, top = 0, right = 0, bottom = 0;
+};
+
 /// The window of a plot and where it stands on the canvas. The mouse reads values off the plot by it.
 struct PlotWindow {
     double left = 0, top = 0, right = 0, bottom = 0; ///< plot area, canvas units
     double xlow = 0, xhigh = 0, ylow = 0, yhigh = 0; ///< its edges on the plot scales (transformed)
     double xfactor = 0, yfactor = 0;                 ///< canvas units a plot-scale unit
+    std::array<PlotButton, 4> buttons{};             ///< Y scale smaller, larger, X scale smaller, larger
 };
 
 inline constexpr int16_t functionAxes = 3; ///< plotMode while a function is drawn on plain axes

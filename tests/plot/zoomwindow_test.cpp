@@ -3,7 +3,9 @@
 #include <cmath>
 
 #include "plot/plotfile.h"
+#include "plot/plotprob.h"
 #include "support/lifefixture.h"
+#include "support/recordingdevice.h"
 
 namespace {
 
@@ -120,6 +122,33 @@ TEST_F(PlotZoom, ALimitAtZeroStaysALimit) {
     ASSERT_TRUE(moveplot(window, -1, 0));
     EXPECT_NE(session.xLimitLow, 0);
     EXPECT_NEAR(session.xLimitLow, 0, 1e-6);
+}
+
+TEST_F(PlotZoom, TheScaleButtonsStretchOneAxisAboutItsMiddle) {
+    choose(normal);
+    life({"10", "20", "30"});
+    session.outdev = screenDevice;
+    RecordingDevice screen(12000, 9000);
+    ASSERT_TRUE(plotentry(screen));
+    const PlotWindow w = session.windowSaved;
+    for (int i = 0; i < 4; ++i) {
+        const PlotButton& button = w.buttons[static_cast<std::size_t>(i)];
+        EXPECT_EQ(buttonat(w, (button.left + button.right) / 2, (button.top + button.bottom) / 2), i);
+    }
+    EXPECT_EQ(buttonat(w, (w.left + w.right) / 2, (w.top + w.bottom) / 2), -1);
+    constexpr int largerX = 3, smallerY = 0;
+    const double span = session.xAxisHigh - session.xAxisLow;
+    ASSERT_TRUE(pressbutton(w, largerX, 2));
+    EXPECT_NEAR(session.xLimitHigh - session.xLimitLow, span / 2, 1e-9 * span);
+    ASSERT_TRUE(pressbutton(w, smallerY, 1.25));
+    EXPECT_LT(session.yLimitLow, session.yAxisLow);
+    EXPECT_FALSE(pressbutton(w, 4, 2));
+    EXPECT_FALSE(pressbutton(w, -1, 2));
+}
+
+TEST_F(PlotZoom, APlotOnPaperHasNoButtons) {
+    plot({"10", "100", "1000"});
+    EXPECT_EQ(buttonat(session.window, 1, 1), -1);
 }
 
 } // namespace

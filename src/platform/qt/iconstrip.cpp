@@ -7,7 +7,7 @@
 
 #include "platform/qt/icons.h"
 #include "platform/qt/text.h"
-#include "session/shellstate.h"
+#include "session/session.h"
 #include "shell/commands.h"
 #include "shell/commandtable.h"
 
@@ -85,7 +85,8 @@ void IconStrip::retitle() {
     for (std::size_t i = 0; i < buttons.size(); ++i) {
         if (!buttons[i]) continue;
         buttons[i]->setAccessibleName(qs(commandname(shown[i])));
-        buttons[i]->setToolTip(qs(commandtip(shown[i])));
+        const bool silent = session.informationDisplay == noInformation;
+        buttons[i]->setToolTip(silent ? QString() : qs(commandtip(shown[i])));
     }
 }
 

@@ -123,6 +123,13 @@ void PlotView::keyPressEvent(QKeyEvent* event) {
 }
 
 void PlotView::mousePressEvent(QMouseEvent* event) {
+    const QPointF place = unitsPerPixel * event->position();
+    const int button = buttonat(window, place.x(), place.y());
+    if (button >= 0 && event->button() == Qt::LeftButton) {
+        gripped = false;
+        if (session.shellBusy == 0 && !plotting() && pressbutton(window, button, stepFactor)) replotquietly();
+        return;
+    }
     gripped = event->button() == Qt::LeftButton;
     grip = event->position();
 }
