@@ -20,17 +20,19 @@ bool tellcannot(const std::string& name) {
     return false;
 }
 
-/// A file holds points: cells of the grid that are none are not in it, nor sets beyond the capacity.
-void tellunsaved() {
+/// A file holds points: cells of the grid that are none are not in it, nor sets beyond the capacity. True
+/// when some were told.
+bool tellunsaved() {
     std::size_t cells = 0, points = 0;
     for (const auto& column : session.gridCells)
         for (const std::string& cell : column) cells += trimmed(cell).empty() ? 0 : 1;
     for (int k = 1; k <= setcount(); ++k) points += static_cast<std::size_t>(pointcount(k));
-    if (cells <= points) return;
+    if (cells <= points) return false;
     compose(session.msg, Word::Not, " ", Word::Saved, ": ", static_cast<int>(cells - points), " ",
             Word::Point, " ... ", Word::Bad, " ", Word::Data, " / ", Word::Set, " ", Word::Quantity, " ",
             Word::Too, " ", Word::Big);
     tellok();
+    return true;
 }
 
 /// A file of one side must not hold the session of the other: its extension would lie.
@@ -78,8 +80,7 @@ bool datafilesave(const std::string& name) {
     if (!savewhole(path, labels ? labelswrite : datafilewrite)) return tellcannot(path);
     if (labels) return true;
     session.fileName = path;
-    session.resultsDirty = 0;
-    tellunsaved();
+    session.resultsDirty = tellunsaved() ? 1 : 0;
     return true;
 }
 

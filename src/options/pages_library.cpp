@@ -51,10 +51,11 @@ bool copyitem() {
 
 /// A table takes the place of the data, which join the former results first.
 bool openusage() {
-    if (!formerkeep()) return false;
-    const uint64_t before = gridhash();
-    usagemenu();
-    return gridhash() != before;
+    return formerfor([] {
+        const uint64_t before = gridhash();
+        usagemenu();
+        return gridhash() != before;
+    });
 }
 
 bool anyitem() { return !session.libraryItem.empty(); }
@@ -103,5 +104,5 @@ bool samplepage() {
     const int chosen = choosefrom({Word::Demonstrate, "/", Word::Sample}, samples.titles);
     if (chosen < 0) return false;
     // What stands in the grid is not lost: it joins the former results first.
-    return formerkeep() && sampleload(samples.numbers[static_cast<std::size_t>(chosen)]);
+    return formerfor([&] { return sampleload(samples.numbers[static_cast<std::size_t>(chosen)]); });
 }

@@ -60,12 +60,6 @@ std::size_t choose() {
 /// Makes room for one more. False when the user would rather keep all.
 bool makeplace() {
     if (formercount() < Session::formerMax) return true;
-    const auto saved =
-        std::find_if(list().begin(), list().end(), [](const std::string& path) { return !oursalone(path); });
-    if (saved != list().end()) {
-        list().erase(saved);
-        return true;
-    }
     compose(session.msg, Word::Delete, " ", Word::Former, " ", Word::Results);
     const std::size_t k = choose();
     if (k > 0) formerdelete(k);
@@ -80,6 +74,7 @@ void put(const std::string& path) {
 
 /// The session after a former result has come into force.
 void recalculate(bool dirty) {
+    gridreplaced();
     session.undoKept = 1;
     calcplot();
     session.resultsDirty = dirty ? 1 : 0;
@@ -151,17 +146,30 @@ std::string formerhint() {
 }
 
 bool formerkeep() {
-    if (session.lastRow <= 0 || listed()) return true;
+    calcpending();
+    if (longestcolumn() == 0 || listed()) return true;
     if (!makeplace()) return false;
     if (savedas(session.fileName)) {
         put(session.fileName);
         return true;
     }
     History::Snapshot snapshot = snapshotnew();
-    if (snapshot.path.empty()) return false;
+    if (snapshot.path.empty()) {
+        compose(session.msg, Word::Cannot, " ", Word::Save, " ", Word::Former, " ", Word::Results);
+        tellok();
+        return false;
+    }
     session.formerNotes[snapshot.path] = {activetitle(), snapshot};
     put(snapshot.path);
     return true;
+}
+
+bool formerfor(const std::function<bool()>& replace) {
+    const std::size_t held = formercount();
+    if (!formerkeep()) return false;
+    if (replace()) return true;
+    if (formercount() > held) formerdelete(formercount());
+    return false;
 }
 
 void formerdelete(std::size_t k) {
@@ -195,6 +203,7 @@ bool formeractivate(std::size_t k) {
 
 bool formermerge(std::size_t k) {
     if (k < 1 || k > formercount()) return false;
+    calcpending();
     const History::Snapshot present = snapshotnew();
     if (present.path.empty()) return false;
     const bool readable = snapshotread(snapshotof(list()[k - 1]));

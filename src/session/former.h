@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 
 /// Former results: what was active before, to go back to. Each is a file on the list XFILEFORMER, the newest
@@ -13,11 +14,15 @@ std::size_t formerunsaved();
 std::string formercaption(); ///< "Former Results (-1 ... -3)"; empty when there are none
 std::string formerhint();    ///< what a press on their icon does
 
-/// Puts the active results on the list, before new data replace them. Where the list is full a result that a
-/// file of the user holds gives way, else the user is asked which. False: on a cancel, or when the results
-/// could not be kept; nothing has changed. An empty session, and results that stand on the list as they
+/// Puts the active results on the list, before new data replace them. Where the list is full the user
+/// is asked which one goes. False: on a cancel, or, told, when the results could not be kept; nothing has
+/// changed. An empty session, and results that stand on the list as they
 /// are, are not kept again.
 bool formerkeep();
+
+/// Keeps the active results, and lets other data take their place: `replace` says whether they did. Where
+/// they did not the list is as it was. False as `replace`, or as formerkeep.
+bool formerfor(const std::function<bool()>& replace);
 
 /// Makes result k (from 1) the active one; it stays on the list, and the results that were active are kept
 /// there, too. False, and told, when its file cannot be read, or there was no place: the session then is as

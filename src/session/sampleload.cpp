@@ -7,6 +7,8 @@
 
 #include "data/samples.h"
 #include "session/session.h"
+#include "session/snapshots.h"
+#include "session/undo.h"
 #include "shell/prompts.h"
 
 namespace {
@@ -87,10 +89,14 @@ bool sampleload(int number) {
         tellotherside(*sample);
         return false;
     }
+    const History::Snapshot before = undosnapshot();
+    if (!undoable(before)) return false;
     Columns columns = columnsof(*sample, side);
     session.gridCells = std::move(columns.cells);
     session.gridTitles = std::move(columns.titles);
     session.fileName = sampletitle(*sample);
     session.inputType = sample->inputType;
+    gridreplaced();
+    undopush(before);
     return true;
 }

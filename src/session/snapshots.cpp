@@ -46,6 +46,21 @@ std::size_t typedcells() {
 
 std::string newname() { return temppath("-s" + std::to_string(++session.snapshotSerial) + ".tmp"); }
 
+/// Puts the grid of the last cycle in the place of the present one while it lives.
+class AcceptedGrid {
+public:
+    AcceptedGrid() { exchange(); }
+    ~AcceptedGrid() { exchange(); }
+    AcceptedGrid(const AcceptedGrid&) = delete;
+    AcceptedGrid& operator=(const AcceptedGrid&) = delete;
+
+private:
+    static void exchange() {
+        std::swap(session.gridCells, session.acceptedCells);
+        std::swap(session.gridTitles, session.acceptedTitles);
+    }
+};
+
 void forgetredo() {
     for (const auto& step : session.redoSteps) snapshotremove(step);
     session.redoSteps.clear();
@@ -77,6 +92,11 @@ void gridaccept() {
         session.acceptedCells.clear();
     else
         session.acceptedCells = session.gridCells;
+}
+
+void gridreplaced() {
+    const Keep keep{session.gridVisibleRows, session.gridVisibleCols};
+    static_cast<GridView&>(session) = GridView();
 }
 
 History::Snapshot snapshotnew() {
@@ -122,11 +142,8 @@ void undonotice() {
         session.resultsDirty = 1;
         if (session.undoKept == 0 && session.undoActive == 1) {
             // The points are still those of the last cycle; so must be the grid that goes with them.
-            std::swap(session.gridCells, session.acceptedCells);
-            std::swap(session.gridTitles, session.acceptedTitles);
+            const AcceptedGrid accepted;
             undopush(snapshotnew());
-            std::swap(session.gridCells, session.acceptedCells);
-            std::swap(session.gridTitles, session.acceptedTitles);
         }
         gridaccept();
     }

@@ -12,6 +12,10 @@ uint64_t gridhash();
 /// Takes the grid as the one that the session's results belong to.
 void gridaccept();
 
+/// The grid holds other data: the cell in hand, the selection and an open entry were those of the former
+/// ones.
+void gridreplaced();
+
 /// Writes the session to a new temporary file; an empty path when that failed.
 History::Snapshot snapshotnew();
 /// The same where steps are kept to be undone; elsewhere, an empty path.

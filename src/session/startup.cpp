@@ -94,8 +94,7 @@ bool firstpass(const std::string& line, std::string_view name, bool windowed) {
 
 bool sizeall() {
     raisefor(static_cast<double>(session.cmdSets), static_cast<double>(session.cmdPoints));
-    if (pointswanted() >= manyPoints && platform)
-        platform->window().caption(waitCaption);
+    if (pointswanted() >= manyPoints && platform) platform->window().caption(waitCaption);
     return sizearrays();
 }
 

@@ -19,6 +19,7 @@ bool tellnothing() {
 /// Takes the newest step of one list into force, after the session as it is has become the newest step of
 /// the other.
 bool takestep(Steps& from, Steps& to) {
+    calcpending(); // cells typed since the last cycle are a step of their own
     if (from.empty()) return tellnothing();
     const History::Snapshot present = snapshotnew();
     if (present.path.empty() || !snapshotread(from.back())) {
@@ -31,12 +32,20 @@ bool takestep(Steps& from, Steps& to) {
     to.push_back(present);
     undostack();
     session.undoKept = 1;
+    gridreplaced();
     calcplot();
     session.resultsDirty = 1;
     return true;
 }
 
 } // namespace
+
+bool undoable(const History::Snapshot& before) {
+    if (session.undoActive != 1 || !before.path.empty()) return true;
+    compose(session.msg, Word::Undo, " ", Word::Not, " ", Word::Possible, " ... ", Word::Continue);
+    askyesno();
+    return session.u == 1;
+}
 
 bool undo() { return takestep(session.undoSteps, session.redoSteps); }
 bool redo() { return takestep(session.redoSteps, session.undoSteps); }

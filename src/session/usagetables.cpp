@@ -5,6 +5,7 @@
 #include "session/findfile.h"
 #include "session/opendata.h"
 #include "session/session.h"
+#include "session/snapshots.h"
 #include "shell/prompts.h"
 
 namespace {
@@ -38,6 +39,7 @@ bool usageopen(int choice) {
     }
     session.gridTitles.assign(1, std::string("AIAG ") + table.label);
     session.usageChoice = static_cast<int16_t>(choice);
+    gridreplaced();
     return true;
 }
 

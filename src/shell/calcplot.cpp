@@ -101,6 +101,10 @@ void writereport() {
 
 } // namespace
 
+void calcpending() {
+    if (gridhash() != session.gridAccepted) calcplot();
+}
+
 void calcplot() {
     const ShellBusy busy; // pending events run within, and must not start another one
     for (auto& messages : session.setMessages) messages.clear();

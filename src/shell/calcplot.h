@@ -4,3 +4,7 @@
 /// plot. Every change of data or options ends here. It never stops the process; a failed read of the grid
 /// leaves the former results as they were.
 void calcplot();
+
+/// Runs the cycle where the grid has changed since the last one: what is saved or kept are the points of a
+/// cycle.
+void calcpending();

@@ -81,7 +81,10 @@ void sidemark() {
     pagecommand(OptionPage::mainOptions);
 }
 
-void switchsides() { sidestart(session.progSide == lifeSide ? 'V' : 'W', ""); }
+void switchsides() {
+    calcpending();
+    sidestart(session.progSide == lifeSide ? 'V' : 'W', "");
+}
 
 void copyplotcommand() {
     copyplot();

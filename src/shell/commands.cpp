@@ -14,6 +14,7 @@
 namespace {
 
 constexpr int helpNumber = 21;
+constexpr int aboutNumber = 91;
 constexpr int mixtureNumber = 60;
 constexpr int briefly = 200; ///< ms that the first press of a command explains it
 
@@ -33,6 +34,9 @@ void explain(int number, int milliseconds) {
     platform->window().explain(number, text, milliseconds);
 }
 
+/// Commands that show something and leave the grid alone: an entry stays open.
+bool looksonly(int number) { return number == helpNumber || number == aboutNumber; }
+
 bool numbered(int number) { return number >= 0 && number < commandNumbers; }
 
 } // namespace
@@ -50,7 +54,7 @@ void commanddispatch() {
     }
     const Command* const command = numbered(number) ? commandof(number) : nullptr;
     if (!command) return;
-    gridsettle();
+    if (!looksonly(number)) gridsettle();
     command->run();
     if (number != mixtureNumber) session.mixtureAsked = 0;
 }

@@ -12,12 +12,14 @@
 #include "session/settings.h"
 #include "session/sizing.h"
 #include "session/snapshots.h"
+#include "session/undo.h"
 #include "shell/calcplot.h"
 #include "shell/commandactions.h"
 #include "shell/commands.h"
 #include "shell/grid.h"
 #include "shell/gridedit.h"
 #include "shell/prompts.h"
+#include "shell/shellbusy.h"
 #include "shell/words.h"
 
 namespace {
@@ -38,7 +40,8 @@ std::string phrase(const Parts&... parts) {
 /// Asks whether unsaved results are to be saved, and saves them. False when the user would rather go on with
 /// them, or they could not be saved.
 bool savedirty() {
-    if (session.resultsDirty == 0 || session.lastRow <= 0) return true;
+    calcpending();
+    if (session.resultsDirty == 0 || longestcolumn() == 0) return true;
     compose(session.msg, Word::Save, " ", Word::Active, " ", Word::Data, " / ", Word::Results);
     askyesnocancel();
     const int answer = static_cast<int>(session.u);
@@ -71,6 +74,7 @@ std::string dialogfolder() {
 }
 
 bool saveto(const std::string& name) {
+    calcpending();
     session.u = 0;
     if (!datafilesave(name)) return false;
     recentpush(session.fileName);
@@ -91,6 +95,7 @@ void tellunread(DataRead end, const char* name) {
 void newdata() {
     if (!savedirty()) return;
     const History::Snapshot before = undosnapshot();
+    if (!undoable(before)) return;
     gridclear();
     sessionclear();
     session.fileName.clear();
@@ -98,22 +103,26 @@ void newdata() {
     session.titleSecond.clear();
     session.axisTitleX.clear();
     session.axisTitleY.clear();
-    session.gridRow = session.gridCol = session.activeSet = 1;
-    session.gridMarked = session.gridEditOpen = 0;
+    gridreplaced();
     undopush(before);
     calcplot();
     session.resultsDirty = 0;
 }
 
 bool openfile(const char* name) {
-    if (!formerkeep()) return false;
-    const DataRead end = opendata(name);
-    if (end != DataRead::read) {
+    const ShellBusy busy; // the questions of a reader stand over data that are half read
+    gridsettle();
+    DataRead end = DataRead::refused;
+    session.msg.clear();
+    const bool read = formerfor([&] {
+        end = opendata(name);
+        return end == DataRead::read;
+    });
+    if (!read) {
         tellunread(end, name);
         return false;
     }
-    session.gridRow = session.gridCol = session.activeSet = 1;
-    session.gridMarked = session.gridEditOpen = 0;
+    gridreplaced();
     roomfor(longestcolumn());
     if (!session.fileName.empty()) recentpush(session.fileName);
     const int16_t dirty = session.resultsDirty;

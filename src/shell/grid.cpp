@@ -51,6 +51,8 @@ void telldropped(int k, const Dropped& dropped) {
 
 } // namespace
 
+bool readablecell(std::string_view text) { return cellsplit(text).hasValue && !strangecomma(text); }
+
 void gridclear() {
     session.gridCells.clear();
     session.gridTitles.clear();

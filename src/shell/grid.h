@@ -8,6 +8,10 @@
 /// told. False when the session has no arrays to read into: the former results stand.
 bool gridget(float row);
 
+/// True when a cell's text becomes a point: a number stands where X is expected, and no comma that is not the
+/// decimal symbol.
+bool readablecell(std::string_view text);
+
 /// Empties the grid.
 void gridclear();
 

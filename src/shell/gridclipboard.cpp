@@ -10,6 +10,7 @@
 #include "session/session.h"
 #include "session/sizing.h"
 #include "session/snapshots.h"
+#include "session/undo.h"
 #include "shell/calcplot.h"
 #include "shell/commands.h"
 #include "shell/grid.h"
@@ -91,15 +92,23 @@ std::optional<Columns> plaincolumn(std::string_view text) {
     return Columns{cells};
 }
 
+/// Gives the grid back as it was, on every way out.
+struct GridKept {
+    GridState grid = session;
+    GridKept() = default;
+    ~GridKept() { static_cast<GridState&>(session) = std::move(grid); }
+    GridKept(const GridKept&) = delete;
+    GridKept& operator=(const GridKept&) = delete;
+};
+
 /// A text of several columns, which the import takes apart. The grid stays as it is.
 std::optional<Columns> importedcolumns(const std::string& text) {
-    const GridState grid = session;
+    const GridKept kept;
     session.gridCells.clear();
     session.gridTitles.clear();
     session.msg = text;
     const TextRead end = textimport(TextFrom::text, true);
     Columns columns = session.gridCells;
-    static_cast<GridState&>(session) = grid;
     if (end == TextRead::refused && !session.msg.empty()) tellok();
     if (end != TextRead::read) return std::nullopt;
     return columns;
@@ -120,14 +129,16 @@ bool roomforpaste(const Columns& columns) {
 
 /// A paste into the empty grid: whatever the clipboard holds, a data file included, as an Open of it.
 bool pastewhole() {
-    const GridState grid = session;
     const DataRead end = opendata("CLIPBOARD");
     if (end == DataRead::unreadable) tellnothing();
     if (end == DataRead::refused && !session.msg.empty()) tellok();
     if (end != DataRead::read) return false;
     if (static_cast<float>(session.gridCells.size()) > session.maxSets || !roomfor(longestcolumn())) {
-        static_cast<GridState&>(session) = grid;
         telltoobig();
+        if (session.undoSteps.empty())
+            gridclear();
+        else
+            undo(); // with the options that came along
         return false;
     }
     session.fileName.clear();
@@ -141,7 +152,9 @@ bool pasteover(const Columns& columns) {
         telltoobig();
         return false;
     }
-    undopush(undosnapshot());
+    const History::Snapshot before = undosnapshot();
+    if (!undoable(before)) return false;
+    undopush(before);
     for (std::size_t c = 0; c < columns.size(); ++c)
         for (std::size_t r = 0; r < columns[c].size(); ++r)
             gridset(session.gridCol + static_cast<int>(c), session.gridRow + static_cast<int>(r),
@@ -175,7 +188,9 @@ bool gridcopy(int mode) {
     if (clears && !confirmdelete(range)) return false;
     if (mode != editDelete && !toclipboard(gridtext(range))) return false;
     if (clears) {
-        undopush(undosnapshot());
+        const History::Snapshot before = undosnapshot();
+        if (!undoable(before)) return false;
+        undopush(before);
         clearcells(range);
     }
     calcplot();

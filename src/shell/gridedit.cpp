@@ -40,7 +40,7 @@ bool blank(std::string_view text) { return text.find_first_not_of(" \t\r\n") == 
 /// A text that is neither a point nor a label alone.
 bool problem(std::string_view text) {
     const auto start = text.find_first_not_of(" \t");
-    return start != std::string_view::npos && text[start] != '_' && !cellsplit(text).hasValue;
+    return start != std::string_view::npos && text[start] != '_' && !readablecell(text);
 }
 
 void tellproblem(const std::string& text) {
@@ -99,7 +99,7 @@ CellMark gridmark(int set, int point) {
     if (!cells || point < 1 || row >= cells->size() || (*cells)[row].empty()) return CellMark::none;
     const std::string& text = (*cells)[row];
     const Cell cell = cellsplit(text);
-    if (!cell.hasValue) return problem(text) ? CellMark::unreadable : CellMark::none;
+    if (!readablecell(text)) return problem(text) ? CellMark::unreadable : CellMark::none;
     if (session.progSide != lifeSide) return CellMark::none;
     if (cell.z > censored) return CellMark::suspended;
     if (cell.z < -censored) return CellMark::discovered;
@@ -202,8 +202,8 @@ void gridheadingpress(int set) {
     compose(session.menuTitle, Word::Set, " ", set);
     compose(session.msg, Word::Title, " = ", AsTyped{gridheading(set)});
     textprompt();
-    if (session.msg == noAnswerText || blank(session.msg)) return;
-    const std::string title = session.msg;
+    if (session.msg == noAnswerText) return;
+    const std::string title = blank(session.msg) ? std::string() : session.msg;
     const auto column = static_cast<std::size_t>(set - 1);
     if (session.gridTitles.size() <= column) session.gridTitles.resize(column + 1);
     session.gridTitles[column] = title;
@@ -246,14 +246,28 @@ void gridput(int set, int point) {
     const bool interval = session.inputType == intv5 && z != 0 && std::fabs(z) < exactFrom;
     const bool marked = interval || z == suspendedZ || z == discoveredZ;
     std::string text;
+    const auto shown = [&text](float value) {
+        std::string number;
+        appendtrimmed(number, value);
+        if (session.displayDecimal == session.decimalSeparator)
+            wordnumber(number); // else it could not be read
+        text += number;
+    };
     if (interval || z == suspendedZ) text += '>';
     if (z == discoveredZ) text += '<';
-    appendtrimmed(text, x);
-    if (interval) appendtrimmed(text += '<', z);
+    shown(x);
+    if (interval) {
+        text += '<';
+        shown(z);
+    }
+    const auto field = [&](float value) {
+        text += 'x';
+        shown(value);
+    };
     const bool fourth = z != 0 && !marked;
-    if (y != 0 || quantity != 1 || fourth || session.progSide != lifeSide) appendtrimmed(text += 'x', y);
-    if (quantity != 1 || fourth) appendtrimmed(text += 'x', quantity);
-    if (fourth) appendtrimmed(text += 'x', z);
+    if (y != 0 || quantity != 1 || fourth || session.progSide != lifeSide) field(y);
+    if (quantity != 1 || fourth) field(quantity);
+    if (fourth) field(z);
     const Keep keep{session.msg};
     session.msg.clear();
     pointlabelget(set, point);

@@ -43,8 +43,9 @@ Statistics statisticsof(int set) {
     if (column >= session.gridCells.size()) return all;
     const int rows = static_cast<int>(session.gridCells[column].size());
     for (int row = 1; row <= rows; ++row) {
-        const Cell cell = cellsplit(session.gridCells[column][static_cast<std::size_t>(row - 1)]);
-        if (!cell.hasValue) continue;
+        const std::string& text = session.gridCells[column][static_cast<std::size_t>(row - 1)];
+        if (!readablecell(text)) continue;
+        const Cell cell = cellsplit(text);
         const auto x = static_cast<float>(ageof(cell.x));
         const double quantity = std::max(1.0, std::floor(static_cast<double>(cell.quantity)));
         if (all.points == 0 || x < all.xLow) all.xLow = x, all.xLowRow = row;
@@ -146,7 +147,7 @@ void changecell(int set, int row) {
     textprompt();
     if (session.msg == noAnswerText || session.msg.empty()) return;
     const std::string text = session.msg;
-    if (!cellsplit(text).hasValue) {
+    if (!readablecell(text)) {
         compose(session.msg, Word::Bad, " ", Word::Data, " = ", AsTyped{text});
         tellok();
         return;

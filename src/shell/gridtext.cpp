@@ -6,6 +6,7 @@
 #include "data/numbertext.h"
 #include "data/textpieces.h"
 #include "session/session.h"
+#include "shell/grid.h"
 #include "shell/gridedit.h"
 #include "shell/words.h"
 
@@ -36,6 +37,7 @@ std::string_view znote() {
 std::string numbered(float value) {
     std::string text;
     appendtrimmed(text, value);
+    wordnumbermenu(text);
     return text;
 }
 
@@ -60,8 +62,11 @@ std::string ztext(const Cell& cell) {
 
 void appendpoint(std::string& text, const std::string& cellText) {
     const Cell cell = cellsplit(cellText);
-    if (!cell.hasValue) {
+    if (!readablecell(cellText)) { // no point: its text goes as it is, a label alone in the column of labels
+        const bool labelled = cellText.starts_with('_');
+        text += labelled ? std::string() : oneline(cellText);
         text.append(fieldsOfSet - 1, '\t');
+        if (labelled) text += oneline(cell.label);
         return;
     }
     const float x = minussuspends() ? std::fabs(cell.x) : cell.x;
@@ -69,22 +74,30 @@ void appendpoint(std::string& text, const std::string& cellText) {
             + oneline(cell.label);
 }
 
+/// A number of an exported text with the point that cells have everywhere.
+std::string inownform(std::string_view number) {
+    std::string text(number);
+    wordnumbermenuback(text);
+    return text;
+}
+
 /// One point of a row that was read; empty where no X stands.
 std::string cellfrom(std::span<const std::string_view> fields) {
     const auto field = [&](std::size_t i) {
         return i < fields.size() ? trimmed(fields[i]) : std::string_view();
     };
-    if (field(0).empty()) return {};
+    if (field(0).empty()) return field(4).empty() ? std::string() : "_" + std::string(field(4));
+    if (!readablecell(inownform(field(0)))) return std::string(field(0));
     std::string_view z = field(3);
     std::string text(z == suspended ? ">" : z == discovered ? "<" : "");
-    text += field(0);
+    text += inownform(field(0));
     const bool plain = z.empty() || z == suspended || z == discovered || z == occurred || z == "0";
     if (z.ends_with(upperMark)) z.remove_suffix(upperMark.size());
     const bool short1 = plain && (field(2).empty() || field(2) == "1");
     const bool flat = field(1).empty() || field(1) == "0";
-    if (!short1 || !flat || session.progSide != lifeSide) (text += 'x') += flat ? "0" : field(1);
-    if (!short1) (text += 'x') += field(2).empty() ? "1" : field(2);
-    if (!plain) (text += 'x') += z;
+    if (!short1 || !flat || session.progSide != lifeSide) (text += 'x') += flat ? "0" : inownform(field(1));
+    if (!short1) (text += 'x') += field(2).empty() ? "1" : inownform(field(2));
+    if (!plain) (text += 'x') += inownform(z);
     if (!field(4).empty()) (text += '_') += field(4);
     return text;
 }
