@@ -26,19 +26,23 @@ bool chooseentry() {
     const int chosen = choosefrom({Word::Library}, entries);
     if (chosen < 0) return false;
     session.libraryItem = entries[static_cast<std::size_t>(chosen)];
+    session.resultsDirty = 1; // the data file keeps it
     return true;
 }
 
 bool editcomments() {
     const std::string before = session.analysisComment;
     commentedit();
-    return session.analysisComment != before;
+    if (session.analysisComment == before) return false;
+    session.resultsDirty = 1;
+    return true;
 }
 
 bool clearitem() {
     const bool changed = !session.libraryItem.empty() || !session.analysisComment.empty();
     session.libraryItem.clear();
     session.analysisComment.clear();
+    if (changed) session.resultsDirty = 1;
     return changed;
 }
 

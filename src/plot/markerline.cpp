@@ -131,6 +131,7 @@ int markeradd(double eta, double beta, const std::string& label) {
         session.paramExtra(1, free) = codeof(line);
         session.lineVisible(free) = 1;
         session.lineLabelA(free) = label;
+        session.resultsDirty = 1;
         return free;
     }
     return 0;
@@ -143,10 +144,11 @@ void markerdelete(int line) {
     session.paramExtra(1, line) = 0;
     session.lineLabelA(line).clear();
     session.lineLabelB(line).clear();
+    session.resultsDirty = 1;
 }
 
 void markerclear() {
-    for (int line = firstline(); line <= lastline(); ++line) markerdelete(line);
+    for (const MarkerLine& marker : markerlines()) markerdelete(marker.line);
 }
 
 void plotmarkers(double textSize) {

@@ -84,6 +84,7 @@ void taken(const Source& source, FileRead read) {
         return;
     }
     session.fileName = source.path;
+    if (session.dataFileRead == 0) session.mixFlag = 0;
     session.resultsDirty = session.dataFileRead != 0 ? 0 : 1;
     gridaccept();
 }

@@ -140,6 +140,7 @@ void undopush(const History::Snapshot& snapshot) {
 void undonotice() {
     if (gridhash() != session.gridAccepted) {
         session.resultsDirty = 1;
+        session.mixFlag = 0; // a mixture is that of the data it was fitted to
         if (session.undoKept == 0 && session.undoActive == 1) {
             // The points are still those of the last cycle; so must be the grid that goes with them.
             const AcceptedGrid accepted;

@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
+#include "plot/markerline.h"
 #include "session/former.h"
 #include "session/recent.h"
 #include "shell/commandactions.h"
+#include "shell/gridedit.h"
 #include "support/shellfixture.h"
 
 namespace {
@@ -96,6 +98,94 @@ TEST_F(FileActions, AFileThatCannotBeWrittenIsToldAndStaysDirty) {
     desk.expectmessage("Cannot Save File");
     EXPECT_FALSE(savefile());
     EXPECT_EQ(session.resultsDirty, 1);
+}
+
+TEST_F(FileActions, ASaveHoldsWhatWasTypedSinceTheLastCycle) {
+    given({"150", "230", "310"});
+    desk.expectfile("Save", folder.path("a.w"));
+    ASSERT_TRUE(savefile());
+    gridgo(2, 1);
+    gridedit("999");
+    gridcommit();
+    ASSERT_TRUE(savefile());
+    EXPECT_NE(folder.text("a.w").find("999"), std::string::npos);
+    EXPECT_EQ(session.resultsDirty, 0);
+}
+
+TEST_F(FileActions, ASaveThatLeavesCellsOutStaysUnsaved) {
+    given({"150", "230", "310", "later"});
+    desk.expectfile("Save", folder.path("a.w"));
+    desk.expectmessage("Not Saved: 1 Point");
+    ASSERT_TRUE(savefile());
+    EXPECT_EQ(session.resultsDirty, 1);
+}
+
+TEST_F(FileActions, CellsThatNoCycleHasTakenAreAskedAboutAtTheEnd) {
+    gridedit("150");
+    gridcommit();
+    gridedit("230");
+    desk.expectmessage("Not Enough Data");
+    desk.expectmenu("Save Active Data / Results?", 3);
+    EXPECT_FALSE(exitsequence(false));
+    EXPECT_EQ(column(), (Cells{"150", "230"}));
+}
+
+TEST_F(FileActions, AFailedOpenAddsNoFormerResult) {
+    given({"150", "230", "310"});
+    for (int i = 0; i < 3; ++i) {
+        desk.expectmessage("Cannot Open File");
+        EXPECT_FALSE(openfile(folder.path("none.w").c_str()));
+    }
+    EXPECT_EQ(formercount(), 0u);
+}
+
+TEST_F(FileActions, AnOpenEntryBelongsToTheDataItWasTypedInto) {
+    session.undoActive = 1;
+    given({"150", "230", "310"});
+    const std::string path = folder.write("b.txt", "15\n23\n31\n");
+    gridgo(3, 1);
+    gridedit("77");
+    ASSERT_TRUE(openfile(path.c_str()));
+    gridgo(1, 1);
+    EXPECT_EQ(column(), (Cells{"15", "23", "31"}));
+    ASSERT_TRUE(formeractivate(1));
+    EXPECT_EQ(column(), (Cells{"150", "230", "77"}));
+}
+
+TEST_F(FileActions, UndoAfterASampleGivesDataAndOptionsBack) {
+    session.undoActive = 1;
+    given({"150", "230", "310"});
+    gridgo(2, 1);
+    gridedit("240");
+    gridcommit();
+    const std::string name = session.fileName;
+    desk.expectmenu("", 4);
+    command(7);
+    ASSERT_NE(session.inputType, standard0) << "a grouped sample";
+    editaction(editUndo);
+    EXPECT_EQ(column(), (Cells{"150", "240", "310"}));
+    EXPECT_EQ(session.inputType, standard0);
+    EXPECT_EQ(session.fileName, name);
+}
+
+TEST_F(FileActions, WithoutRoomForASnapshotAChangeIsAskedAbout) {
+    session.undoActive = 1;
+    given({"150", "230", "310", "420"});
+    session.tempPath = folder.path("gone") + "\\";
+    session.tempBase.clear();
+    gridgo(2, 1);
+    desk.expectmenu("Undo Not Possible ... Continue?", 2);
+    EXPECT_FALSE(gridcopy(1));
+    EXPECT_EQ(column().size(), 4u);
+    EXPECT_EQ(column()[1], "230");
+}
+
+TEST_F(FileActions, MarkerLinesAreWorthASave) {
+    given({"150", "230", "310"});
+    session.resultsDirty = 0;
+    markeradd(300, 2, "Requirement");
+    desk.expectmenu("Save Active Data / Results?", 3);
+    EXPECT_FALSE(exitsequence(false));
 }
 
 TEST_F(FileActions, NothingToSaveSaysNoData) {

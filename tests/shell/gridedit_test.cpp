@@ -114,6 +114,9 @@ TEST_F(GridEdit, APressOnAHeadingSelectsTheSetAndAsksForItsTitle) {
     desk.expecttext("Title = Bearings", std::nullopt);
     gridheadingpress(1);
     EXPECT_EQ(gridheading(1), "Bearings");
+    desk.expecttext("Title = Bearings", "");
+    gridheadingpress(1);
+    EXPECT_EQ(gridheading(1), "Set 1");
     EXPECT_EQ(gridheading(2), "Set 2");
 }
 
@@ -172,6 +175,23 @@ TEST_F(GridEdit, WhatWasCopiedPastesAsTheSameCells) {
     ASSERT_EQ(session.gridCells.size(), 3u);
     EXPECT_EQ(column(2), (Cells{"", "150", ">230", "310x0x3", "<90_z"}));
     EXPECT_EQ(column(0).size(), 4u);
+}
+
+TEST_F(GridEdit, WhatIsNoPointIsCopiedAsItsText) {
+    session.gridCells = {{"1,5", "later", "_only a label", "7"}};
+    EXPECT_EQ(gridmark(1, 1), CellMark::unreadable) << "the comma may have been meant as a decimal one";
+    const auto back = gridtextread(gridtext());
+    ASSERT_TRUE(back);
+    EXPECT_EQ((*back)[0], session.gridCells[0]);
+}
+
+TEST_F(GridEdit, CopiedNumbersBearTheDecimalSymbolOfExportedText) {
+    session.exportDecimal = ",";
+    session.gridCells = {{"1.5", ">2.25_a.b"}};
+    EXPECT_NE(gridtext().find("1,5\t0\t1\tOccr"), std::string::npos);
+    const auto back = gridtextread(gridtext());
+    ASSERT_TRUE(back);
+    EXPECT_EQ((*back)[0], session.gridCells[0]);
 }
 
 TEST_F(GridEdit, TextOfASpreadsheetPastesFromTheCellInHand) {
@@ -273,6 +293,14 @@ TEST_F(GridEdit, StatisticsWeighPointsByQuantity) {
     EXPECT_TRUE(has("B...X Maximum = 30"));
     EXPECT_TRUE(has("C...X Mean = 20"));
     EXPECT_TRUE(has("M...X Median = 20"));
+}
+
+TEST_F(GridEdit, StatisticsPassOverCellsThatTheFitPassesOver) {
+    desk.expectmessage("Bad Data");
+    given({"10", "20", "1,5", "30"});
+    desk.expectmenu("Data Grid Summary", 0);
+    gridstatistics();
+    EXPECT_EQ(desk.shown.back().items[0], "N...Point Quantity = 3");
 }
 
 TEST_F(GridEdit, AnExtremePointIsChangedFromTheStatistics) {
