@@ -26,6 +26,7 @@
 #include "shell/commandtable.h"
 #include "shell/dropmenu.h"
 #include "shell/gridedit.h"
+#include "shell/shellbusy.h"
 #include "support/inlanguage.h"
 
 namespace {
@@ -370,6 +371,18 @@ TEST_F(MainForm, ClosingWithUnsavedDataAsksAndCancelStays) {
     EXPECT_TRUE(window->isVisible());
     EXPECT_EQ(session.leaving, 0);
     EXPECT_EQ(pointcount(1), 3);
+}
+
+TEST_F(MainForm, ClosingWithNothingToLoseEndsTheProgram) {
+    EXPECT_TRUE(window->close());
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_EQ(session.leaving, 1);
+}
+
+TEST_F(MainForm, ClosingIsHeldOffWhileACommandRuns) {
+    const ShellBusy busy;
+    EXPECT_FALSE(window->close());
+    EXPECT_TRUE(window->isVisible());
 }
 
 TEST_F(MainForm, KeepsItsRectangleAndPanes) {

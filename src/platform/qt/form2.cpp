@@ -318,10 +318,12 @@ void Form2::repaintplot() {
 
 bool Form2::pendingevents() {
     if (pumping) return false;
-    const ShellBusy busy;
-    pumping = true;
-    QApplication::processEvents();
-    pumping = false;
+    {
+        const ShellBusy busy;
+        const Keep keep{pumping};
+        pumping = true;
+        QApplication::processEvents();
+    }
     return std::exchange(escaped, false);
 }
 
@@ -344,12 +346,14 @@ void Form2::explain(int command, std::string_view text, int milliseconds) {
     floating->show();
     floating->raise();
     if (milliseconds <= 0) return;
-    const ShellBusy busy;
-    pumping = true;
-    QEventLoop wait;
-    QTimer::singleShot(milliseconds, &wait, &QEventLoop::quit);
-    wait.exec();
-    pumping = false;
+    {
+        const ShellBusy busy;
+        const Keep keep{pumping};
+        pumping = true;
+        QEventLoop wait;
+        QTimer::singleShot(milliseconds, &wait, &QEventLoop::quit);
+        wait.exec();
+    }
     escaped = false;
     floating->hide();
 }
@@ -413,10 +417,11 @@ bool Form2::event(QEvent* event) {
     return handled;
 }
 
+/// Closed by the desktop, the window asks as the program's own exit does. What that then closes is this very
+/// window, which is closing already: the answer decides here.
 void Form2::closeEvent(QCloseEvent* event) {
-    if (session.leaving == 0) {
+    if (session.leaving == 0 && (session.shellBusy > 0 || !exitsequence(false))) {
         event->ignore();
-        if (session.shellBusy == 0) exitsequence(false);
         return;
     }
     keeprectangle();
