@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/qt/desktop.h"
 #include "platform/qt/form1.h"
 #include "platform/qt/form2.h"
 #include "platform/qt/icons.h"
@@ -36,22 +37,6 @@ constexpr const char* noDisplay =
     "       vanexc does the same work without one: vanexc --help\n";
 
 void complain(const std::string& text) { std::fprintf(stderr, "vanex: %s\n", text.c_str()); }
-
-/// A step that runs out of memory is told, and the session goes on.
-class Desktop : public QApplication {
-public:
-    using QApplication::QApplication;
-
-    bool notify(QObject* receiver, QEvent* event) override {
-        try {
-            return QApplication::notify(receiver, event);
-        } catch (const std::bad_alloc&) {
-            compose(session.msg, Word::Not, " ", Word::Enough, " ", Word::Free, " ", Word::Memory);
-            tellok();
-            return true;
-        }
-    }
-};
 
 bool displaythere() {
     const auto set = [](const char* name) {

@@ -6,7 +6,7 @@
 #include <numeric>
 #include <optional>
 
-#include "data/cell.h"
+#include "plot/counted.h"
 #include "plot/drawing.h"
 #include "plot/plotprob.h"
 #include "plot/segment.h"
@@ -55,7 +55,7 @@ FunctionCurve curveofset(int k) {
     const bool negative = !logarithmic();
     const double low = quantileofp(line, firstQuantile, negative);
     const double high = quantileofp(line, lastQuantile, negative);
-    const double shift = static_cast<double>(session.t0(k));
+    const double shift = scaleshift(k);
     FunctionCurve curve{k, {}, {}};
     for (int i = 0; i <= steps; ++i) {
         const double x = low + (high - low) * i / steps;
@@ -67,29 +67,9 @@ FunctionCurve curveofset(int k) {
     return curve;
 }
 
-/// A point of a histogram.
-struct Counted {
-    int set;
-    bool suspended;
-    double x, quantity;
-};
-
-std::vector<Counted> countedpoints() {
-    std::vector<Counted> points;
-    for (int k = 1; k <= setcount(); ++k) {
-        if (!setshown(k)) continue;
-        for (int j = 1; j <= pointcount(k); ++j) {
-            const bool suspended =
-                session.pointTypes(k, j) == Susp || session.pointTypes(k, j) == intvComplement;
-            points.push_back({k, suspended, pointvalue(k, j), pointquantity(k, j)});
-        }
-    }
-    return points;
-}
-
-bool takespart(const Counted& point) {
-    if (session.functionPlot == suspensionPlot) return point.suspended;
-    return session.functionPlot == histogramPlot || !point.suspended;
+bool takespart(const Counted& unit) {
+    if (session.functionPlot == suspensionPlot) return unit.suspended;
+    return session.functionPlot == histogramPlot || !unit.suspended;
 }
 
 struct Intervals {
@@ -98,13 +78,29 @@ struct Intervals {
     int of(double x) const { return std::clamp(static_cast<int>((x - low) / width), 0, count - 1); }
 };
 
-Intervals intervalsof(const std::vector<Counted>& points) {
-    const auto [low, high] = std::minmax_element(
-        points.begin(), points.end(), [](const Counted& a, const Counted& b) { return a.x < b.x; });
-    Intervals intervals{low->x, 0, barnumber(static_cast<double>(points.size()))};
-    const double range = high->x > low->x ? high->x - low->x : std::max(std::fabs(low->x), 1.0);
+Intervals intervalsof(const std::vector<Counted>& units) {
+    double low = units.front().low, high = units.front().high;
+    for (const Counted& unit : units) {
+        low = std::min(low, unit.low);
+        high = std::max(high, unit.high);
+    }
+    Intervals intervals{low, 0, barnumber(static_cast<double>(units.size()))};
+    const double range = high > low ? high - low : std::max(std::fabs(low), 1.0);
     intervals.width = range / intervals.count;
     return intervals;
+}
+
+/// Adds units to the intervals that they overlap, in proportion to the overlap.
+void spread(const Counted& unit, const Intervals& intervals, std::vector<double>& quantities) {
+    const double length = unit.high - unit.low;
+    const int first = intervals.of(unit.low), last = intervals.of(unit.high);
+    double passed = 0;
+    for (int i = first; i <= last; ++i) {
+        const double end = intervals.low + intervals.width * (i + 1);
+        const double part = i == last ? 1 : std::clamp((end - unit.low) / length, passed, 1.0);
+        quantities[static_cast<std::size_t>(i)] += unit.quantity * (part - passed);
+        passed = part;
+    }
 }
 
 /// Ends of what is drawn.
@@ -191,17 +187,15 @@ std::vector<FunctionCurve> functioncurves() {
 std::vector<HistogramBar> histogrambars() {
     std::vector<HistogramBar> bars;
     if (!hasbars()) return bars;
-    std::vector<Counted> points = countedpoints();
-    if (points.empty()) return bars;
-    const Intervals intervals = intervalsof(points);
-    std::erase_if(points, [](const Counted& point) { return !takespart(point); });
+    std::vector<Counted> units = countedunits();
+    if (units.empty()) return bars;
+    const Intervals intervals = intervalsof(units);
+    std::erase_if(units, [](const Counted& unit) { return !takespart(unit); });
     const auto count = static_cast<std::size_t>(intervals.count);
     for (int k = 1; k <= setcount(); ++k) {
         std::vector<double> failed(count), suspended(count);
-        for (const Counted& point : points)
-            if (point.set == k)
-                (point.suspended ? suspended : failed)[static_cast<std::size_t>(intervals.of(point.x))] +=
-                    point.quantity;
+        for (const Counted& unit : units)
+            if (unit.set == k) spread(unit, intervals, unit.suspended ? suspended : failed);
         const double total = std::accumulate(failed.begin(), failed.end(), 0.0);
         const double unit = session.functionPlot == totalPlot && total > 0 ? total * intervals.width : 1;
         for (std::size_t i = 0; i < count; ++i) {
@@ -222,7 +216,7 @@ void functionwindow() {
         x.add(curve.x.front());
         x.add(curve.x.back());
         y.add(heightof(curve));
-        if (logarithmic() && session.t0(curve.set) == 0) x.add(0);
+        if (logarithmic() && scaleshift(curve.set) == 0) x.add(0);
     }
     for (const HistogramBar& bar : histogrambars()) {
         x.add(bar.low);

@@ -38,8 +38,8 @@ struct FunctionCurve {
     int set = 0;
     std::vector<double> x, y;
 };
-/// The curves of the shown sets, 240 steps between the quantiles .001 and .999 of each line, from 0 or the
-/// threshold where the family begins there. X as recorded. Empty for a histogram.
+/// The curves of the shown sets, 240 steps between the quantiles .001 and .999 of each line. X as on the
+/// probability plot: less the threshold, unless the scale is kept as recorded. Empty for a histogram.
 std::vector<FunctionCurve> functioncurves();
 
 /// One bar: from `low` to `high` on X, `from` to `to` on Y.
@@ -49,9 +49,10 @@ struct HistogramBar {
     double low = 0, high = 0, from = 0, to = 0;
 };
 /// The bars of the shown sets, all over the same intervals: barnumber(n) of them over the range of the data,
-/// n the points of all sets (Sturges, J. Am. Stat. Assoc. 21 (1926) 65, with a natural logarithm, which gives
-/// more bars). Sets stand side by side within an interval, suspensions upon failures. As a density each bar
-/// is divided by the set's failures and its width.
+/// n the points that count (countedunits), X as that of the curves (Sturges, J. Am. Stat. Assoc. 21 (1926)
+/// 65, with a natural logarithm, which gives more bars). Sets stand side by side within an interval,
+/// suspensions upon failures. Units whose end is known to lie between two ages alone are spread over the bars
+/// between in proportion. As a density each bar is divided by the set's failures and its width.
 std::vector<HistogramBar> histogrambars();
 
 /// The window of the function in hand: xlowd to yhighd, from the curves and bars and the manual limits.

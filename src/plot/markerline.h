@@ -6,7 +6,8 @@
 #include "plot/transforms.h"
 
 /// Marker lines: lines of known parameters on the probability plot that come from no set, a requirement or an
-/// earlier design to compare with. They are kept among the lines above the sets, and in the data file.
+/// earlier design to compare with. They are kept among the lines above the sets, and in the data file. They
+/// have no threshold: their parameters stand on the X axis as it is, whichever scale that shows.
 
 struct MarkerLine {
     int line = 0; ///< its number among the lines of the plot

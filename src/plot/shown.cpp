@@ -31,6 +31,8 @@ bool hasline(int k) {
 
 double scaleshift(int k) { return session.scaleAsRecorded == 1 ? static_cast<double>(session.t0(k)) : 0.0; }
 
+const char* scalename() { return session.scaleAsRecorded == 1 ? "AR" : "NAR"; }
+
 ShownPoint shownpoint(int k, int j) {
     const int row = static_cast<int>(rowofset(static_cast<float>(k)));
     if (session.plotMode != 1)

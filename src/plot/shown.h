@@ -22,6 +22,9 @@ bool hasline(int k);
 /// scale is kept as recorded.
 double scaleshift(int k);
 
+/// Name of that scale under a threshold: "AR" as recorded, "NAR" less the threshold.
+const char* scalename();
+
 /// Values to plot coordinates and back, by the axes in force; the registers stay.
 double plotxof(double x);
 double plotyof(double y);

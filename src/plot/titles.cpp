@@ -55,12 +55,15 @@ std::string withoutcarets(std::string text) {
     return text;
 }
 
+/// Behind the title, which scale of X a threshold in force has left.
+std::string marked(std::string title) {
+    if (thresholdinforce()) extend(title, " - ", scalename());
+    wordclean(title);
+    return title;
+}
+
 std::string ytitle() {
-    if (functionplotted()) {
-        std::string name = functionname();
-        wordclean(name);
-        return name;
-    }
+    if (functionplotted()) return marked(functionname());
     if (session.plotMode != 1) return session.axisTitleY.empty() ? "Y" : session.axisTitleY;
     std::string text;
     extend(text, withoutcarets(showsreliability() ? "^1-F^" : "^F^"), "(", xtitle(), ") [");
@@ -69,9 +72,7 @@ std::string ytitle() {
     else
         append(text, AsTyped{session.axisTitleY});
     text += ']';
-    if (thresholdinforce()) extend(text, " - ", session.scaleAsRecorded == 1 ? "AR" : "NAR");
-    wordclean(text);
-    return text;
+    return marked(text);
 }
 
 /// The rotated title beside the Y axis, centred on the plot area.

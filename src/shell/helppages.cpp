@@ -151,6 +151,8 @@ constexpr Line keys[] = {
     {entry, "Shift+Arrows", "Select cells"},
     {entry, "Ctrl+X, Ctrl+C, Ctrl+V", "Cut, copy, paste"},
     {entry, "Del", "Deletes the cells selected"},
+    {entry, "Ctrl+T", "Title of the set in hand"},
+    {entry, "Menu, Shift+F10", "As the right button on the cell in hand, or on the former results"},
     {heading, "", "Drop-downs and pages"},
     {entry, "Letter", "Picks the item of that letter"},
     {entry, "Up, Down", "Move the selection; headings are passed over"},

@@ -1,6 +1,7 @@
-#include <cmath>
+#include <string>
 
 #include "data/numbertext.h"
+#include "plot/shown.h"
 #include "plot/transforms.h"
 #include "session/session.h"
 #include "shell/commandactions.h"
@@ -30,25 +31,44 @@ double ask(double preset) {
     return session.ud;
 }
 
-void tell(int k, double x, double occurrence) {
+/// Name of X in what is asked and told. Under a threshold it tells which scale is meant, as the Y title of
+/// the plot does: the value is read on the plot's axis.
+std::string xname(int k) {
+    std::string name;
+    compose(name, "X-", Word::Value);
+    if (session.t0(k) != 0) extend(name, " - ", scalename());
+    return name;
+}
+
+std::string number(double value) {
+    std::string text;
+    appendsignificant(text, value, 7);
+    wordnumber(text);
+    return text;
+}
+
+/// A probability in percent. Where its complement rounds to 1 the lines answer their end, 1e-300, which tells
+/// no more than that the probability is below the spacing of the numbers there.
+std::string share(double probability) {
+    const bool atEnd = probability > 0 && probability <= 1e-300;
+    return atEnd ? " < 2E-14 %" : " = " + number(probability * percent) + " %";
+}
+
+void tell(int k, double x, const Probability& at) {
     session.menuTitle = commandname(10);
-    std::string xText, pText, rText;
-    appendtrimmed(xText, static_cast<float>(x));
-    appendtrimmed(pText, static_cast<float>(occurrence * percent));
-    appendtrimmed(rText, static_cast<float>((1 - occurrence) * percent));
-    for (std::string* text : {&xText, &pText, &rText}) wordnumber(*text);
-    compose(session.msg, Word::Set, " ", k, "\n", "X-", Word::Value, " = ", AsTyped{xText}, "\n",
-            Word::Occurrence, " = ", AsTyped{pText}, " %\n", Word::Reliability, " = ", AsTyped{rText}, " %");
+    compose(session.msg, Word::Set, " ", k, "\n", xname(k), " = ", AsTyped{number(x)}, "\n", Word::Occurrence,
+            AsTyped{share(at.p)}, "\n", Word::Reliability, AsTyped{share(at.q)});
     tellok();
 }
 
 /// The occurrence of the line at a value of X.
 bool readatx(int k) {
-    compose(session.msg, Word::Set, " ", k, ": X-", Word::Value);
-    const double x = ask(session.etaFit(dataRow(k), 1) + session.t0(k));
+    compose(session.msg, Word::Set, " ", k, ": ", xname(k));
+    const double start = scaleshift(k);
+    const double x = ask(session.etaFit(dataRow(k), 1) + start);
     if (x == noAnswer) return false;
-    const bool before = !negdataok() && x <= session.t0(k);
-    tell(k, x, before ? 0 : probabilityofx(lineofset(k), x - session.t0(k)).p);
+    const bool before = !negdataok() && x <= start;
+    tell(k, x, before ? Probability{} : probabilityofx(lineofset(k), x - start));
     return true;
 }
 
@@ -60,8 +80,8 @@ bool readatpercent(int k) {
         wanted = ask(10);
         if (wanted == noAnswer) return false;
     } while (!(wanted > 0 && wanted < percent));
-    const double p = wanted / percent;
-    tell(k, quantileofp(lineofset(k), p, negdataok()) + session.t0(k), p);
+    const Probability at{wanted / percent, (percent - wanted) / percent};
+    tell(k, quantileofp(lineofset(k), at.p, negdataok()) + scaleshift(k), at);
     return true;
 }
 

@@ -26,6 +26,7 @@
 #include "shell/commandtable.h"
 #include "shell/dropmenu.h"
 #include "shell/gridedit.h"
+#include "shell/shellbusy.h"
 #include "support/inlanguage.h"
 
 namespace {
@@ -372,6 +373,18 @@ TEST_F(MainForm, ClosingWithUnsavedDataAsksAndCancelStays) {
     EXPECT_EQ(pointcount(1), 3);
 }
 
+TEST_F(MainForm, ClosingWithNothingToLoseEndsTheProgram) {
+    EXPECT_TRUE(window->close());
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_EQ(session.leaving, 1);
+}
+
+TEST_F(MainForm, ClosingIsHeldOffWhileACommandRuns) {
+    const ShellBusy busy;
+    EXPECT_FALSE(window->close());
+    EXPECT_TRUE(window->isVisible());
+}
+
 TEST_F(MainForm, KeepsItsRectangleAndPanes) {
     window->setGeometry(40, 30, 700, 500);
     settle();
@@ -404,6 +417,45 @@ TEST_F(MainForm, FormerResultsHaveAnIconOnceThereAreSome) {
     desktop.expectmenu("", 2); // No
     QTest::mouseClick(icon, Qt::RightButton);
     EXPECT_EQ(formercount(), 1u);
+}
+
+TEST_F(MainForm, FormerResultsAreReachedByKeyAndTakeAnOpenEntryFirst) {
+    typecells({"10", "20", "30"});
+    key(Qt::Key_Return);
+    ASSERT_TRUE(openfile(datafile("next.w").c_str()));
+    auto* const icon = child<QToolButton>("ImageFormer");
+    EXPECT_TRUE(icon->focusPolicy() & Qt::TabFocus);
+    type("99");
+    ASSERT_EQ(session.gridEditOpen, 1);
+    desktop.expectmenu("", 2); // No
+    QTest::keyClick(icon, Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_EQ(session.gridEditOpen, 0);
+    EXPECT_EQ(gridcell(session.gridCol, session.gridRow), "99");
+    desktop.expectmenu("", 0);
+    QTest::keyClick(icon, Qt::Key_Space);
+    const ShellBusy busy;
+    QTest::keyClick(icon, Qt::Key_Menu); // held off: no prompt
+    QTest::mouseClick(icon, Qt::LeftButton);
+    QTest::mouseClick(child("WizardButton"), Qt::LeftButton);
+    EXPECT_EQ(formercount(), 1u);
+}
+
+TEST_F(MainForm, TheSecondaryPressAndTheHeadingHaveKeys) {
+    typecells({"10", "20"});
+    desktop.expectmenu("Point Quantity", 0);
+    QTest::keyClick(grid(), Qt::Key_Menu);
+    key(Qt::Key_Up);
+    desktop.expectmenu("Row 2 = 20", 0);
+    QTest::keyClick(grid(), Qt::Key_F10, Qt::ShiftModifier);
+    desktop.expecttext("Title", "Bearings");
+    key(Qt::Key_T, Qt::ControlModifier);
+    EXPECT_EQ(session.gridTitles.at(0), "Bearings");
+}
+
+TEST_F(MainForm, AltWithALetterIsNotTheLetter) {
+    key(Qt::Key_F, Qt::AltModifier);
+    EXPECT_FALSE(child("List1")->isVisible());
+    EXPECT_NE(session.dropMenuOpen, dropShown);
 }
 
 TEST_F(MainForm, TheVisualSideHasItsOwnIcons) {

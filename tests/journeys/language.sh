@@ -1,18 +1,20 @@
-# Changes the language by its icon: the drop-downs carry the new words.
+# Changes the language by its icon: the drop-downs carry the new words, and the settings keep them.
 language() {
     start -p W || return 1
-    xdotool mousemove --window "$main" 949 46
-    sleep 0.3
-    xdotool click 1
-    sleep 0.8
+    press 949 46
+    dialog || return 1
     picture page
     key l
-    sleep 0.4
+    sleep 0.5
     picture languages
-    key g
-    sleep 0.4
+    key c # Deutsch
+    sleep 0.5
+    picture chosen
     key Escape
     sleep 0.6
     picture german
-    leave
+    until_true "the settings do not name the language" inifile VXLNGDEU || return 1
+    leave || return 1
+    inifile VXLNGDEU || { fail "the language was lost at the end"; return 1; }
 }
+inifile() { grep -aqF -- "$1" "$XDG_CONFIG_HOME/OmniVANEX/VANEX.INI"; }

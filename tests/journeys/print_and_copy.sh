@@ -11,8 +11,17 @@ print_and_copy() {
     xclip -selection clipboard -t image/png -o >"$work/copied.png"
     identify "$work/copied.png" >/dev/null || { fail "the picture cannot be read"; return 1; }
     key p
-    sleep 0.8
+    dialog || return 1
     picture output
+    key a # the printer; where there is none, a file
+    sleep 0.8
+    picture printing
+    text "$work/out.pdf"
+    key Return
+    until_true "nothing was printed" test -s "$work/out.pdf" || return 1
+    pdftotext "$work/out.pdf" - | grep -q "Eta" || { fail "the print does not show the line: $(pdftotext "$work/out.pdf" - | head -20)"; return 1; }
+    sleep 0.5
+    picture printed
     key Escape
     sleep 0.3
     leave

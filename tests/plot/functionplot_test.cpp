@@ -22,6 +22,22 @@ protected:
         EXPECT_EQ(curves.size(), 1u);
         return curves.empty() ? FunctionCurve{} : curves.front();
     }
+    static std::vector<HistogramBar> barsof(FunctionPlot kind) {
+        session.functionPlot = kind;
+        return histogrambars();
+    }
+    /// Units in the bars of a set.
+    static double counted(int set, bool suspended) {
+        double sum = 0;
+        for (const HistogramBar& bar : barsof(histogramPlot))
+            if (bar.set == set && bar.suspended == suspended) sum += bar.to - bar.from;
+        return sum;
+    }
+    static void expectheights(const std::vector<double>& heights) {
+        const auto bars = barsof(histogramPlot);
+        ASSERT_EQ(bars.size(), heights.size());
+        for (std::size_t i = 0; i < heights.size(); ++i) EXPECT_NEAR(bars[i].to, heights[i], 1e-9) << i;
+    }
     static double area(const FunctionCurve& c) {
         double sum = 0;
         for (std::size_t i = 1; i < c.x.size(); ++i) sum += (c.x[i] - c.x[i - 1]) * (c.y[i] + c.y[i - 1]) / 2;
@@ -57,11 +73,30 @@ TEST_F(FunctionPlots, HazardsOfAWeibullLineFollowTheirClosedForms) {
     }
 }
 
-TEST_F(FunctionPlots, AThresholdMovesTheCurve) {
+TEST_F(FunctionPlots, UnderAThresholdXIsThatOfTheProbabilityPlot) {
     session.t0(1) = 100;
     life(bearings);
-    EXPECT_GT(curve(densityPlot).x.front(), 100);
-    EXPECT_EQ(session.t0(1), 100);
+    session.scaleAsRecorded = 1;
+    const FunctionCurve recorded = curve(densityPlot);
+    const auto bars = barsof(histogramPlot);
+    session.scaleAsRecorded = 0;
+    const FunctionCurve shifted = curve(densityPlot);
+    const auto moved = barsof(histogramPlot);
+    ASSERT_EQ(recorded.x.size(), shifted.x.size());
+    for (std::size_t i = 0; i < shifted.x.size(); ++i) {
+        EXPECT_NEAR(recorded.x[i] - shifted.x[i], 100, 1e-9);
+        EXPECT_EQ(recorded.y[i], shifted.y[i]);
+    }
+    EXPECT_NEAR(bars.front().low, 150, 1e-9);
+    EXPECT_NEAR(moved.front().low, 50, 1e-9);
+    EXPECT_GT(shifted.x.front(), 0);
+    session.functionPlot = densityPlot;
+    functionwindow();
+    EXPECT_EQ(session.xlowd, 0) << "where the family begins";
+    RecordingDevice device(12000, 9000);
+    ASSERT_TRUE(plotentry(device));
+    EXPECT_TRUE(std::any_of(device.texts.begin(), device.texts.end(),
+                            [](const auto& text) { return text.text == "Probability Density f(x) - NAR"; }));
 }
 
 TEST_F(FunctionPlots, TheHistogramCountsEveryUnitOnce) {
@@ -89,6 +124,69 @@ TEST_F(FunctionPlots, SuspensionsStandUponTheFailuresOfTheirInterval) {
     EXPECT_TRUE(bars[1].suspended);
     EXPECT_EQ(bars[1].from, 2);
     EXPECT_EQ(bars[1].to, 3);
+}
+
+TEST_F(FunctionPlots, CumulativeRowsCountByTheirIncreaseBetweenInspections) {
+    session.inputType = prbt2;
+    life({"30x0x20x100", "10x0x5x100", "20x0x8x100"});
+    EXPECT_NEAR(counted(1, false), 20, 1e-9);
+    EXPECT_EQ(counted(1, true), 0);
+    // 5 in 0 to 10, 3 in 10 to 20, 12 in 20 to 30; five bars of 6
+    expectheights({3, 2.6, 1.8, 5.4, 7.2});
+}
+
+TEST_F(FunctionPlots, CumulativePercentagesCountInUnitsOfTheSample) {
+    session.inputType = prbt3;
+    life({"10x0x5x200", "20x0x8x200", "30x0x20x200"});
+    EXPECT_NEAR(counted(1, false), 40, 1e-9);
+    expectheights({6, 5.2, 3.6, 10.8, 14.4});
+}
+
+TEST_F(FunctionPlots, KaplanMeierRowsCountTheirFailuresAndTheirSuspensions) {
+    session.inputType = km4;
+    life({"10x0x2x1", "20x0x0x3", "30x0x1x0", "-40x0x5x0"});
+    EXPECT_EQ(counted(1, false), 3);
+    EXPECT_EQ(counted(1, true), 9);
+}
+
+TEST_F(FunctionPlots, ASetWhoseCountCannotBeToldIsLeftOut) {
+    session.inputType = prbt2;
+    const Cells good = {"10x0x5x100", "20x0x9x100"};
+    for (const Cells& bad : {Cells{"10x0x5x100", "20x0x3x100"}, Cells{"10x0x5x100", "20x0x9x120"}}) {
+        sets({bad, good});
+        EXPECT_EQ(counted(1, false), 0);
+        EXPECT_NEAR(counted(2, false), 9, 1e-9);
+    }
+}
+
+TEST_F(FunctionPlots, SamplesDeclaredDifferentCountEachForItself) {
+    session.inputType = prbt2;
+    session.groupingOption = 2;
+    life({"10x0x5x100", "20x0x9x120"});
+    EXPECT_NEAR(counted(1, false), 14, 1e-9);
+}
+
+TEST_F(FunctionPlots, AnIntervalIsSpreadOverTheBarsItOverlaps) {
+    session.inputType = intv5;
+    // Bars of 10 from 0 to 50: 2 before 10, 4 between 10 and 30, 1 at 50, 3 suspended at 45.
+    life({"<10x0x2", ">10<30x0x4", "50", ">45x0x3"});
+    const auto bars = barsof(histogramPlot);
+    ASSERT_EQ(bars.size(), 5u);
+    const double heights[] = {2, 2, 2, 1, 4};
+    for (std::size_t i = 0; i < bars.size(); ++i) EXPECT_NEAR(bars[i].to, heights[i], 1e-9) << i;
+    EXPECT_TRUE(bars[4].suspended);
+}
+
+TEST_F(FunctionPlots, ADiscoveryAmongNegativeDataStandsAtItsAge) {
+    choose(normal);
+    session.inputType = intv5;
+    session.negativeXAllowed = 1;
+    life({"-50x0x1x-50", "<-15x0x2", "0", "50x0x1x50"}); // a Z of 0 is a value here
+    const auto bars = barsof(histogramPlot);
+    ASSERT_FALSE(bars.empty());
+    EXPECT_EQ(bars.front().low, -50);
+    EXPECT_EQ(counted(1, false), 5);
+    EXPECT_TRUE(std::any_of(bars.begin(), bars.end(), [](const HistogramBar& bar) { return bar.to == 2; }));
 }
 
 TEST_F(FunctionPlots, InTheTotalPictureTheBarsAreADensityBesideTheCurve) {

@@ -94,6 +94,22 @@ bool input(QEvent::Type type) {
     }
 }
 
+/// A press of the other button, or its key.
+bool secondarypress(const QEvent& event) {
+    if (event.type() == QEvent::MouseButtonPress)
+        return static_cast<const QMouseEvent&>(event).button() == Qt::RightButton;
+    return event.type() == QEvent::KeyPress && secondarykey(static_cast<const QKeyEvent&>(event));
+}
+
+/// What asks by menus of its own, whose choices are commands again: not while a command runs, and with an
+/// open entry in its cell.
+template <auto Act>
+void settled() {
+    if (session.shellBusy > 0) return;
+    gridsettle();
+    Act();
+}
+
 /// The first file of what is dragged; empty when it brings none.
 QString filedragged(const QMimeData* data) {
     if (!data) return {};
@@ -143,15 +159,16 @@ void Form2::buildtop() {
     former->setIcon(tintedicon(QStringLiteral("former")));
     former->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     former->setAutoRaise(true);
+    former->setFocusPolicy(Qt::TabFocus);
     former->installEventFilter(this);
-    connect(former, &QToolButton::clicked, this, [] { formerpress(); });
+    connect(former, &QToolButton::clicked, this, settled<formerpress>);
     row->addWidget(former);
     wizard = new QPushButton;
     wizard->setObjectName(QStringLiteral("WizardButton"));
     wizard->setIcon(tintedicon(QStringLiteral("wizard")));
     wizard->setAutoDefault(false);
     wizard->setFocusPolicy(Qt::TabFocus);
-    connect(wizard, &QPushButton::clicked, this, [] { datawizard(); });
+    connect(wizard, &QPushButton::clicked, this, settled<datawizard>);
     row->addWidget(wizard);
     row->setContentsMargins(0, 2, 6, 0);
     column->addLayout(row);
@@ -318,10 +335,12 @@ void Form2::repaintplot() {
 
 bool Form2::pendingevents() {
     if (pumping) return false;
-    const ShellBusy busy;
-    pumping = true;
-    QApplication::processEvents();
-    pumping = false;
+    {
+        const ShellBusy busy;
+        const Keep keep{pumping};
+        pumping = true;
+        QApplication::processEvents();
+    }
     return std::exchange(escaped, false);
 }
 
@@ -344,12 +363,14 @@ void Form2::explain(int command, std::string_view text, int milliseconds) {
     floating->show();
     floating->raise();
     if (milliseconds <= 0) return;
-    const ShellBusy busy;
-    pumping = true;
-    QEventLoop wait;
-    QTimer::singleShot(milliseconds, &wait, &QEventLoop::quit);
-    wait.exec();
-    pumping = false;
+    {
+        const ShellBusy busy;
+        const Keep keep{pumping};
+        pumping = true;
+        QEventLoop wait;
+        QTimer::singleShot(milliseconds, &wait, &QEventLoop::quit);
+        wait.exec();
+    }
     escaped = false;
     floating->hide();
 }
@@ -413,10 +434,11 @@ bool Form2::event(QEvent* event) {
     return handled;
 }
 
+/// Closed by the desktop, the window asks as the program's own exit does. What that then closes is this very
+/// window, which is closing already: the answer decides here.
 void Form2::closeEvent(QCloseEvent* event) {
-    if (session.leaving == 0) {
+    if (session.leaving == 0 && (session.shellBusy > 0 || !exitsequence(false))) {
         event->ignore();
-        if (session.shellBusy == 0) exitsequence(false);
         return;
     }
     keeprectangle();
@@ -475,9 +497,8 @@ bool Form2::eventFilter(QObject* watched, QEvent* event) {
         if (event->type() == QEvent::Close) event->ignore();
         return true;
     }
-    if (watched == former && event->type() == QEvent::MouseButtonPress
-        && static_cast<QMouseEvent*>(event)->button() == Qt::RightButton) {
-        if (session.shellBusy == 0) formerother();
+    if (watched == former && secondarypress(*event)) {
+        settled<formerother>();
         return true;
     }
     if (pressedoutside(watched, *event)) {

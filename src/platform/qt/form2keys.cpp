@@ -52,15 +52,25 @@ void selectall() {
     gridgo(gridrows(), gridcolumns(), true);
 }
 
+void heading() { gridheadingpress(session.gridCol); }
+
 struct ShortcutOf {
     const char* keys;
     void (*act)();
 };
-constexpr ShortcutOf shortcuts[] = {
-    {"Ctrl+N", command<0>},          {"Ctrl+O", command<2>},        {"Ctrl+S", command<3>},
-    {"Ctrl+Shift+S", alone<saveas>}, {"Ctrl+P", command<6>},        {"Ctrl+X", command<79>},
-    {"Ctrl+C", command<82>},         {"Ctrl+V", command<83>},       {"Ctrl+Z", command<81>},
-    {"Ctrl+Y", alone<redo>},         {"Ctrl+Shift+Z", alone<redo>}, {"Ctrl+A", selectall}};
+constexpr ShortcutOf shortcuts[] = {{"Ctrl+N", command<0>},
+                                    {"Ctrl+O", command<2>},
+                                    {"Ctrl+S", command<3>},
+                                    {"Ctrl+Shift+S", alone<saveas>},
+                                    {"Ctrl+P", command<6>},
+                                    {"Ctrl+X", command<79>},
+                                    {"Ctrl+C", command<82>},
+                                    {"Ctrl+V", command<83>},
+                                    {"Ctrl+Z", command<81>},
+                                    {"Ctrl+Y", alone<redo>},
+                                    {"Ctrl+Shift+Z", alone<redo>},
+                                    {"Ctrl+A", selectall},
+                                    {"Ctrl+T", heading}};
 
 } // namespace
 

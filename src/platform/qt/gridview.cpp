@@ -14,6 +14,7 @@
 #include <algorithm>
 
 #include "platform/qt/gridmodel.h"
+#include "platform/qt/keymap.h"
 #include "platform/qt/text.h"
 #include "session/session.h"
 #include "shell/gridedit.h"
@@ -316,6 +317,8 @@ void DataGrid::keyPressEvent(QKeyEvent* event) {
     const bool plain = !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
     if (plain && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
         gridcommit();
+    else if (secondarykey(*event))
+        gridexplain(session.gridRow, session.gridCol);
     else if (plain && event->key() == Qt::Key_Backspace)
         gridedit("");
     else if (plain && event->key() == Qt::Key_Space)

@@ -26,9 +26,15 @@ int virtualkey(int key) {
     return found == std::end(pairs) ? 0 : found->code;
 }
 
+bool secondarykey(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Menu
+           || (event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier);
+}
+
 bool dispatchkey(const QKeyEvent& event) {
     const int code = virtualkey(event.key());
-    if (code == 0 || (event.modifiers() & (Qt::ControlModifier | Qt::MetaModifier))) return false;
+    constexpr auto others = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    if (code == 0 || (event.modifiers() & others)) return false;
     session.u = static_cast<float>(code);
     keydispatch();
     return true;

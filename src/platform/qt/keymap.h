@@ -6,5 +6,8 @@ class QKeyEvent;
 /// use for.
 int virtualkey(int key);
 
-/// Hands a key to the program. False when it has no use for it.
+/// True for the keys of a secondary press: the menu key, Shift+F10.
+bool secondarykey(const QKeyEvent& event);
+
+/// Hands a key to the program. False when it has no use for it, and for a key held with Ctrl, Alt or Meta.
 bool dispatchkey(const QKeyEvent& event);
