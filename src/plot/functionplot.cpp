@@ -143,15 +143,17 @@ void drawbar(const HistogramBar& bar, int place, int places) {
     const double bottom = std::clamp(canvasy(bar.from), w.top, w.bottom);
     if (!(right > left) || !(bottom > top)) return;
     session.setCounter = rowofset(static_cast<float>(bar.set));
-    // Suspensions stand hollow upon the failures; a bar keeps its outline beside a neighbour of its colour.
+    // Suspensions stand hollow upon the failures, and bars behind a curve let it be seen; a filled bar keeps
+    // its outline beside a neighbour of its colour.
     const auto colour = static_cast<float>(colourofset(bar.set));
     plotsnap(left, top, right, bottom);
-    if (!bar.suspended) {
+    if (!bar.suspended && session.functionPlot != totalPlot) {
         session.plotpen = colour - filledPen;
         plotline();
         plotsnap(left, top, right, bottom);
     }
-    session.plotpen = (bar.suspended ? colour : static_cast<float>(frameColour)) - outlinePen;
+    const bool hollow = bar.suspended || session.functionPlot == totalPlot;
+    session.plotpen = (hollow ? colour : static_cast<float>(frameColour)) - outlinePen;
     plotline();
 }
 

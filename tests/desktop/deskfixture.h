@@ -22,6 +22,7 @@
 #include "session/session.h"
 #include "support/freshsession.h"
 #include "support/inlanguage.h"
+#include "support/workfolder.h"
 
 /// Where the tests leave what they saw.
 inline QString picturefile(const QString& name) {
@@ -38,8 +39,12 @@ class DesktopTest : public testing::Test {
 protected:
     FreshSession fresh{lifeSide};
     QtPlatform desktop{"vanex"};
+    WorkFolder settings; ///< takes what a form saves
 
-    DesktopTest() : former(std::exchange(platform, &desktop)) { applysurroundings(); }
+    DesktopTest() : former(std::exchange(platform, &desktop)) {
+        session.configPath = settings.path("") + "\\";
+        applysurroundings();
+    }
     ~DesktopTest() override { platform = former; }
 
     /// Acts on the next modal form once it is open, and sees to it that it closes.
