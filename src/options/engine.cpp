@@ -1,9 +1,11 @@
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 
 #include "data/numbertext.h"
 #include "numeric/sngguard.h"
 #include "options/page.h"
+#include "shell/calcplot.h"
 #include "shell/prompts.h"
 #include "shell/prompttext.h"
 
@@ -63,13 +65,38 @@ bool standsasbefore(const Kept& kept) {
     return now.number == kept.number && now.text == kept.text;
 }
 
-/// The settings that a page changes itself.
-std::vector<Kept> settingsof(const Page& page) {
-    std::vector<Kept> all;
+/// The settings that a page changes itself, as they were.
+struct Standing {
+    std::vector<Kept> places;
+    Held held; ///< of the page's hooks
+};
+
+Standing settingsof(const Page& page) {
+    Standing all;
     for (const Item& item : page.items)
-        if (item.at) all.push_back(keptof(item.at(session)));
-    for (const PlaceOf at : page.also) all.push_back(keptof(at(session)));
+        if (item.at) all.places.push_back(keptof(item.at(session)));
+    for (const PlaceOf at : page.also) all.places.push_back(keptof(at(session)));
+    if (page.keep) all.held = page.keep();
     return all;
+}
+
+bool standsasbefore(const Page& page, const Standing& before) {
+    return std::all_of(before.places.begin(), before.places.end(),
+                       [](const Kept& kept) { return standsasbefore(kept); })
+           && (!page.keep || page.keep() == before.held);
+}
+
+void putback(const Page& page, const Standing& before) {
+    for (const Kept& kept : before.places) putback(kept);
+    if (page.restore && page.keep() != before.held) page.restore(before.held);
+}
+
+/// What another page changed was accepted there: it is no more this page's to put back.
+void takeover(const Page& page, const Standing& former, Standing& before) {
+    const Standing now = settingsof(page);
+    for (std::size_t i = 0; i < before.places.size(); ++i)
+        if (!standsasbefore(former.places[i])) before.places[i] = now.places[i];
+    if (now.held != former.held) before.held = now.held;
 }
 
 bool isoffered(const Item& item) { return !item.offered || item.offered(); }
@@ -80,12 +107,15 @@ bool inforce(const Item& item) {
     return item.present ? item.present() : numberat(item.at(session)) == item.low;
 }
 
+/// Significant digits that a place holds for certain.
+int digitsof(const Place& place) { return std::holds_alternative<float*>(place) ? 7 : 15; }
+
 void appendplace(std::string& text, const Item& item) {
     const Place place = item.at(session);
     if (const auto* const held = std::get_if<std::string*>(&place))
         extend(text, "'", AsTyped{**held}, "'");
     else
-        appendshown(text, numberat(place) * item.scale, std::get_if<float*>(&place) ? 7 : 15);
+        appendshown(text, numberat(place) * item.scale, digitsof(place));
 }
 
 void appendvalue(std::string& text, const Item& item) {
@@ -115,15 +145,18 @@ void appendvalue(std::string& text, const Item& item) {
 
 bool takenumber(const Item& item) {
     const Place place = item.at(session);
-    double value = numberat(place) * item.scale;
+    const double preset = asshown(numberat(place) * item.scale, digitsof(place));
+    double value = preset;
     if (!asknumberwithin(item.label, value, item.low, item.high, item.whole)) return false;
+    // The digits beyond those shown are not lost by an answer that repeats what was shown.
+    if (value == preset) return false;
     return putnumber(place, value / item.scale);
 }
 
 bool taketext(const Item& item) {
     std::string& held = *std::get<std::string*>(item.at(session));
     compose(session.msg, item.label);
-    textprompt();
+    textprompt(held);
     if (session.msg == noAnswerText || session.msg == held || (item.filled && session.msg.empty()))
         return false;
     held = session.msg;
@@ -193,6 +226,28 @@ bool hasaccept(const Page& page) {
                        [](const Item& item) { return item.kind == ItemKind::accept; });
 }
 
+/// A page that is opened is left with its own acceptance; a list only picks a value for the page behind it.
+bool acceptsitself(const Item& item) {
+    if (item.kind != ItemKind::page) return false;
+    const Page* const table = tableof(item.opens);
+    return !table || !table->list;
+}
+
+/// Letter of the n-th entry of a list, from 0: A to W, X being the exit, and then the digits; 0 beyond.
+char letterofentry(std::size_t n) {
+    constexpr std::string_view letters = "ABCDEFGHIJKLMNOPQRSTUVW123456789";
+    return n < letters.size() ? letters[n] : '\0';
+}
+
+/// " (low ... high)", an end without a limit left open.
+void appendlimits(std::string& text, double low, double high) {
+    text += " (";
+    if (low > noLowLimit) appendshown(text, low, 7);
+    text += " ... ";
+    if (high < static_cast<double>(noHighLimit)) appendshown(text, high, 7);
+    text += ')';
+}
+
 } // namespace
 
 void append(std::string& text, const Label& label) {
@@ -217,30 +272,38 @@ std::string itemtext(const Item& item) {
 bool showoptions(const Page& page) {
     if (scriptmode()) return false;
     const int16_t modeBefore = session.activeMode;
-    const std::vector<Kept> before = settingsof(page);
+    Standing before = settingsof(page);
     bool acted = false; // a change that no place of this page tells, and that stays: another page, an action
     for (const Item* item = chosen(page); item; item = chosen(page)) {
-        if (item->kind == ItemKind::accept) break;
-        if (item->kind == ItemKind::exit) {
-            if (hasaccept(page)) std::for_each(before.begin(), before.end(), putback);
+        if (item->kind == ItemKind::accept) {
+            if (item->act) acted = item->act() || acted;
             break;
         }
-        const std::vector<Kept> places = settingsof(page);
+        if (item->kind == ItemKind::exit) {
+            if (hasaccept(page)) putback(page, before);
+            break;
+        }
+        if (item->calculated && (acted || !standsasbefore(page, before))) {
+            calcplot();
+            before = settingsof(page);
+            acted = false;
+        }
+        const Standing former = settingsof(page);
         const bool changed = take(*item);
-        acted = acted || (changed && std::all_of(places.begin(), places.end(), standsasbefore));
+        acted = acted || (changed && (acceptsitself(*item) || standsasbefore(page, former)));
+        if (changed && acceptsitself(*item)) takeover(page, former, before);
         if (page.list && item->kind == ItemKind::pick) break;
     }
     if (session.activeMode == identityof(page.page)) session.activeMode = modeBefore;
-    return acted || !std::all_of(before.begin(), before.end(), standsasbefore);
+    return acted || !standsasbefore(page, before);
 }
 
 int choosefrom(const Label& title, std::span<const std::string> entries, int present) {
-    constexpr std::size_t letters = 'W' - 'A';
     if (scriptmode()) return -1;
     menuclear();
-    const std::size_t count = std::min(entries.size(), letters);
-    for (std::size_t i = 0; i < count; ++i)
-        compose(session.menuItem[i + 1], static_cast<char>('A' + i), "...", AsTyped{entries[i]});
+    std::size_t count = 0;
+    for (; count < entries.size() && letterofentry(count) != 0; ++count)
+        compose(session.menuItem[count + 1], letterofentry(count), "...", AsTyped{entries[count]});
     compose(session.menuItem[count + 1], "X...", Word::Exit);
     session.menuCount = static_cast<float>(count + 1);
     session.menuChoice = present >= 0 && static_cast<std::size_t>(present) < count
@@ -260,8 +323,9 @@ bool asknumberwithin(const Label& lead, double& value, double low, double high, 
     session.promptMin = sngguard(low);
     session.promptMax = sngguard(high);
     const double preset = std::clamp(value, low, high);
-    for (;;) {
+    for (bool refused = false;; refused = true) {
         compose(session.msg, lead);
+        if (refused) appendlimits(session.msg, low, high);
         session.ud = preset;
         numberprompt();
         if (session.ud == noAnswer) return false;
@@ -277,4 +341,13 @@ void appendshown(std::string& text, double value, int digits) {
     appendsignificant(number, value, digits);
     wordnumber(number);
     extend(text, AsTyped{number});
+}
+
+double asshown(double value, int digits) {
+    if (!std::isfinite(value)) return value;
+    std::string text;
+    appendsignificant(text, value, digits);
+    double rounded = value;
+    std::from_chars(text.data(), text.data() + text.size(), rounded);
+    return rounded;
 }

@@ -73,11 +73,12 @@ struct Item {
     double scale = 1;            ///< the page shows the session's value times this
     Label off = {}, on = {};     ///< names of the two values of a flip
     OptionPage opens = {};       ///< of a page
-    bool (*act)() = nullptr;     ///< of an action, and of a pick without a place: true when it changed a
-                                 ///< setting
+    bool (*act)() = nullptr;     ///< of an action, of a pick without a place, and what an accepting item
+                                 ///< calls: true when it changed a setting
     bool (*present)() = nullptr; ///< of such a pick: true when it is the one in force
     void (*value)(std::string&) = nullptr; ///< appends the present value where it is not that of the place
     bool (*offered)() = nullptr;           ///< null: always
+    bool calculated = false;               ///< an action that writes into the report of the last calculation
 
     constexpr Item when(bool (*condition)()) const {
         Item item = *this;
@@ -89,6 +90,12 @@ struct Item {
         item.value = present_;
         return item;
     }
+    /// What was changed on the page is calculated before the action, whose report stays by that.
+    constexpr Item oncalculated() const {
+        Item item = *this;
+        item.calculated = true;
+        return item;
+    }
     constexpr Item times(double factor) const {
         Item item = *this;
         item.scale = factor;
@@ -97,6 +104,10 @@ struct Item {
 };
 
 constexpr Item acceptitem(char letter, Label label) { return {letter, ItemKind::accept, label}; }
+/// One that calls a routine with what it accepts.
+constexpr Item acceptitem(char letter, Label label, bool (*act)()) {
+    return {.letter = letter, .kind = ItemKind::accept, .label = label, .act = act};
+}
 constexpr Item exititem(char letter, Label label) { return {letter, ItemKind::exit, label}; }
 
 /// A two-way choice: shown as "NO (/ Yes)" by the names of its values.
@@ -140,14 +151,23 @@ constexpr Item actionitem(char letter, Label label, bool (*act)()) {
     return {.letter = letter, .kind = ItemKind::action, .label = label, .act = act};
 }
 
+/// What no place of a page tells: a list, or a setting that more must follow when it is put back.
+struct Held {
+    std::vector<double> numbers;
+    std::string text;
+    bool operator==(const Held&) const = default;
+};
+
 /// One page.
 struct Page {
     OptionPage page;
     Label title;
     std::span<const Item> items;
-    void (*lead)(std::string&) = nullptr; ///< appends the lead text; null: none
-    bool list = false;                    ///< a pick leaves the page
-    std::span<const PlaceOf> also = {};   ///< places that an exit without the change puts back as well
+    void (*lead)(std::string&) = nullptr;   ///< appends the lead text; null: none
+    bool list = false;                      ///< a pick leaves the page
+    std::span<const PlaceOf> also = {};     ///< places that an exit without the change puts back as well
+    Held (*keep)() = nullptr;               ///< what it puts back besides; null: nothing
+    void (*restore)(const Held&) = nullptr; ///< puts that back; called only when it changed
 };
 
 /// The identity of a page in menuPage: below 0; the language page is -40.
@@ -177,12 +197,17 @@ bool showoptions(const Page& page);
 /// The text of an item as the page shows it, "B...Baud (Com) = 9600".
 std::string itemtext(const Item& item);
 
-/// Shows a list, a letter each, and "X...Exit"; the number of the entry chosen from 0, or -1. At most 22
-/// entries. `present`: the entry in force, -1 none.
+/// Shows a list, a letter or behind W a digit each, and "X...Exit"; the number of the entry chosen from 0,
+/// or -1. At most 32 entries. `present`: the entry in force, -1 none.
 int choosefrom(const Label& title, std::span<const std::string> entries, int present = -1);
 
-/// Asks for a number until it lies within the limits. False on a cancel; `value` then stays.
+/// Asks for a number until it lies within the limits, which a refused one is told. False on a cancel; `value`
+/// then stays.
 bool asknumberwithin(const Label& lead, double& value, double low, double high, bool whole = false);
+
+/// A number as a page shows it, rounded to so many significant digits: 2.7 in single precision, which holds
+/// 7, is no 2.70000005.
+double asshown(double value, int digits);
 
 /// Appends a number in the decimal form of the display.
 void appendshown(std::string& text, double value, int digits = 15);

@@ -50,12 +50,27 @@ bool putlevel(Sides sides, double confidence, bool eachOwn = false) {
 
 constexpr double mostConfidence = 99.99;
 
-/// A single-sided level below 50 would be one of the other side.
+/// Level that a question for bounds opens with. Where each side has its own, it is that of the lower side.
+double presetlevel(bool eachOwn) {
+    const bool low = eachOwn && session.confLow > 0;
+    return asshown(low ? 100 - static_cast<double>(session.confLow) : level(), 7);
+}
+
+/// A single-sided level below 50 would be one of the other side. Sides that differ stay by the answer that
+/// was offered.
 bool asklevel(Sides sides, bool eachOwn = false) {
-    double value = std::clamp(level(), 50.0, mostConfidence);
     const double least = sides == Sides::twoSided && !eachOwn ? 0.01 : 50;
-    return asknumberwithin({Word::Confidence, "%"}, value, least, mostConfidence)
-           && putlevel(sides, value, eachOwn);
+    const double preset = std::clamp(presetlevel(eachOwn), least, mostConfidence);
+    double value = preset;
+    if (!asknumberwithin({Word::Confidence, "%"}, value, least, mostConfidence)) return false;
+    if (eachOwn && value == preset && sidesinforce() == sides) return false;
+    return putlevel(sides, value, eachOwn);
+}
+
+/// A level of one side; where both are in force each keeps its place, at that level of its own.
+bool asksidelevel() {
+    const Sides sides = sidesinforce();
+    return asklevel(sides == Sides::none ? Sides::lower : sides, sides == Sides::twoSided);
 }
 
 bool isdouble() { return sidesinforce() == Sides::twoSided; }
@@ -176,8 +191,7 @@ constexpr Item confidenceItems[] = {
     pageitem('C', {Word::Type, "/", Word::Value, "[%]"}, OptionPage::limitKind).shows(appendlevel),
     actionitem('D', {Word::Input, Word::Value, Word::As, Word::Double, "-", Word::Side},
                [] { return asklevel(Sides::twoSided); }),
-    actionitem('E', {Word::Input, Word::Value, Word::As, Word::Single, "-", Word::Side},
-               [] { return asklevel(sidesinforce() == Sides::upper ? Sides::upper : Sides::lower); }),
+    actionitem('E', {Word::Input, Word::Value, Word::As, Word::Single, "-", Word::Side}, asksidelevel),
     wholeitem('F', {"Fisher", Word::Matrix, Word::Type, "(0, 1 = mb, 2 = mc)"}, placeof<&S::fisherForm>, 0, 2)
         .when([] { return std::abs(session.confMethod) == fisherBounds && session.dist == weibull; }),
     actionitem('M', {Word::Method}, listmethods).shows(appendmethodname),
@@ -202,11 +216,33 @@ constexpr PlaceOf confidencePlaces[] = {placeof<&S::confMethod>, placeof<&S::con
 
 bool singlepoint() { return session.confMethod < 0; }
 
+/// What a single point takes into its service.
+struct BoundsInForce {
+    int16_t method, automatic;
+    float low, high;
+    bool operator==(const BoundsInForce&) const = default;
+};
+BoundsInForce boundsinforce() {
+    return {session.confMethod, session.confAuto, session.confLow, session.confHigh};
+}
+
+/// A single point needs a method and a level and takes them where there are none; when it is given up before
+/// they were changed by hand, the bounds are again those from before it.
 bool flipsingle() {
+    static BoundsInForce former{}, taken{};
+    if (singlepoint() && boundsinforce() == taken) {
+        session.confMethod = former.method;
+        session.confAuto = former.automatic;
+        session.confLow = former.low;
+        session.confHigh = former.high;
+        return true;
+    }
+    if (!singlepoint()) former = boundsinforce();
     if (session.confMethod == noBounds) session.confMethod = fisherBounds;
     if (sidesinforce() == Sides::none) putlevel(Sides::twoSided, level());
     session.confAuto = 0;
     session.confMethod = static_cast<int16_t>(-session.confMethod);
+    if (singlepoint()) taken = boundsinforce();
     return true;
 }
 

@@ -1,7 +1,9 @@
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "analysis/distanalysis.h"
 #include "analysis/likelihoodgrid.h"
@@ -160,7 +162,7 @@ bool withreport(Run run) {
 bool choosefamily() { return withreport(distributionanalysis); }
 
 constexpr Item familyItems[] = {
-    actionitem('A', {Word::Distribution, Word::Analysis}, choosefamily).when(onlifeside),
+    actionitem('A', {Word::Distribution, Word::Analysis}, choosefamily).when(onlifeside).oncalculated(),
     familyitem<exponentialFamily>('E', {Word::Exponential}),
     familyitem<smallestFamily>('G', {"Gumbel-"}),
     familyitem<largestFamily>('H', {"Gumbel+"}),
@@ -176,35 +178,55 @@ constexpr Item familyItems[] = {
 
 // ---- threshold ----
 
-bool anythreshold() {
+/// The thresholds of all sets, which a page puts back together.
+Held thresholds() {
+    Held held;
     for (int k = 1; k <= static_cast<int>(session.maxSets); ++k)
-        if (session.t0(k) != 0) return true;
-    return session.findThreshold == 1;
+        held.numbers.push_back(static_cast<double>(session.t0(k)));
+    return held;
 }
 
-bool clearthresholds() {
-    const bool changed = anythreshold();
+void putthresholds(const Held& held) {
+    for (std::size_t i = 0; i < held.numbers.size(); ++i)
+        session.t0(static_cast<int>(i) + 1) = static_cast<float>(held.numbers[i]);
+}
+
+/// One threshold for every set, which is not searched. True when that changed anything.
+bool takethreshold(double value) {
+    const Held before = thresholds();
+    const bool searched = session.findThreshold == 1;
     session.findThreshold = 0;
-    for (int k = 1; k <= static_cast<int>(session.maxSets); ++k) session.t0(k) = 0;
-    return changed;
+    putthresholds({std::vector<double>(before.numbers.size(), value), {}});
+    return searched || thresholds() != before;
 }
 
-/// A threshold that is known holds for every set, and is not searched.
+bool clearthresholds() { return takethreshold(0); }
+
+bool thresholdsdiffer() {
+    const Held held = thresholds();
+    return std::adjacent_find(held.numbers.begin(), held.numbers.end(), std::not_equal_to<>())
+           != held.numbers.end();
+}
+
+/// A threshold that is known holds for every set. The answer that was offered leaves the sets as they are,
+/// which may have thresholds of their own, unless they are searched.
 bool knownthreshold() {
-    double value = session.t0(1);
+    const double preset = asshown(static_cast<double>(session.t0(1)), 7);
+    double value = preset;
     if (!asknumberwithin({"t0"}, value, noLowLimit, static_cast<double>(noHighLimit))) return false;
-    session.findThreshold = 0;
-    for (int k = 1; k <= static_cast<int>(session.maxSets); ++k) session.t0(k) = static_cast<float>(value);
-    return true;
+    if (value == preset && session.findThreshold == 0) return false;
+    return takethreshold(value);
 }
 
 void appendthreshold(std::string& text) {
     if (session.findThreshold == 1)
         append(text, Word::Find);
+    else if (thresholdsdiffer())
+        append(text, Word::Variable);
     else if (session.t0(1) == 0)
         append(text, Word::None);
     else
-        appendshown(text, session.t0(1), 7);
+        appendshown(text, static_cast<double>(session.t0(1)), 7);
 }
 
 bool bylikelihood() { return session.fitMethod == maximumLikelihood; }
@@ -354,12 +376,14 @@ constexpr Item extendedItems[] = {
                        return false;
                    });
                })
-        .when(fitted),
-    actionitem('M', {Word::Mixture, "(2", Word::Failure, Word::Mode, ")"}, fitmodes<4>).when([] {
-        return setcount() > 0;
-    }),
+        .when(fitted)
+        .oncalculated(),
+    actionitem('M', {Word::Mixture, "(2", Word::Failure, Word::Mode, ")"}, fitmodes<4>)
+        .when([] { return setcount() > 0; })
+        .oncalculated(),
     actionitem('O', {Word::Mixture, "(2", Word::Failure, Word::Mode, "+", Word::Proportion, ")"}, fitmodes<5>)
-        .when([] { return setcount() > 0; }),
+        .when([] { return setcount() > 0; })
+        .oncalculated(),
     numberitem('P', {Word::Partial, "%", Word::Affected, "(0 =", Word::All, ")"}, placeof<&S::popPortion>, 0,
                100)
         .times(100),
@@ -388,7 +412,11 @@ constexpr Page pages[] = {
      .items = rankItems,
      .list = true},
     {OptionPage::distribution, {Word::Distribution}, familyItems},
-    {OptionPage::threshold, {"t0 (3-", Word::Parameter, ")"}, thresholdItems},
+    {.page = OptionPage::threshold,
+     .title = {"t0 (3-", Word::Parameter, ")"},
+     .items = thresholdItems,
+     .keep = thresholds,
+     .restore = putthresholds},
     {.page = OptionPage::weibayes, .title = {"Weibayes"}, .items = weibayesItems, .also = weibayesPlaces},
     {OptionPage::parameterStart, {Word::Parameter, Word::Start}, startItems},
     {OptionPage::analysisEquations, {Word::Analysis, Word::Equations}, equationsItems},

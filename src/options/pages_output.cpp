@@ -110,18 +110,25 @@ bool chooseparity() {
     return chosen >= 0 && takeparity(letters[chosen]);
 }
 
+/// The parity and the line's text that holds it go together.
+Held parityinforce() { return {{static_cast<double>(session.serialParity)}, session.serialLine}; }
+
+void putparity(const Held& held) {
+    session.serialParity = static_cast<char>(held.numbers[0]);
+    session.serialLine = held.text;
+}
+
+/// The line as it comes. The plotter's speed is no matter of the line, and its sign none of the port.
 bool resetports() {
     const Drawing standard;
     const bool changed =
         session.serialBaud != standard.serialBaud || session.serialParity != standard.serialParity
         || session.serialDataBits != standard.serialDataBits
-        || session.serialStopBits != standard.serialStopBits || session.outputPort != standard.outputPort
-        || session.plotspeed != standard.plotspeed;
+        || session.serialStopBits != standard.serialStopBits || session.outputPort != standard.outputPort;
     session.serialBaud = standard.serialBaud;
     session.serialDataBits = standard.serialDataBits;
     session.serialStopBits = standard.serialStopBits;
     session.outputPort = standard.outputPort;
-    session.plotspeed = standard.plotspeed;
     takeparity(standard.serialParity);
     return changed;
 }
@@ -152,8 +159,7 @@ constexpr Item portItems[] = {
     numberitem('S', {Word::Stop, Word::Bit, "(", Word::Com, ")"}, placeof<&S::serialStopBits>, 1, 2),
     exititem('X', {Word::Exit}),
 };
-constexpr PlaceOf portPlaces[] = {placeof<&S::serialBaud>, placeof<&S::outputPort>, placeof<&S::plotspeed>,
-                                  placeof<&S::serialLine>};
+constexpr PlaceOf portPlaces[] = {placeof<&S::serialBaud>, placeof<&S::outputPort>, placeof<&S::plotspeed>};
 
 constexpr Page pages[] = {
     {OptionPage::output, {Word::Output}, outputItems},
@@ -161,7 +167,12 @@ constexpr Page pages[] = {
      .title = {Word::Output, Word::Type},
      .items = deviceItems,
      .list = true},
-    {.page = OptionPage::ports, .title = {Word::Port}, .items = portItems, .also = portPlaces},
+    {.page = OptionPage::ports,
+     .title = {Word::Port},
+     .items = portItems,
+     .also = portPlaces,
+     .keep = parityinforce,
+     .restore = putparity},
 };
 
 } // namespace

@@ -7,6 +7,7 @@
 
 #include "data/datafilesave.h"
 #include "data/settitle.h"
+#include "options/limits.h"
 #include "options/page.h"
 #include "platform/files.h"
 #include "platform/paths.h"
@@ -15,6 +16,7 @@
 #include "session/opendata.h"
 #include "shell/commands.h"
 #include "shell/prompts.h"
+#include "shell/savename.h"
 
 /// What the plot shows and how: window, style, points, lines, scale, and which view is in front.
 
@@ -31,37 +33,30 @@ bool totalreset() {
     return changed;
 }
 
-/// The probability axis is asked for in percent.
-double yfactor() { return session.plotMode == 1 ? 100 : 1; }
-
 struct LimitPlace {
     Label lead;
-    double Session::*at;
-    double Session::*other; ///< the opposite end
-    bool low, probability;
+    LimitAxis axis;
+    double Session::*low; ///< the two ends of the axis
+    double Session::*high;
+    bool lower; ///< which of them it is
+    double& end() const { return session.*(lower ? low : high); }
 };
 constexpr LimitPlace limitPlaces[] = {
-    {{"X-", Word::Lower}, &S::xLimitLow, &S::xLimitHigh, true, false},
-    {{"X-", Word::Upper}, &S::xLimitHigh, &S::xLimitLow, false, false},
-    {{"Y-", Word::Lower}, &S::yLimitLow, &S::yLimitHigh, true, true},
-    {{"Y-", Word::Upper}, &S::yLimitHigh, &S::yLimitLow, false, true},
+    {{"X-", Word::Lower}, LimitAxis::x, &S::xLimitLow, &S::xLimitHigh, true},
+    {{"X-", Word::Upper}, LimitAxis::x, &S::xLimitLow, &S::xLimitHigh, false},
+    {{"Y-", Word::Lower}, LimitAxis::y, &S::yLimitLow, &S::yLimitHigh, true},
+    {{"Y-", Word::Upper}, LimitAxis::y, &S::yLimitLow, &S::yLimitHigh, false},
 };
 
-/// Asks for one end of the window; 0 is automatic. An end that crosses the other is refused.
+/// Asks for one end of the window. An end that crosses the other is refused.
 bool asklimit(const LimitPlace& limit) {
-    const bool percent = limit.probability && session.plotMode == 1;
-    const double factor = percent ? yfactor() : 1;
-    double value = session.*limit.at * factor;
-    const double low = percent ? 0 : noLowLimit;
-    const double high = percent ? 99.9999 : static_cast<double>(noHighLimit);
-    if (!asknumberwithin(limit.lead, value, low, high)) return false;
-    value /= factor;
-    const double other = session.*limit.other;
-    if (value != 0 && other != 0 && (limit.low ? value >= other : value <= other)) {
+    double value = limit.end();
+    if (!askaxislimit(limit.lead, limit.axis, value)) return false;
+    if (limit.lower ? limitscross(value, session.*limit.high) : limitscross(session.*limit.low, value)) {
         tell(Word::Lower, " >= ", Word::Upper);
         return false;
     }
-    return std::exchange(session.*limit.at, value) != value;
+    return std::exchange(limit.end(), value) != value;
 }
 
 template <std::size_t Which>
@@ -78,11 +73,7 @@ bool askall() {
 template <std::size_t Which>
 void appendlimit(std::string& text) {
     const LimitPlace& limit = limitPlaces[Which];
-    const double value = session.*limit.at;
-    if (value == 0)
-        append(text, Word::Automatic);
-    else
-        appendshown(text, limit.probability ? value * yfactor() : value);
+    appendaxislimit(text, limit.axis, limit.end());
 }
 
 constexpr Item limitItems[] = {
@@ -201,11 +192,11 @@ bool getlabels() {
 bool savelabels() {
     if (!withlabelfile(Word::Save, [](const FilePage& page) { return platform->prompts().savefile(page); }))
         return false;
-    std::string name = session.msg;
-    if (nameof(name).find('.') == std::string::npos) name += ".lbl";
+    const auto name = extendedname(session.msg, ".lbl");
+    if (!name) return false;
     const Keep keep{session.u, session.fileName, session.resultsDirty};
     session.u = labelsWanted;
-    datafilesave(name);
+    datafilesave(*name);
     return false;
 }
 

@@ -183,6 +183,10 @@ constexpr Item languageItems[] = {
 constexpr PlaceOf languagePlaces[] = {placeof<&S::exportDecimal>, placeof<&S::dateFormat, 0>,
                                       placeof<&S::dateFormat, 1>, placeof<&S::dateFormat, 2>};
 
+Held languagestate() { return {{}, session.languageFile}; }
+
+void putlanguage(const Held& held) { takelanguage(held.text); }
+
 // ---- information display ----
 
 constexpr Item informationItems[] = {
@@ -248,7 +252,7 @@ constexpr char arial[] = "Arial", calibri[] = "Calibri", courier[] = "Courier Ne
 
 bool typefont() {
     compose(session.msg, Word::Font, " ", Word::Name);
-    textprompt();
+    textprompt(session.fontName);
     if (session.msg == noAnswerText || session.msg.empty() || session.msg == session.fontName) return false;
     session.fontName = session.msg;
     if (platform) platform->window().retitle();
@@ -273,7 +277,7 @@ constexpr Item fontItems[] = {
 /// Start folder of the file dialogs; one that is not there is refused.
 bool datafolder() {
     compose(session.msg, Word::Data, " ", Word::Path);
-    textprompt();
+    textprompt(session.dataPath);
     if (session.msg == noAnswerText || session.msg.empty()) return false;
     const std::string folder = withbackslash(ownpath(session.msg));
     if (folder == session.dataPath) return false;
@@ -348,7 +352,9 @@ constexpr Page pages[] = {
     {.page = OptionPage::language,
      .title = {Word::Language, " - ", Word::Display},
      .items = languageItems,
-     .also = languagePlaces},
+     .also = languagePlaces,
+     .keep = languagestate,
+     .restore = putlanguage},
     {OptionPage::informationDisplay, {Word::Information, Word::Display}, informationItems},
     {OptionPage::color, {Word::Color}, colorItems},
     {OptionPage::font, {Word::Font}, fontItems},

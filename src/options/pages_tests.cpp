@@ -35,17 +35,22 @@ bool plan() {
 
 constexpr Item planningItems[] = {
     pageitem('B', {Word::Test, Word::Setup}, OptionPage::testSetup),
-    actionitem('D', {"Sudden-Death", Word::Test, Word::Time}, plan<suddendeath>),
+    actionitem('D', {"Sudden-Death", Word::Test, Word::Time}, plan<suddendeath>).oncalculated(),
     pageitem('F', {Word::Find, Word::In, Word::Test}, OptionPage::findInTestPlan),
-    actionitem('S', {"Sica-Luko", Word::Test, Word::Correction}, plan<sicaluko>),
-    actionitem('U', {Word::Additional, Word::Usage, "/", Word::Test, Word::Time}, plan<testcalc>),
+    actionitem('S', {"Sica-Luko", Word::Test, Word::Correction}, plan<sicaluko>).oncalculated(),
+    actionitem('U', {Word::Additional, Word::Usage, "/", Word::Test, Word::Time}, plan<testcalc>)
+        .oncalculated(),
     exititem('X', {Word::Exit}),
 };
 
 // ---- a test without failures ----
 
-/// Slope of the plan: the one given, else that of the set; 0 for none.
-double planslope() { return session.planSlope > 0 ? session.planSlope : knownslope(plannedset()); }
+/// Slope of the plan: the one given, else that of the set; 0 for none. Only a Weibull line has a slope: the
+/// spread of another family says nothing of a plan.
+double planslope() {
+    if (session.planSlope > 0) return session.planSlope;
+    return session.dist == weibull ? knownslope(plannedset()) : 0;
+}
 
 void appendslope(std::string& text) {
     if (planslope() > 0)
@@ -188,8 +193,8 @@ void appendboth(std::string& text) {
     appendshown(text, session.processUpper);
 }
 
-/// Share of the population beyond a limit, and the distance of the limit as a normal deviate. A shift moves
-/// the limit nearer by so many standard deviations. ISO 22514-2: indices of any distribution by its shares.
+/// Share of the population beyond a limit, and the distance of the limit as a normal deviate. ISO 22514-2:
+/// indices of any distribution by its shares.
 struct Beyond {
     double share = 0, deviate = std::numeric_limits<double>::infinity();
 };
@@ -200,23 +205,35 @@ Beyond beyond(double at, bool below) {
     txx2pd();
     const double tail = below ? session.ud : session.udq;
     const double smallest = std::numeric_limits<double>::min();
-    const double deviate = -normquantile(std::clamp(tail, smallest, 1 - 1e-16)) - session.processShift;
+    const double deviate = -normquantile(std::clamp(tail, smallest, 1 - 1e-16));
     return {normsf(deviate), deviate};
 }
 
-/// Tells shares and index of the set in hand.
+/// Moves the mean by so many standard deviations towards the nearer limit, and so off the other one.
+void shiftmean(Beyond& low, Beyond& high) {
+    Beyond& nearer = low.deviate < high.deviate ? low : high;
+    Beyond& farther = &nearer == &low ? high : low;
+    nearer.deviate -= session.processShift;
+    farther.deviate += session.processShift;
+    nearer.share = normsf(nearer.deviate);
+    farther.share = normsf(farther.deviate);
+}
+
+/// Tells shares and index of the set in hand; nothing where there is no limit.
 bool capability() {
     const int k = plannedset();
-    if (session.setFitted(k) != 1 || (!given(session.processLower) && !given(session.processUpper))) {
-        tell(Word::No, " ", session.setFitted(k) != 1 ? Word::Data : Word::Limit);
+    if (!given(session.processLower) && !given(session.processUpper)) return false;
+    if (session.setFitted(k) != 1) {
+        tell(Word::No, " ", Word::Data);
         return false;
     }
     const Keep keep{session.eta, session.beta};
     const auto row = static_cast<int>(rowofset(static_cast<float>(k)));
     session.eta = session.etaFit(row, 1);
     session.beta = session.betaFit(row, 1);
-    const Beyond low = beyond(session.processLower, true);
-    const Beyond high = beyond(session.processUpper, false);
+    Beyond low = beyond(session.processLower, true);
+    Beyond high = beyond(session.processUpper, false);
+    if (session.processShift != 0) shiftmean(low, high);
     std::string parts, index;
     appendshown(parts, 1e6 * (low.share + high.share), 6);
     appendshown(index, std::min(low.deviate, high.deviate) / 3, 6);
@@ -229,7 +246,7 @@ bool capability() {
 }
 
 constexpr Item processItems[] = {
-    actionitem('A', {Word::Activate}, capability),
+    acceptitem('A', {Word::Activate}, capability),
     actionitem('D', {Word::Double, Word::Limit}, bothlimits).shows(appendboth),
     actionitem('L', {Word::Lower, Word::Limit, Word::Only}, onlylimit<true>).shows(appendlimit<true>),
     actionitem('U', {Word::Upper, Word::Limit, Word::Only}, onlylimit<false>).shows(appendlimit<false>),
@@ -239,11 +256,22 @@ constexpr Item processItems[] = {
     exititem('X', {Word::Cancel, "...", Word::Exit}),
 };
 
+Held limits() { return {{session.processLower, session.processUpper}, {}}; }
+
+void putlimits(const Held& held) {
+    session.processLower = held.numbers[0];
+    session.processUpper = held.numbers[1];
+}
+
 constexpr Page pages[] = {
     {OptionPage::testPlanning, {Word::Test, "/", Word::Usage, Word::Requirement}, planningItems},
     {OptionPage::testSetup, {Word::Test, Word::Setup}, setupItems},
     {OptionPage::findInTestPlan, {Word::Find, Word::In, Word::Test}, findItems},
-    {OptionPage::processLimits, {Word::Process, Word::Limit}, processItems},
+    {.page = OptionPage::processLimits,
+     .title = {Word::Process, Word::Limit},
+     .items = processItems,
+     .keep = limits,
+     .restore = putlimits},
 };
 
 } // namespace

@@ -37,6 +37,7 @@ struct TextPage {
     std::string_view header;
     std::string_view lead;
     std::span<const std::string> recent;
+    std::string_view value = {}; ///< text that the entry opens with
 };
 
 /// A value chosen between two ends.

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -9,13 +10,16 @@
 #include <array>
 #include <cerrno>
 #include <charconv>
+#include <chrono>
+#include <thread>
 #include <utility>
 
 #include "platform/paths.h"
 
 namespace {
 
-constexpr int patience = 60000; ///< ms that a device may take nothing
+constexpr int patience = 60000;                   ///< ms that a device may take nothing
+constexpr std::chrono::seconds drainPatience(10); ///< that a line may send nothing at the end
 
 struct PortDevice {
     std::string_view name;
@@ -72,6 +76,29 @@ tcflag_t parityflags(char parity) {
     case 'S': return PARENB | CMSPAR;
     case 'M': return PARENB | CMSPAR | PARODD;
     default: return 0;
+    }
+}
+
+/// Waits until the line has sent what it took, as long as it sends at all: a close would throw the rest away,
+/// and tcdrain alone waits for ever where a plotter holds the flow off. True when all is out; a device that
+/// is no line has nothing to wait for.
+bool drained(int line, std::chrono::milliseconds waitAtMost) {
+    using Clock = std::chrono::steady_clock;
+    constexpr auto step = std::chrono::milliseconds(20);
+    if (::isatty(line) == 0) return true;
+    int left = -1;
+    for (Clock::time_point progress = Clock::now();;) {
+        int waiting = 0;
+        if (::ioctl(line, TIOCOUTQ, &waiting) != 0) return false;
+        if (waiting == 0) return tcdrain(line) == 0;
+        if (waiting != left) progress = Clock::now();
+        if (Clock::now() - progress > waitAtMost) {
+            ::tcflush(line, TCOFLUSH); // or the close itself would wait for it
+            errno = ETIMEDOUT;
+            return false;
+        }
+        left = waiting;
+        std::this_thread::sleep_for(step);
     }
 }
 
@@ -157,7 +184,11 @@ bool PortSink::write(std::string_view text) {
 
 bool PortSink::commit() {
     if (line < 0) return false;
-    return ::close(std::exchange(line, -1)) == 0;
+    const bool sent = drained(line, drainPatience);
+    const int why = errno;
+    const bool closed = ::close(std::exchange(line, -1)) == 0;
+    if (!sent) errno = why;
+    return sent && closed;
 }
 
 void PortSink::drop() {

@@ -1,6 +1,7 @@
 #include "shell/commandactions.h"
 
 #include "data/datafileoptions.h"
+#include "options/limits.h"
 #include "platform/platform.h"
 #include "session/opendata.h"
 #include "session/session.h"
@@ -31,20 +32,6 @@ char picked() {
 
 void showhelp() {
     if (platform) platform->window().showview(ViewTab::help);
-}
-
-/// Asks for one end of an axis. False on a cancel; 0 leaves it to the plot.
-bool asklimit(const char* axis, Word end, double& limit) {
-    const Keep keep{session.promptKind};
-    session.promptKind = 1;
-    session.promptMin = static_cast<float>(noLowLimit);
-    session.promptMax = noHighLimit;
-    session.ud = limit;
-    compose(session.msg, axis, "-", Word::PlotScale, " ", end, " (0 = ", Word::Automatic, ")");
-    numberprompt();
-    if (session.ud == noAnswer) return false;
-    limit = session.ud;
-    return true;
 }
 
 } // namespace
@@ -123,11 +110,11 @@ void rangechange() {
     compose(session.msg, "X-", Word::Range, " + Y-", Word::Range, " ", Word::Change);
     statusline();
     if (platform) platform->window().repaintplot();
-    const bool answered =
-        asklimit("X", Word::Minimum, wanted.xLow) && asklimit("X", Word::Maximum, wanted.xHigh)
-        && asklimit("Y", Word::Minimum, wanted.yLow) && asklimit("Y", Word::Maximum, wanted.yHigh);
-    const auto backwards = [](double low, double high) { return low != 0 && high != 0 && low >= high; };
-    if (answered && (backwards(wanted.xLow, wanted.xHigh) || backwards(wanted.yLow, wanted.yHigh))) {
+    const bool answered = askaxislimit({"X-", Word::PlotScale, Word::Minimum}, LimitAxis::x, wanted.xLow)
+                          && askaxislimit({"X-", Word::PlotScale, Word::Maximum}, LimitAxis::x, wanted.xHigh)
+                          && askaxislimit({"Y-", Word::PlotScale, Word::Minimum}, LimitAxis::y, wanted.yLow)
+                          && askaxislimit({"Y-", Word::PlotScale, Word::Maximum}, LimitAxis::y, wanted.yHigh);
+    if (answered && (limitscross(wanted.xLow, wanted.xHigh) || limitscross(wanted.yLow, wanted.yHigh))) {
         compose(session.msg, Word::Range, " ", Word::Not, " ", Word::Possible, ": ", Word::Minimum,
                 " >= ", Word::Maximum);
         tellok();

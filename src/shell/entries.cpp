@@ -94,12 +94,14 @@ void numberprompt() { asknumber(false); }
 
 void numberpromptonplot() { asknumber(true); }
 
-void textprompt() {
+void textprompt() { textprompt({}); }
+
+void textprompt(std::string_view present) {
     std::optional<std::string> typed;
     if (!scriptmode() && platform) {
         const std::string header = headertext();
         const std::string lead = words(session.msg);
-        typed = platform->prompts().text({header, lead, session.recentTexts});
+        typed = platform->prompts().text({header, lead, session.recentTexts, present});
     }
     if (typed) remember(*typed);
     session.msg = typed.value_or(noAnswerText);

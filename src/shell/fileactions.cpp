@@ -19,6 +19,7 @@
 #include "shell/grid.h"
 #include "shell/gridedit.h"
 #include "shell/prompts.h"
+#include "shell/savename.h"
 #include "shell/shellbusy.h"
 #include "shell/words.h"
 
@@ -153,7 +154,9 @@ bool savefileas() {
     if (!platform) return false;
     const std::string header = phrase(Word::Save, " ", Word::Active, " ", Word::Data, " + ", Word::Results);
     const auto chosen = platform->prompts().savefile({header, saveFilter(), dialogfolder(), proposedname()});
-    return chosen && saveto(*chosen);
+    if (!chosen) return false;
+    const auto name = extendedname(*chosen, session.progSide == lifeSide ? ".w" : ".v");
+    return name && saveto(*name);
 }
 
 bool savefile() { return hasownfile() ? saveto(session.fileName) : savefileas(); }

@@ -16,6 +16,7 @@
 #include "session/scriptoutput.h"
 #include "session/session.h"
 #include "shell/prompts.h"
+#include "shell/savename.h"
 #include "shell/words.h"
 
 namespace {
@@ -85,7 +86,7 @@ bool printtext(Word header, const std::string& text) {
 }
 
 /// Name of a file to save to, in the program's own form; the extension is put on where there is none. Nothing
-/// on a cancel.
+/// on a cancel, and where a file of that name is to stay.
 std::optional<std::string> savename(Word what, const char* filter, const char* extension) {
     if (!platform) return std::nullopt;
     std::string header;
@@ -93,9 +94,7 @@ std::optional<std::string> savename(Word what, const char* filter, const char* e
     const std::string folder = nativepath(session.dataPath);
     const auto native = platform->prompts().savefile({header, filter, folder});
     if (!native || native->empty()) return std::nullopt;
-    std::string name = ownpath(*native);
-    if (nameof(name).find('.') == std::string::npos) name += extension;
-    return name;
+    return extendedname(ownpath(*native), extension);
 }
 
 bool savetext(Word what, const std::string& text) {

@@ -39,6 +39,7 @@ void numberprompt();
 void numberpromptonplot(); ///< the same, standing over the plot
 
 void textprompt(); ///< text entry: msg is the lead, then the typed text, or noAnswerText on cancel
+void textprompt(std::string_view present); ///< the same, opened with the present text
 void slidershow(); ///< a value between promptMin and promptMax: u in and out; noAnswer on cancel
 void colorpick();  ///< a colour of the palette: its number in u, in and out; noAnswer on cancel
 

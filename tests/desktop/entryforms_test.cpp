@@ -144,6 +144,19 @@ TEST_F(EntryForms, ATextIsTypedOrTakenFromTheList) {
     EXPECT_EQ(session.msg, "Pump x7_a");
 }
 
+TEST_F(EntryForms, ATextOpensSelectedWithThePresentOne) {
+    onform([](QDialog& form) {
+        auto* combo = form.findChild<QComboBox*>();
+        EXPECT_EQ(combo->lineEdit()->selectedText(), QStringLiteral("former"));
+        QTest::keyClick(combo->lineEdit(), Qt::Key_End);
+        QTest::keyClicks(combo->lineEdit(), QStringLiteral(" one"));
+        QTest::keyClick(combo->lineEdit(), Qt::Key_Return);
+    });
+    session.msg = "Title";
+    textprompt("former");
+    EXPECT_EQ(session.msg, "former one");
+}
+
 TEST_F(EntryForms, CancelOfATextGivesTheSentinel) {
     press(Qt::Key_Escape);
     session.msg = "Title";

@@ -156,7 +156,7 @@ TEST_F(Paper, WithoutAPrinterThePlotGoesIntoAPdfFile) {
     EXPECT_TRUE(QFile::exists(file));
     EXPECT_FALSE(QFile::exists(file + QStringLiteral(".part")));
     press(Qt::Key_Escape);
-    EXPECT_EQ(desktop.printer()->printtext("Header", "text"), PrintEnd::noPrinter);
+    EXPECT_EQ(desktop.printer()->printtext("Header", "text"), PrintEnd::cancelled);
 }
 
 } // namespace

@@ -1,10 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <string>
 
 #include "options/page.h"
 #include "options/pages.h"
 #include "session/former.h"
+#include "shell/prompts.h"
+#include "shell/prompttext.h"
 #include "support/lifefixture.h"
 #include "support/scriptedplatform.h"
 #include "support/workfolder.h"
@@ -146,6 +150,48 @@ TEST_F(AnalysisPages, ALevelIsSplitBetweenTheSides) {
     }
 }
 
+TEST_F(AnalysisPages, ALevelIsAskedWithWhatIsInForce) {
+    const auto preset = [&](OptionPage page, char letter, std::optional<std::string> typed) {
+        ScriptedPlatform shown;
+        shown.expectkey("", letter);
+        shown.expectnumber("Confidence %", std::move(typed));
+        if (page == OptionPage::confidence) keys(shown, "A");
+        optionpage(page);
+        return shown.shown[1].value;
+    };
+    session.confMethod = fisherBounds;
+    session.confLow = 40;
+    session.confHigh = 60;
+    EXPECT_EQ(preset(OptionPage::limitKind, 'D', std::nullopt), "20");
+    session.confLow = 5;
+    session.confHigh = 95;
+    EXPECT_EQ(preset(OptionPage::limitKind, 'A', std::nullopt), "95");
+    EXPECT_EQ(preset(OptionPage::confidence, 'E', "97.5"), "95");
+    EXPECT_FLOAT_EQ(session.confLow, 2.5f);
+    EXPECT_FLOAT_EQ(session.confHigh, 97.5f);
+}
+
+TEST_F(AnalysisPages, ASinglePointGivesTheBoundsBackThatItTook) {
+    struct Case {
+        int16_t method, automatic;
+        float low, high;
+    };
+    for (const Case& one : {Case{noBounds, 0, 0, 0}, Case{noBounds, 1, 10, 90}, Case{fisherBounds, 0, 5, 0},
+                            Case{likelihoodBounds, 1, 5, 95}}) {
+        session.confMethod = one.method;
+        session.confAuto = one.automatic;
+        session.confLow = one.low;
+        session.confHigh = one.high;
+        EXPECT_TRUE(press(OptionPage::bounds, "SA"));
+        EXPECT_LT(session.confMethod, 0);
+        press(OptionPage::bounds, "SA");
+        EXPECT_EQ(session.confMethod, one.method);
+        EXPECT_EQ(session.confAuto, one.automatic);
+        EXPECT_EQ(session.confLow, one.low);
+        EXPECT_EQ(session.confHigh, one.high);
+    }
+}
+
 TEST_F(AnalysisPages, ABoundMethodIsListedAndMakesBounds) {
     life({"150", "230", "310", "420", "510"});
     ScriptedPlatform shown;
@@ -194,6 +240,45 @@ TEST_F(AnalysisPages, ZoomLimitsAreAskedInPercentAndMayNotCross) {
     EXPECT_EQ(session.yLimitHigh, 0);
 }
 
+TEST_F(AnalysisPages, AYLimitIsAskedInTheUnitOfItsAxis) {
+    struct Case {
+        int16_t kind, function;
+        const char* unit;
+        const char* typed;
+        double held;
+    };
+    for (const Case& one : {Case{occurrencePercent, 0, "Y-Lower [%]", "5", 0.05},
+                            Case{reliabilityPercent, 0, "Y-Lower [%]", "95", 0.05},
+                            Case{occurrenceProbability, 0, "Y-Lower [0 - 1]", "0.05", 0.05},
+                            Case{reliabilityProbability, 0, "Y-Lower [0 - 1]", "0.95", 0.05},
+                            Case{occurrencePerThousand, 0, "Y-Lower [/ 1000]", "50", 0.05},
+                            Case{reliabilityPerThousand, 0, "Y-Lower [/ 1000]", "950", 0.05},
+                            Case{occurrencePercent, 'H', "Y-Lower (0 =", "250", 250}}) {
+        session.yScaleKind = one.kind;
+        session.functionPlot = one.function;
+        session.yLimitLow = 0;
+        session.yLimitHigh = one.function != 0 ? 1000 : 0.9;
+        ScriptedPlatform shown;
+        shown.expectkey("", '3');
+        shown.expectnumber(one.unit, one.typed);
+        shown.expectkey("", '3');
+        shown.expectnumber(one.unit, one.typed);
+        shown.expectkey("", 'X');
+        EXPECT_TRUE(optionpage(OptionPage::zoomLimit));
+        EXPECT_NEAR(session.yLimitLow, one.held, 1e-12) << one.unit;
+        EXPECT_EQ(std::stod(shown.shown[3].value), std::stod(one.typed));
+    }
+    session.functionPlot = 0;
+    session.yScaleKind = reliabilityPercent;
+    session.yLimitLow = 0.05;
+    ScriptedPlatform shown;
+    shown.expectkey("", '4');
+    shown.expectnumber("Y-Upper [%]", "97");
+    shown.expectmessage("Lower >= Upper");
+    shown.expectkey("", 'X');
+    optionpage(OptionPage::zoomLimit);
+}
+
 TEST_F(AnalysisPages, ASetIsHiddenAndShownAgain) {
     sets({{"150", "230", "310"}, {"20", "30", "45"}});
     EXPECT_TRUE(press(OptionPage::zoom, "SBXX"));
@@ -221,6 +306,42 @@ TEST_F(AnalysisPages, TheCalculatorAgreesWithPublishedTables) {
     EXPECT_NEAR(resultof(told(page, 'N', {"100", "1"}), "Cv (%)"), 100, 1e-7);
     EXPECT_NEAR(resultof(told(page, 'N', {"100", "2"}), "Mean"), 50 * std::sqrt(3.14159265358979), 1e-6);
     EXPECT_NEAR(resultof(told(page, 'M', {"88.6226925", "2"}), "Eta"), 100, 1e-6);
+}
+
+// The terms by their definition, in the wider arithmetic of logarithms summed factor by factor.
+TEST_F(AnalysisPages, AProbabilityOfOneCountKeepsItsDigitsFarOut) {
+    const auto logfactorial = [](int n) {
+        long double sum = 0;
+        for (int i = 2; i <= n; ++i) sum += std::log(static_cast<long double>(i));
+        return sum;
+    };
+    const auto close = [](double result, long double logarithm) {
+        const auto expected = static_cast<double>(std::exp(logarithm));
+        EXPECT_NEAR(result, expected, 1e-8 * expected);
+    };
+    const OptionPage page = OptionPage::calculator;
+    close(resultof(told(page, 'B', {"100", "40", "10"}), "P (X = x)"),
+          logfactorial(100) - logfactorial(40) - logfactorial(60) + 40 * std::log(0.1L)
+              + 60 * std::log(0.9L));
+    close(resultof(told(page, 'P', {"100000", "100500"}), "P (X = x)"),
+          100000 * std::log(100500.0L) - 100500 - logfactorial(100000));
+    EXPECT_EQ(resultof(told(page, 'B', {"10", "11", "50"}), "P (X = x)"), 0);
+}
+
+// Var(ln T) of a Weibull line is (pi / (slope sqrt 6))^2, which the variation of a steep one tends to; the
+// next term of the series is -zeta(3) / zeta(2) / slope, 0.7307629695.
+TEST_F(AnalysisPages, TheVariationOfASteepLineKeepsItsDigits) {
+    const double limit = 100 * 3.14159265358979 / std::sqrt(6.0);
+    const double expected = limit / 1e6 * (1 - 0.7307629695e-6);
+    EXPECT_NEAR(resultof(told(OptionPage::calculator, 'N', {"1", "1000000"}), "Cv (%)"), expected,
+                1e-8 * expected);
+    // Either side of the change to the series: ln Gamma differences in the wider arithmetic.
+    for (const char* const slope : {"49", "50"}) {
+        const long double z = 1 / static_cast<long double>(std::stoi(slope));
+        const auto cv =
+            static_cast<double>(100 * std::sqrt(std::expm1(std::lgamma(1 + 2 * z) - 2 * std::lgamma(1 + z))));
+        EXPECT_NEAR(resultof(told(OptionPage::calculator, 'N', {"1", slope}), "Cv (%)"), cv, 1e-8 * cv);
+    }
 }
 
 // Abernethy, The New Weibull Handbook, ch. 6: with slope 1 and one item, ln 2 of the scale for a median
@@ -257,7 +378,6 @@ TEST_F(AnalysisPages, AProcessIndexIsThatOfTheNormalLine) {
     ScriptedPlatform shown;
     shown.expectkey("", 'A');
     shown.expectmessage("");
-    shown.expectkey("", 'X');
     optionpage(OptionPage::processLimits);
     // Phi(-3) + Phi(-4) = 1.349898e-3 + 3.167124e-5; the nearer limit is three deviations off.
     EXPECT_NEAR(resultof(shown.shown[1].text, "PPM"), 1349.898 + 31.67124, 0.01);
@@ -272,16 +392,121 @@ TEST_F(AnalysisPages, ProcessLimitsStandOnTheirOwnOrAsAPair) {
     shown.expectkey("", 'D');
     shown.expectnumber("Lower Limit", "30");
     shown.expectnumber("Upper Limit", std::nullopt);
-    shown.expectkey("", 'X');
+    shown.expectkey("", 'A');
+    shown.expectmessage("No Data");
     optionpage(OptionPage::processLimits);
     EXPECT_EQ(session.processLower, 10);
     EXPECT_EQ(session.processUpper, 20) << "a pair given up leaves the former one";
     shown.expectkey("", 'U');
     shown.expectnumber("Upper Limit", "25");
-    shown.expectkey("", 'X');
-    optionpage(OptionPage::processLimits);
+    shown.expectkey("", 'A');
+    shown.expectmessage("No Data");
+    EXPECT_TRUE(optionpage(OptionPage::processLimits));
     EXPECT_EQ(session.processLower, noAnswer);
     EXPECT_EQ(session.processUpper, 25);
+    shown.expectkey("", 'L');
+    shown.expectnumber("Lower Limit", "1");
+    shown.expectkey("", 'X');
+    EXPECT_FALSE(optionpage(OptionPage::processLimits));
+    EXPECT_EQ(session.processLower, noAnswer) << "the exit is a cancel";
+    EXPECT_EQ(session.processUpper, 25);
+}
+
+// Six deviations to either side and a mean shifted by 1.5: Phi(-4.5) + Phi(-7.5) = 3.3976731e-6 + 3.2e-14.
+TEST_F(AnalysisPages, AShiftOfTheMeanBringsOneLimitNearerAndTheOtherFarther) {
+    choose(normal);
+    choosemethod(maximumLikelihood);
+    life({"8", "9", "10", "11", "12"});
+    const Fit line = fit();
+    session.processLower = line.eta - 6 * line.beta;
+    session.processUpper = line.eta + 6 * line.beta;
+    session.processShift = 1.5;
+    ScriptedPlatform shown;
+    shown.expectkey("", 'A');
+    shown.expectmessage("");
+    optionpage(OptionPage::processLimits);
+    EXPECT_NEAR(resultof(shown.shown[1].text, "PPM"), 3.3976731, 1e-4);
+    EXPECT_NEAR(resultof(shown.shown[1].text, "Ppk"), 1.5, 1e-5);
+}
+
+TEST_F(AnalysisPages, WhatAnotherPageChangedStaysAndIsCalculated) {
+    session.fixedSlope = 2;
+    EXPECT_TRUE(press(OptionPage::weibayes, "ZLXX"));
+    EXPECT_EQ(session.dist, lognormal);
+    EXPECT_EQ(session.fixedSlope, 0) << "the slope was that of the Weibull line";
+}
+
+TEST_F(AnalysisPages, AnExitOfTheThresholdPageGivesEverySetItsOwnBack) {
+    sets({{"150", "230", "310"}, {"20", "30", "45"}});
+    session.t0(1) = 5;
+    session.t0(2) = 7;
+    session.findThreshold = 0;
+    ScriptedPlatform shown;
+    shown.expectkey("", 'T');
+    shown.expectnumber("t0", "3");
+    shown.expectkey("", 'X');
+    EXPECT_FALSE(optionpage(OptionPage::threshold));
+    EXPECT_EQ(session.t0(1), 5);
+    EXPECT_EQ(session.t0(2), 7);
+    keys(shown, "NX");
+    EXPECT_FALSE(optionpage(OptionPage::threshold));
+    EXPECT_EQ(session.t0(2), 7);
+    session.findThreshold = 1;
+    keys(shown, "NX");
+    EXPECT_FALSE(optionpage(OptionPage::threshold));
+    EXPECT_EQ(session.findThreshold, 1);
+    keys(shown, "NA");
+    EXPECT_TRUE(optionpage(OptionPage::threshold));
+    EXPECT_EQ(session.t0(2), 0);
+}
+
+TEST_F(AnalysisPages, TheThresholdOfferedLeavesSetsThatDiffer) {
+    sets({{"150", "230", "310"}, {"20", "30", "45"}});
+    session.t0(1) = 2.7f;
+    session.t0(2) = 7;
+    session.findThreshold = 0;
+    ScriptedPlatform shown;
+    shown.expectkey("", 'T');
+    shown.expectnumber("t0", "2.7");
+    shown.expectkey("", 'A');
+    EXPECT_FALSE(optionpage(OptionPage::threshold));
+    EXPECT_EQ(shown.shown[1].value, "2.7");
+    EXPECT_EQ(session.t0(2), 7);
+    std::string variable;
+    compose(variable, "T...t0 = ", Word::Variable);
+    const auto& items = shown.shown.back().items;
+    EXPECT_NE(std::find(items.begin(), items.end(), cleaned(variable)), items.end());
+}
+
+TEST_F(AnalysisPages, OnlyAWeibullLineGivesAPlanItsSlope) {
+    choose(lognormal);
+    life({"150", "230", "310", "420", "510"});
+    session.planLife = 100;
+    ScriptedPlatform shown;
+    shown.expectkey("", 'L');
+    shown.expectmessage("Beta <= 0");
+    shown.expectkey("", 'X');
+    optionpage(OptionPage::findInTestPlan);
+    choose(weibull);
+    calcplot();
+    shown.expectkey("", 'L');
+    shown.expectmessage("Test Time");
+    shown.expectkey("", 'X');
+    optionpage(OptionPage::findInTestPlan);
+}
+
+TEST_F(AnalysisPages, AReportThatAPageWroteOutlivesItsChanges) {
+    life({"150", "230", "310", "420", "510"});
+    ScriptedPlatform shown;
+    keys(shown, "BC");
+    shown.expectnumber("Confidence", "80");
+    keys(shown, "AD");
+    shown.expectnumber("", "5");
+    shown.expectnumber("", "100");
+    keys(shown, "X");
+    if (optionpage(OptionPage::testPlanning)) calcplot();
+    EXPECT_EQ(session.planConfidence, 80);
+    EXPECT_NE(session.reportBuffer.find("Sudden"), std::string::npos) << session.reportBuffer;
 }
 
 TEST_F(AnalysisPages, AnAnalysisBeyondTheFitShowsTheReport) {

@@ -202,6 +202,46 @@ TEST_F(Pages, ANumberIsAskedAgainUntilItIsWithinItsLimits) {
         }
 }
 
+TEST_F(Pages, ANumberRefusedIsAskedAgainWithItsLimits) {
+    desktop.expectkey("", 'P');
+    desktop.expectnumber("", "101");
+    desktop.expectnumber("(0 ... 100)", "50");
+    desktop.expectkey("", 'X');
+    optionpage(OptionPage::extendedOptions);
+}
+
+TEST_F(Pages, ANumberInSinglePrecisionIsOfferedAsItIsShown) {
+    session.fixedSlope = 2.7f;
+    desktop.expectkey("", 'B');
+    desktop.expectnumber("", "2.7");
+    desktop.expectkey("", 'A');
+    EXPECT_FALSE(optionpage(OptionPage::weibayes));
+    EXPECT_EQ(desktop.shown[1].value, "2.7");
+    EXPECT_EQ(session.fixedSlope, 2.7f);
+}
+
+TEST_F(Pages, ATextIsOfferedForACorrection) {
+    session.equationsName = "former";
+    desktop.expectkey("", 'A');
+    desktop.expecttext("", "former one");
+    desktop.expectkey("", '1');
+    EXPECT_TRUE(optionpage(OptionPage::analysisEquations));
+    EXPECT_EQ(desktop.shown[1].value, "former");
+    EXPECT_EQ(session.equationsName, "former one");
+}
+
+TEST_F(Pages, ALongListGoesOnWithDigits) {
+    std::vector<std::string> entries;
+    for (int i = 0; i < 40; ++i) entries.push_back("entry " + std::to_string(i));
+    desktop.expectkey("", 'W');
+    EXPECT_EQ(choosefrom("list", entries), 22);
+    desktop.expectkey("", '2');
+    EXPECT_EQ(choosefrom("list", entries), 24);
+    desktop.expectkey("", 'X');
+    EXPECT_EQ(choosefrom("list", entries), -1);
+    EXPECT_EQ(desktop.shown.back().items.size(), 33u);
+}
+
 TEST_F(Pages, ACancelledNumberChangesNothing) {
     for (const Page* const page : tables())
         for (const Item& item : page->items) {

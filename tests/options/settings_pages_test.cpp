@@ -72,13 +72,18 @@ TEST_F(SettingsPages, TheSizeExponentStaysWithinOneAndTen) {
 TEST_F(SettingsPages, ALanguageIsOfferedWhenItsFileIsThere) {
     desktop.machine.present.insert(session.programPath + "VXLNGDEU.TXT");
     desktop.machine.present.insert(session.programPath + "VXLNGENG.TXT");
-    keys("LBX"); // English stands first in the list; the page comes again, in the language
-    EXPECT_TRUE(optionpage(OptionPage::language)) << "a language stays, whatever takes leave of the page";
+    keys("LBA"); // English stands first in the list; the page comes again, in the language
+    EXPECT_TRUE(optionpage(OptionPage::language));
     EXPECT_EQ(session.languageFile, "VXLNGDEU.TXT");
     EXPECT_EQ(desktop.shown[1].items.size(), 3u) << "English, German, exit";
     EXPECT_EQ(item('L'), "L...Sprache = Deutsch");
     EXPECT_EQ(desktop.windowCalls, std::vector<std::string>{"retitle"});
     keys("MX");
+    EXPECT_FALSE(optionpage(OptionPage::language)) << "the exit gives the language back";
+    EXPECT_EQ(session.languageFile, "VXLNGDEU.TXT");
+    EXPECT_NE(word(Word::Language), "Language");
+    EXPECT_EQ(desktop.windowCalls, (std::vector<std::string>(3, "retitle"))) << "and shows it";
+    keys("MA");
     EXPECT_TRUE(optionpage(OptionPage::language));
     EXPECT_EQ(session.languageFile, "");
     EXPECT_EQ(item('L'), "L...Language = English");
@@ -198,6 +203,24 @@ TEST_F(SettingsPages, PortSettingsShowAndParityStaysWithItsLine) {
     EXPECT_TRUE(optionpage(OptionPage::ports));
     EXPECT_EQ(session.serialParity, 'S');
     EXPECT_EQ(session.outputPort, 1);
+}
+
+TEST_F(SettingsPages, ParityGivenUpGoesWithItsLine) {
+    session.serialParity = 'S';
+    const std::string line = session.serialLine;
+    keys("PBX");
+    EXPECT_FALSE(optionpage(OptionPage::ports));
+    EXPECT_EQ(session.serialParity, 'S');
+    EXPECT_EQ(session.serialLine, line);
+}
+
+TEST_F(SettingsPages, TheStandardPortLeavesFrameAndVelocityAlone) {
+    session.plotspeed = -35;
+    session.outputPort = 3;
+    keys("RA");
+    EXPECT_TRUE(optionpage(OptionPage::ports));
+    EXPECT_EQ(session.outputPort, 1);
+    EXPECT_EQ(session.plotspeed, -35);
 }
 
 TEST_F(SettingsPages, TheVelocityOfThePlotterLeavesTheFrameAlone) {

@@ -164,6 +164,16 @@ TEST_F(Commands, RangeTakesFourLimitsAndRefusesBackwardOnes) {
     EXPECT_EQ(session.xLimitLow, 10);
 }
 
+TEST_F(Commands, RangeOfAProbabilityAxisIsThatOfItsTicks) {
+    given({"150", "230", "310"});
+    for (const char* lead : {"X-Scale Minimum", "X-Scale Maximum"}) desk.expectnumber(lead, "0");
+    desk.expectnumber("Y-Scale Minimum [%]", "1");
+    desk.expectnumber("Y-Scale Maximum [%]", "99");
+    command(88);
+    EXPECT_DOUBLE_EQ(session.yLimitLow, 0.01);
+    EXPECT_DOUBLE_EQ(session.yLimitHigh, 0.99);
+}
+
 TEST_F(Commands, PreciseReadingGivesTheLineBothWays) {
     given({"150", "230", "310", "420"});
     const Fit line = fit();

@@ -56,6 +56,20 @@ TEST_F(FileActions, WhatWasActiveIsAFormerResultAfterAnOpen) {
     EXPECT_EQ(column(), (Cells{"150", "230", "310"}));
 }
 
+TEST_F(FileActions, ASaveThatOnlyTheExtensionBringsUponAFileIsAskedFor) {
+    given({"150", "230", "310"});
+    folder.write("pumps.w", "another's");
+    desk.machine.present.insert(folder.path("pumps.w"));
+    desk.expectfile("Save", folder.path("pumps"));
+    desk.expectkey("File Already Present", 'N');
+    EXPECT_FALSE(savefileas());
+    EXPECT_EQ(folder.text("pumps.w"), "another's");
+    desk.expectfile("Save", folder.path("pumps"));
+    desk.expectkey("File Already Present", 'Y');
+    EXPECT_TRUE(savefileas());
+    EXPECT_NE(folder.text("pumps.w"), "another's");
+}
+
 TEST_F(FileActions, TheFirstSaveAsksForANameAndTheNextDoesNot) {
     given({"150", "230", "310"});
     desk.expectfile("Save Active Data + Results", folder.path("bearings"));

@@ -9,6 +9,7 @@
 
 #include <string>
 
+#include "platform/paths.h"
 #include "platform/port.h"
 #include "plot/drawing.h"
 #include "session/opendata.h"
@@ -119,6 +120,22 @@ TEST_F(OutputTest, DataAndReportGoToTextFiles) {
     EXPECT_FALSE(put('E', shown));
 }
 
+TEST_F(OutputTest, AFileThatOnlyTheExtensionMeetsIsAskedFor) {
+    folder.write("list.txt", "another's");
+    ScriptedPlatform shown;
+    shown.machine.present.insert(ownpath(folder.path("list.txt")));
+    shown.expectfile("Save Data", folder.path("list"));
+    shown.expectkey("File Already Present", 'N');
+    EXPECT_FALSE(put('E', shown));
+    EXPECT_EQ(folder.text("list.txt"), "another's");
+    shown.expectfile("Save Data", folder.path("list"));
+    shown.expectkey("File Already Present", 'Y');
+    EXPECT_TRUE(put('E', shown));
+    EXPECT_EQ(folder.text("list.txt"), "150\n230\n310\n420\n510\n");
+    shown.expectfile("Save Data", folder.path("list.txt"));
+    EXPECT_TRUE(put('E', shown)) << "the dialog asked for this one";
+}
+
 TEST_F(OutputTest, PicturesGoToTheKindOfFileThatTheNameSays) {
     ScriptedPlatform shown;
     shown.expectfile("Save Picture", folder.path("plot.hgl"));
@@ -198,7 +215,7 @@ TEST(Port, ASerialLineTakesTextAsItComes) {
     ASSERT_TRUE(port.open(line.name));
     ASSERT_TRUE(port.write("IN;SP1;"));
     EXPECT_EQ(line.read(), "IN;SP1;") << "before the end of the plot";
-    EXPECT_TRUE(port.commit());
+    EXPECT_TRUE(port.commit()) << "the line has taken everything";
     EXPECT_FALSE(port.write("PU;")) << "closed";
 }
 

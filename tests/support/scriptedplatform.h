@@ -168,7 +168,9 @@ private:
         return answer(Kind::number, page.lead).typed;
     }
     std::optional<std::string> text(const TextPage& page) override {
-        show(page.header, page.lead).items.assign(page.recent.begin(), page.recent.end());
+        Shown& seen = show(page.header, page.lead);
+        seen.items.assign(page.recent.begin(), page.recent.end());
+        seen.value = page.value;
         return answer(Kind::text, page.lead).typed;
     }
     std::optional<double> slider(const SliderPage& page) override {

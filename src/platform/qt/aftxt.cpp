@@ -18,7 +18,8 @@ aftxt::aftxt(const TextPage& page, QWidget* parent)
     text->setMinimumContentsLength(charactersShown);
     for (const std::string& recent : page.recent) text->addItem(qs(recent));
     text->setCurrentIndex(-1);
-    text->clearEditText();
+    text->setEditText(qs(page.value));
+    text->lineEdit()->selectAll(); // a first key takes its place
     const QString lead = plainlead(page.lead).simplified();
     text->setAccessibleName(lead.isEmpty() ? plainlead(page.header).simplified() : lead);
     leadText->setBuddy(text);

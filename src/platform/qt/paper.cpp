@@ -1,16 +1,16 @@
 #include "platform/qt/paper.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QFontMetricsF>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QSaveFile>
 #include <QStringList>
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
 #include <functional>
 
 #include "platform/qt/filedialogs.h"
@@ -106,30 +106,34 @@ void drawpage(QPainter& painter, QSizeF size, const QString& header, const QStri
 
 // --- where it goes ---
 
+QString creator() { return QStringLiteral("OmniVANEX"); }
+
 /// Draws into a file that takes the place of the target once it is whole.
-PrintEnd printtofile(QPrinter& printer, const QString& target, const Draw& draw) {
-    const QString beside = target + QStringLiteral(".part");
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(beside);
-    std::error_code failed;
-    const std::filesystem::path from(utf8(beside)), to(utf8(target));
-    if (draw(printer) && std::filesystem::exists(from, failed)) {
-        std::filesystem::rename(from, to, failed);
-        if (!failed) return PrintEnd::printed;
+PrintEnd printtofile(QPageLayout::Orientation orientation, const QString& target, const Draw& draw) {
+    constexpr int dotsPerInch = 1200;
+    QSaveFile file(target);
+    if (!file.open(QIODevice::WriteOnly)) return PrintEnd::failed;
+    bool drawn = false;
+    {
+        QPdfWriter page(&file);
+        page.setCreator(creator());
+        page.setResolution(dotsPerInch);
+        page.setPageOrientation(orientation);
+        drawn = draw(page);
     }
-    std::filesystem::remove(from, failed);
-    return PrintEnd::failed;
+    if (!drawn) file.cancelWriting();
+    return file.commit() ? PrintEnd::printed : PrintEnd::failed;
 }
 
 PrintEnd print(QWidget* over, QPageLayout::Orientation orientation, const Draw& draw) {
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setCreator(QStringLiteral("OmniVANEX"));
-    printer.setPageOrientation(orientation);
     if (QPrinterInfo::availablePrinterNames().isEmpty()) {
         const std::string header = utf8(phrase(Word::Print) + QStringLiteral(": PDF"));
         const auto target = asksavefile({header, "PDF|*.pdf", "", "print.pdf"}, over);
-        return target ? printtofile(printer, qs(*target), draw) : PrintEnd::noPrinter;
+        return target ? printtofile(orientation, qs(*target), draw) : PrintEnd::cancelled;
     }
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setCreator(creator());
+    printer.setPageOrientation(orientation);
     QPrintDialog dialog(&printer, over);
     dialog.setWindowTitle(phrase(Word::Print));
     if (dialog.exec() != QDialog::Accepted) return PrintEnd::cancelled;
