@@ -216,12 +216,6 @@ constexpr PlaceOf confidencePlaces[] = {placeof<&S::confMethod>, placeof<&S::con
 
 bool singlepoint() { return session.confMethod < 0; }
 
-/// What a single point takes into its service.
-struct BoundsInForce {
-    int16_t method, automatic;
-    float low, high;
-    bool operator==(const BoundsInForce&) const = default;
-};
 BoundsInForce boundsinforce() {
     return {session.confMethod, session.confAuto, session.confLow, session.confHigh};
 }
@@ -229,20 +223,20 @@ BoundsInForce boundsinforce() {
 /// A single point needs a method and a level and takes them where there are none; when it is given up before
 /// they were changed by hand, the bounds are again those from before it.
 bool flipsingle() {
-    static BoundsInForce former{}, taken{};
-    if (singlepoint() && boundsinforce() == taken) {
+    const BoundsInForce& former = session.boundsBefore;
+    if (singlepoint() && boundsinforce() == session.boundsSingle) {
         session.confMethod = former.method;
         session.confAuto = former.automatic;
         session.confLow = former.low;
         session.confHigh = former.high;
         return true;
     }
-    if (!singlepoint()) former = boundsinforce();
+    if (!singlepoint()) session.boundsBefore = boundsinforce();
     if (session.confMethod == noBounds) session.confMethod = fisherBounds;
     if (sidesinforce() == Sides::none) putlevel(Sides::twoSided, level());
     session.confAuto = 0;
     session.confMethod = static_cast<int16_t>(-session.confMethod);
-    if (singlepoint()) taken = boundsinforce();
+    if (singlepoint()) session.boundsSingle = boundsinforce();
     return true;
 }
 
