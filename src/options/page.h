@@ -41,14 +41,6 @@ void append(std::string& text, const Label& label);
 
 /// Where a setting lives.
 using PlaceOf = Place (*)(Session&);
-template <auto Member>
-Place placeof(Session& s) {
-    return &(s.*Member);
-}
-template <auto Member, std::size_t I>
-Place placeof(Session& s) {
-    return &(s.*Member)[I];
-}
 
 /// What the choice of an item does.
 enum class ItemKind : uint8_t {

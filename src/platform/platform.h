@@ -161,8 +161,8 @@ public:
     virtual std::optional<std::string> text() = 0; ///< nothing when it holds no text
     virtual bool settext(std::string_view text) = 0;
     virtual bool setpicture(std::string_view svg) = 0;
-    /// A picture with a text beside it, for programs that take no picture. Where the clipboard holds one thing
-    /// at a time, the picture is what stays.
+    /// A picture with a text beside it, for programs that take no picture. Where the clipboard holds one
+    /// thing at a time, the picture is what stays.
     virtual bool setboth(std::string_view text, std::string_view svg) {
         return settext(text) && setpicture(svg);
     }

@@ -13,6 +13,16 @@
 /// Where a value lives.
 using Place = std::variant<int16_t*, int32_t*, float*, double*, std::string*>;
 
+/// The place of a member, or of an element of one.
+template <auto Member>
+Place placeof(Session& s) {
+    return &(s.*Member);
+}
+template <auto Member, std::size_t I>
+Place placeof(Session& s) {
+    return &(s.*Member)[I];
+}
+
 struct Setting {
     int position;          ///< line of its section, from 1; 0: not in the file
     std::string_view name; ///< as scripts call it; empty: no option of theirs

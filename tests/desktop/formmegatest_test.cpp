@@ -60,6 +60,8 @@ TEST_F(TabbedView, EveryPageOfAdviceCanBeSeen) {
     for (int i = 0; i < tabs->count(); ++i) {
         tabs->setCurrentIndex(i);
         QApplication::processEvents();
+        EXPECT_TRUE(child<QStackedWidget>(view, "PlotReportPicBox1")->currentWidget()->isVisibleTo(&view))
+            << i;
         keeppicture(view, QStringLiteral("megatest-%1").arg(i));
     }
 }
