@@ -243,7 +243,7 @@ bool loadsample(int number) {
 
 /// Looks at what was asked of the plot before any work is done.
 bool plotpossible(Outputs& outputs) {
-    if (outputs.plot && !plotfileknown(*outputs.plot)) {
+    if (outputs.plot && (!plotfileknown(*outputs.plot) || plotfilepainted(*outputs.plot))) {
         complainof(Word::Unknown, " ", Word::Plot, " ", Word::File, " ", Word::Type, ": ",
                    AsTyped{*outputs.plot}, "\n.svg .hgl .trace");
         return false;

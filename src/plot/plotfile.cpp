@@ -59,12 +59,6 @@ const PlotFileKind* kindof(const std::string& path) {
     return nullptr;
 }
 
-bool ispainted(const std::string& path) {
-    const std::string name = smallletters(path);
-    return std::any_of(std::begin(paintedKinds), std::end(paintedKinds),
-                       [&](std::string_view extension) { return name.ends_with(extension); });
-}
-
 bool paint(const std::string& path, int pixelsAcross, int pixelsDown) {
     std::string svg;
     if (!plotsvg(svg, pixelsAcross, pixelsDown)) return false;
@@ -78,10 +72,16 @@ bool paint(const std::string& path, int pixelsAcross, int pixelsDown) {
 
 } // namespace
 
-bool plotfileknown(const std::string& path) { return kindof(path) != nullptr || ispainted(path); }
+bool plotfilepainted(const std::string& path) {
+    const std::string name = smallletters(path);
+    return std::any_of(std::begin(paintedKinds), std::end(paintedKinds),
+                       [&](std::string_view extension) { return name.ends_with(extension); });
+}
+
+bool plotfileknown(const std::string& path) { return kindof(path) != nullptr || plotfilepainted(path); }
 
 bool plotfile(const std::string& path, int pixelsAcross, int pixelsDown) {
-    if (ispainted(path)) return paint(path, pixelsAcross, pixelsDown);
+    if (plotfilepainted(path)) return paint(path, pixelsAcross, pixelsDown);
     const PlotFileKind* kind = kindof(path);
     if (!kind) return false;
     const Keep keep{session.outdev, session.outputName, session.plotw, session.ploth};

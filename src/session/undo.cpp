@@ -32,7 +32,8 @@ bool takestep(Steps& from, Steps& to) {
     to.push_back(present);
     undostack();
     session.undoKept = 1;
-    gridreplaced();
+    session.gridEditOpen = 0;
+    session.gridEditText.clear();
     calcplot();
     session.resultsDirty = 1;
     return true;

@@ -137,16 +137,20 @@ TEST_F(Former, TheListHoldsNineteenAndAsksWhichToDrop) {
     EXPECT_EQ(desktop.shown.back().items[19], "X...Exit");
 }
 
-TEST_F(Former, ResultsOfASavedFileNeedNoCopyAndGiveWayUnasked) {
+TEST_F(Former, ResultsOfASavedFileNeedNoCopy) {
     data({"150", "230"});
     ASSERT_TRUE(datafilesave(folder.path("pumps.w")));
     ASSERT_TRUE(formerkeep());
     EXPECT_EQ(session.XFILEFORMER, (std::vector<std::string>{folder.path("pumps.w")}));
     EXPECT_EQ(formerunsaved(), 0u);
-    for (int i = 1; i <= 19; ++i) keep({std::to_string(i), "100"});
+    for (int i = 1; i <= 18; ++i) keep({std::to_string(i), "100"});
     EXPECT_EQ(formercount(), 19u);
+    EXPECT_EQ(formerunsaved(), 18u);
+    data({"19", "100"});
+    desktop.expectmenu("Delete Former Results", 1);
+    EXPECT_TRUE(formerkeep());
     EXPECT_EQ(formerunsaved(), 19u);
-    EXPECT_TRUE(folder.has("pumps.w"));
+    EXPECT_TRUE(folder.has("pumps.w")) << "it only left the list";
 }
 
 TEST_F(Former, DeletingTakesTemporaryFilesAwayAndNoOthers) {

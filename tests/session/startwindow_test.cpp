@@ -9,6 +9,7 @@
 #include "support/freshsession.h"
 #include "support/inlanguage.h"
 #include "support/scriptedplatform.h"
+#include "support/workfolder.h"
 
 namespace {
 
@@ -16,6 +17,8 @@ class StartTextsTest : public testing::Test {
 protected:
     FreshSession fresh{lifeSide};
     ScriptedPlatform desktop;
+    WorkFolder settings; ///< takes what a choice saves
+    StartTextsTest() { session.configPath = settings.path("") + "\\"; }
     ~StartTextsTest() override {
         session.languageFile.clear();
         wordload();
