@@ -64,10 +64,14 @@ protected:
         });
         timer->start();
     }
+    /// Where keys go in a form, also while the window system has not made it the active one yet.
+    static QWidget* focusin(QDialog& form) {
+        QWidget* const inside =
+            QApplication::focusWidget() ? QApplication::focusWidget() : form.focusWidget();
+        return inside ? inside : &form;
+    }
     void press(Qt::Key key) {
-        onform([key](QDialog& form) {
-            QTest::keyClick(QApplication::focusWidget() ? QApplication::focusWidget() : &form, key);
-        });
+        onform([key](QDialog& form) { QTest::keyClick(focusin(form), key); });
     }
 
     int opened = 0; ///< forms that were acted on

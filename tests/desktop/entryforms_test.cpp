@@ -176,7 +176,7 @@ TEST_F(EntryForms, ASliderLeftAloneGivesItsOwnValue) {
         EXPECT_EQ(form.objectName(), QStringLiteral("afslider"));
         expectnamed(form);
         keeppicture(form, QStringLiteral("afslider"));
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QTest::keyClick(focusin(form), Qt::Key_Return);
     });
     slide();
     EXPECT_EQ(session.u, 1.2345f);
@@ -203,9 +203,9 @@ TEST_F(EntryForms, AColourIsChosenByKeysOrMouse) {
         EXPECT_EQ(form.objectName(), QStringLiteral("afclr"));
         expectnamed(form);
         keeppicture(form, QStringLiteral("afclr"));
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QTest::keyClick(focusin(form), Qt::Key_Right);
+        QTest::keyClick(focusin(form), Qt::Key_Down);
+        QTest::keyClick(focusin(form), Qt::Key_Return);
     });
     pick();
     EXPECT_EQ(session.u, 12); // one to the right, one row of eight down
