@@ -27,7 +27,8 @@ TEST(HelpPages, EveryPageHasATitleAndParts) {
 TEST(HelpPages, TheCellsOfThePageCanBeRead) {
     const FreshSession fresh(lifeSide);
     int read = 0;
-    for (const HelpPart& part : helppages().at(2).parts) {
+    const auto pages = helppages();
+    for (const HelpPart& part : pages.at(2).parts) {
         if (part.kind != HelpKind::entry) continue;
         EXPECT_TRUE(cellsplit(part.term).hasValue) << part.term;
         ++read;
