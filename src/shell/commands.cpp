@@ -59,6 +59,12 @@ void commanddispatch() {
     if (number != mixtureNumber) session.mixtureAsked = 0;
 }
 
+void runcommand(int number) {
+    session.commandNo = static_cast<int16_t>(number);
+    session.commandButton = primaryPress;
+    commanddispatch();
+}
+
 void iconpress(int number, int button) {
     if (session.shellBusy > 0 || !numbered(number)) return;
     closepopups();

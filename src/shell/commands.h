@@ -8,6 +8,9 @@
 /// explanation and changes nothing. A number without a command does nothing.
 void commanddispatch();
 
+/// Runs the command of a number, as a primary press.
+void runcommand(int number);
+
 /// Press of an icon by mouse: closes an open drop-down and does no more; else dispatches the command, which
 /// at its first press is explained for 0.2 seconds.
 void iconpress(int number, int button);

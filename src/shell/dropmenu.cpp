@@ -13,21 +13,15 @@
 
 namespace {
 
-void run(int number) {
-    session.commandNo = static_cast<int16_t>(number);
-    session.commandButton = primaryPress;
-    commanddispatch();
-}
-
 template <int Number>
 void command() {
-    run(Number);
+    runcommand(Number);
 }
 
 template <int Action>
 void edit() {
     constexpr int numbers[] = {0, 80, 79, 82, 83, 81};
-    run(numbers[Action]);
+    runcommand(numbers[Action]);
 }
 
 /// Asks msg as a question. True for Yes.
@@ -38,7 +32,7 @@ bool agreed() {
 
 void newafterquestion() {
     compose(session.msg, Word::New, " ... ", Word::Clear, " ", Word::Data);
-    if (agreed()) run(0);
+    if (agreed()) runcommand(0);
 }
 
 void leave() { exitsequence(true); }
@@ -152,7 +146,7 @@ void act(const Item& item) {
 /// Cut and Paste by a bare letter, which a slip of the finger types as well: asked while results stand.
 void askededit(int action, Word what) {
     compose(session.msg, what);
-    if (session.lastRow <= 0 || agreed()) run(action == editCut ? 79 : 83);
+    if (session.lastRow <= 0 || agreed()) runcommand(action == editCut ? 79 : 83);
 }
 
 /// A letter with no drop-down open.

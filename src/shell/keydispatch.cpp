@@ -25,12 +25,6 @@ enum Key : int {
     f3Key = 114
 };
 
-void run(int number) {
-    session.commandNo = static_cast<int16_t>(number);
-    session.commandButton = primaryPress;
-    commanddispatch();
-}
-
 struct ControlKey {
     char letter;
     int number; ///< command; 0 redo, which has none
@@ -42,7 +36,7 @@ bool letterkey(int key) { return (key >= 'A' && key <= 'Z') || (key >= '0' && ke
 void control(int key) {
     for (const ControlKey& pair : controlKeys)
         if (pair.letter == key && pair.number > 0)
-            run(pair.number);
+            runcommand(pair.number);
         else if (pair.letter == key)
             editaction(editRedo);
 }
@@ -85,15 +79,15 @@ void escape() {
 
 void idlekey(int key) {
     switch (key) {
-    case f1Key: run(21); break;
-    case f2Key: run(91); break;
+    case f1Key: runcommand(21); break;
+    case f2Key: runcommand(91); break;
     case f3Key:
         gridsettle();
         gridstatistics();
         break;
     case escapeKey: escape(); break;
-    case deleteKey: run(80); break;
-    case enterKey: run(23); break;
+    case deleteKey: runcommand(80); break;
+    case enterKey: runcommand(23); break;
     default:
         if (letterkey(key)) menuletter(static_cast<char>(key));
     }

@@ -23,15 +23,9 @@ namespace {
 
 constexpr double zoomStep = 1.25;
 
-void run(int number) {
-    session.commandNo = static_cast<int16_t>(number);
-    session.commandButton = primaryPress;
-    commanddispatch();
-}
-
 template <int Number>
 void command() {
-    run(Number);
+    runcommand(Number);
 }
 
 /// What no command stands for, held off while one runs as the commands are.
