@@ -179,6 +179,9 @@ std::span<const Page> calculatorpages();
 std::span<const Page> librarypages();
 std::span<const Page> functionpages();
 std::span<const Page> markerpages();
+std::span<const Page> curvepages();
+std::span<const Page> visualpages();
+std::span<const Page> transformpages();
 
 /// Pages that are no tables.
 bool samplepage();

@@ -44,7 +44,8 @@ int16_t identityof(OptionPage page) {
 const Page* tableof(OptionPage page) {
     const std::array subjects = {setuppages(),      outputpages(), plotpages(),       lifepages(),
                                  confidencepages(), testpages(),   calculatorpages(), librarypages(),
-                                 functionpages(),   markerpages()};
+                                 functionpages(),   markerpages(), curvepages(),      visualpages(),
+                                 transformpages()};
     for (const std::span<const Page> subject : subjects)
         for (const Page& one : subject)
             if (one.page == page) return &one;

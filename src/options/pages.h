@@ -47,7 +47,17 @@ enum class OptionPage {
     bounds,
     calculator,
     library,
-    sample
+    sample,
+    curveFit,
+    fitKind,
+    extrapolation,
+    curveAndScale,
+    scaleKind,
+    plotKind,
+    plot3D,
+    transform,
+    intervalTransform,
+    function
 };
 
 /// Shows a page until the user leaves it. True when it changed a setting: the caller runs calcplot; settings

@@ -23,6 +23,20 @@ struct PageState {
     int16_t fitLinesHidden = 0;       ///< 1: the plot has no fitted lines
     int16_t pointInterval = 1;        ///< every so manieth point of a set is drawn
     int16_t linePoints = 120;         ///< steps of a fitted line that is a curve
+    int16_t scientificScale = 0;      ///< 1: the labels of the axes are written with a power of ten
+    int16_t equalScales = 0;          ///< 1: a unit of X is as long as one of Y on a plain X-Y plot
+    int16_t xValuesShown = 1;         ///< 1: the X axis has labels
+    int16_t yValuesShown = 1;         ///< 1: the Y axis has labels
+    int16_t ordinatesInGrid = 0;      ///< 1: the status line tells the ordinate of the cell in hand
+    int16_t orderCaution = 0;         ///< 1: data that are not in the order of X are told
+    int16_t saveCaution = 1;          ///< 1: data that are not saved are asked about before they go
+    int16_t fileNameShown = 1;        ///< 1: the results name their file
+    int16_t clockShown = 1;           ///< 1: the results bear the time of day beside the date
+    int16_t dateSymbol = '-';         ///< between the pieces of a date
+    std::string currencySymbol = "$"; ///< before an amount of money
+    std::string expectedName;         ///< name for the quantity expected; empty: the word of the language
+    std::string templateFile;         ///< data file whose labels and style new data begin with; empty: none
+    int16_t intervalAxis = 'A';       ///< axis that bounds lie along: A automatic, O occurrence, T time
 
     /// Goal and means of a demonstration test; 0 not given.
     double planSlope = 0; ///< 0: the slope of the set

@@ -70,7 +70,7 @@ bool sizefits(const Bounds& b) {
     for (const auto list : members::setFloats) all = all && (s.*list).size(b.S);
     for (const auto list : members::setDoubles) all = all && (s.*list).size(b.S);
     for (const auto list : members::setLists) all = all && (s.*list).size(b.S);
-    all = all && s.setRange.size(b.S);
+    all = all && s.setRange.size(b.S) && s.curves.size(b.S);
     for (auto* limits : {&s.paramLow, &s.paramHigh}) all = all && limits->size(b.S, 2);
     for (auto* list : {&s.mixEtas, &s.mixBetas, &s.mixPortions}) all = all && list->size(s.extraLines + 1);
     s.setMessages.assign(static_cast<std::size_t>(b.S) + 1, {});

@@ -25,6 +25,7 @@
 #include "session/run.h"
 #include "session/setup.h"
 #include "session/shellstate.h"
+#include "session/visualstate.h"
 #include "session/weibayes.h"
 
 /// Reserved numbers.
@@ -65,6 +66,7 @@ struct Session : Capacities,
                  GridView,
                  DesktopState,
                  PageState,
+                 VisualState,
                  CommandFields {
     RegressionSums sums; ///< of the set being fitted
 };

@@ -1,0 +1,3 @@
+#include "options/page.h"
+
+std::span<const Page> visualpages() { return {}; }
