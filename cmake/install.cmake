@@ -22,7 +22,13 @@ foreach(pair ${links})
   install(FILES ${CMAKE_BINARY_DIR}/links/${name} DESTINATION ${CMAKE_INSTALL_BINDIR})
 endforeach()
 
+install(FILES resources/man/vanexc.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 if(TARGET vanex)
+  install(FILES resources/man/vanex.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  foreach(name vanexw vanexv) # one page for the program and the names of its sides
+    file(WRITE ${CMAKE_BINARY_DIR}/links/${name}.1 ".so man1/vanex.1\n")
+    install(FILES ${CMAKE_BINARY_DIR}/links/${name}.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  endforeach()
   install(FILES resources/omnivanex.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
   install(FILES resources/omnivanex.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
   install(FILES resources/omnivanex-mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages

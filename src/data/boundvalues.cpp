@@ -59,3 +59,11 @@ ValueBounds valuepercentages(int k) {
     if (!ofprobability(k)) return {low, high};
     return {high > 0 ? 100 - high : 0, low > 0 ? 100 - low : 0};
 }
+
+std::vector<double> reportlevels() {
+    std::vector<double> levels;
+    for (const double percent : session.reportValue)
+        if (percent > 0 && percent < 100) levels.push_back(percent);
+    if (levels.empty()) levels.assign(std::begin(bLives), std::end(bLives));
+    return levels;
+}

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 /// The bounds of a set as the report, the results and the plot read them from its rows.
 
 /// True when set k has bounds.
@@ -23,3 +25,7 @@ ValueBounds valuebounds(int k, double p);
 
 /// Percentages of the lower and the upper bound of a value, in the sense of valuebounds; 0 for none.
 ValueBounds valuepercentages(int k);
+
+/// Percentages of the population that the report tells the values of: those that the user named, else the
+/// usual ones.
+std::vector<double> reportlevels();

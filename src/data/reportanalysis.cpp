@@ -1,11 +1,12 @@
 #include "data/reportanalysis.h"
 
 #include "data/boundvalues.h"
+#include "data/datetext.h"
 #include "data/methodlabels.h"
 #include "data/report.h"
 #include "data/reportgoodness.h"
+#include "data/reportranks.h"
 #include "data/settitle.h"
-#include "platform/platform.h"
 #include "plot/transforms.h"
 #include "shell/prompts.h"
 
@@ -26,7 +27,7 @@ Word sidename() { return session.progSide == lifeSide ? Word::Life : Word::Plott
 void reportheading(int line, int lines) {
     report();
     report(Word::Analysis, " ", Word::Report, " (", sidename(), ")");
-    reportcell(0, Word::File, " = ", filename());
+    if (session.fileNameShown == 1) reportcell(0, Word::File, " = ", filename());
     reportend(57, "(", line, " ", Word::Of, " ", lines, ")");
     report();
 }
@@ -35,7 +36,7 @@ void reportset(int k) {
     const auto& messages = session.setMessages[static_cast<std::size_t>(k)];
     reportcell(0, Word::By, " - ", Word::Set, " ", k, messages.empty() ? "" : " !!");
     reportcell(50, Word::Date);
-    reportend(57, ": ", platform ? platform->clock().date() : std::string());
+    reportend(57, ": ", datetext());
     if (const auto title = titleofset(k); !title.empty()) report(Word::Title, ": ", AsTyped{title});
     for (const std::string& message : messages) reportnotice(message);
 }
@@ -97,7 +98,7 @@ void reportcounts(int k) {
     else
         counts(Word::Not, " ", Word::Fit, ": ");
     if (session.t0(k) == 0) return;
-    reportcell(0, "  t0=", Reported{session.t0(k)});
+    reportcell(0, "  ", AsTyped{session.thresholdName}, "=", Reported{session.t0(k)});
     if (session.scaleAsRecorded == 1)
         report(" (", Word::PlotScale, " ", Word::As, " ", Word::Recorded, ")");
     else
@@ -143,7 +144,7 @@ void reportblives(int k) {
     session.eta = session.etaFit(row, 1);
     session.beta = session.betaFit(row, 1);
     reportblifehead(k);
-    for (const double percent : bLives) {
+    for (const double percent : reportlevels()) {
         session.ud = percent / 100;
         txp2xd();
         reportcell(3, ReportedColumn{percent});
@@ -163,6 +164,10 @@ void reportblock(int k, int lines) {
         return;
     }
     reportset(k);
+    if (session.ranksOnly == 1) {
+        reportranks(k);
+        return;
+    }
     if (session.setFitted(k) == 1) {
         reportparameters(k);
         reportweibayes(k);
@@ -194,7 +199,7 @@ void reportsetofmany(int k, int sets) {
     else
         reportcell(8, Word::Set, ": ", AsTyped{title});
     reportend(57, "(", k, " ", Word::Of, " ", sets, ")");
-    reportend(8, Word::File, " = ", filename());
+    if (session.fileNameShown == 1) reportend(8, Word::File, " = ", filename());
     if (!session.setLabel(k).empty()) reportend(8, Word::Label, ": ", session.setLabel(k));
 }
 
@@ -256,7 +261,7 @@ void reportsummary() {
     for (int k = 1; k <= sets; ++k) addset(totals, k);
     report();
     report(Word::Summary, " ", Word::Report);
-    report(Word::File, " = ", filename());
+    if (session.fileNameShown == 1) report(Word::File, " = ", filename());
     report(Word::Set, " ", Word::Quantity, " = ", sets, "  ", Word::Total, " =", totals.quantity);
     for (int k = 1; k <= sets; ++k) reportsetofmany(k, sets);
     reportcell(10, Word::Occurrence, " ", Word::Total, " =", totals.occurrences);

@@ -292,7 +292,7 @@ bool showoptions(const Page& page) {
         const bool changed = take(*item);
         acted = acted || (changed && (acceptsitself(*item) || standsasbefore(page, former)));
         if (changed && acceptsitself(*item)) takeover(page, former, before);
-        if (page.list && item->kind == ItemKind::pick) break;
+        if (item->leaves || (page.list && item->kind == ItemKind::pick)) break;
     }
     if (session.activeMode == identityof(page.page)) session.activeMode = modeBefore;
     return acted || !standsasbefore(page, before);

@@ -70,6 +70,7 @@ struct Item {
     bool (*present)() = nullptr; ///< of such a pick: true when it is the one in force
     void (*value)(std::string&) = nullptr; ///< appends the present value where it is not that of the place
     bool (*offered)() = nullptr;           ///< null: always
+    bool leaves = false;                   ///< an action that leads away from the page
     bool calculated = false;               ///< an action that writes into the report of the last calculation
 
     constexpr Item when(bool (*condition)()) const {
@@ -86,6 +87,12 @@ struct Item {
     constexpr Item oncalculated() const {
         Item item = *this;
         item.calculated = true;
+        return item;
+    }
+    /// The page is left when the action has been called.
+    constexpr Item leaving() const {
+        Item item = *this;
+        item.leaves = true;
         return item;
     }
     constexpr Item times(double factor) const {
@@ -185,6 +192,9 @@ std::span<const Page> transformpages();
 
 /// Pages that are no tables.
 bool samplepage();
+
+/// Asks for the former usage of an item, and tells the life that the line of the set in hand leaves it.
+bool lifeleft();
 
 /// Shows a page until it is left. True when a setting was changed. In a script run nothing is shown.
 bool showoptions(const Page& page);

@@ -59,6 +59,7 @@ enum class OptionPage {
     intervalTransform,
     function
 };
+inline constexpr OptionPage lastPage = OptionPage::function;
 
 /// Shows a page until the user leaves it. True when it changed a setting: the caller runs calcplot; settings
 /// of the settings file are saved by the page.

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 #include <iterator>
 #include <limits>
@@ -7,6 +8,9 @@
 #include <string>
 #include <vector>
 
+#include "analysis/goodness.h"
+#include "analysis/linelife.h"
+#include "data/cell.h"
 #include "numeric/binomial.h"
 #include "numeric/chisquare.h"
 #include "numeric/gamma.h"
@@ -14,6 +18,7 @@
 #include "numeric/normal.h"
 #include "numeric/saddlepoint.h"
 #include "options/page.h"
+#include "shell/commandactions.h"
 #include "shell/prompts.h"
 
 /// The calculator: probabilities of the usual distributions, asked for value by value and told.
@@ -84,6 +89,9 @@ bool calculate(const Calculation& calculation) {
 
 const Label upTo{"P (X <= x)"}, above{"P (X > x)"}, equal{"P (X = x)"};
 
+/// The user's own name for the mean time between failures.
+const char* mtbfname() { return session.mtbfName.c_str(); }
+
 bool binomial() {
     return calculate(
         {{Word::Binomial},
@@ -116,7 +124,7 @@ bool chisquarevalue() {
 
 bool exponential() {
     return calculate({{Word::Exponential},
-                      {{{"X"}, 1, 0, 9e30}, {{"MTBF"}, 1, 1e-30, 9e30}},
+                      {{{"X"}, 1, 0, 9e30}, {{mtbfname()}, 1, 1e-30, 9e30}},
                       [](const std::vector<double>& v) -> std::vector<Result> {
                           const double z = v[0] / v[1];
                           return {{upTo, -std::expm1(-z)}, {above, std::exp(-z)}, {{Word::Rate}, 1 / v[1]}};
@@ -223,16 +231,94 @@ bool tomean() {
                       }});
 }
 
+// ---- of a fitted line ----
+
+/// The line that a calculation is about: that of the set in hand.
+int lineset() { return std::clamp(session.activeSet, 1, std::max(setcount(), 1)); }
+bool anyline() { return onlifeside() && setcount() > 0 && session.setFitted(lineset()) == 1; }
+
+FamilyLine line() {
+    FamilyLine line = currentline();
+    const int row = static_cast<int>(rowofset(static_cast<float>(lineset())));
+    line.eta = session.etaFit(row, 1);
+    line.beta = session.betaFit(row, 1);
+    return line;
+}
+double threshold() { return static_cast<double>(session.t0(lineset())); }
+
+bool renewal() {
+    return calculate({{mtbfname(), Word::With, Word::Planned, Word::Renewal},
+                      {{{Word::Planned, Word::Renewal, Word::Time}, 1, 1e-30, 9e30}},
+                      [](const std::vector<double>& v) -> std::vector<Result> {
+                          return {{{mtbfname()}, renewedmtbf(line(), threshold(), v[0])}};
+                      }});
+}
+
+/// The values of the set in hand at the two ends of its sample.
+struct Ends {
+    double low = 0, high = 0, quantity = 0;
+};
+Ends endsofset() {
+    const int k = lineset();
+    Ends ends;
+    for (int j = 1; j <= pointcount(k); ++j) {
+        const double value = pointvalue(k, j);
+        ends.low = j == 1 ? value : std::min(ends.low, value);
+        ends.high = j == 1 ? value : std::max(ends.high, value);
+    }
+    ends.quantity = std::max(session.countQuantity(k), 1.0);
+    return ends;
+}
+
+/// How likely a sample of the line has an end as far out as that of the set: the ends are those of the sample
+/// of that size, suspensions and all.
+bool outlier() {
+    const Ends ends = endsofset();
+    return calculate({{Word::Outlier, "...", Word::Extreme, Word::Point, "P-", Word::Value},
+                      {{{Word::Minimum, "X"}, ends.low, -9e30, 9e30},
+                       {{Word::Maximum, "X"}, ends.high, -9e30, 9e30},
+                       {{Word::Sample, Word::Quantity}, ends.quantity, 1, 1e9, true}},
+                      [](const std::vector<double>& v) -> std::vector<Result> {
+                          return {{{Word::Minimum, "P-", Word::Value, "%"},
+                                   100 * smallestbeyond(line(), threshold(), v[0], v[2])},
+                                  {{Word::Maximum, "P-", Word::Value, "%"},
+                                   100 * largestbeyond(line(), threshold(), v[1], v[2])}};
+                      }});
+}
+
+/// A2 of any line, modified for its sample size and turned into a p-value by the family in force.
+bool andersondarlings() {
+    return calculate({{Word::Modified, "Anderson-Darling"},
+                      {{{"A^2"}, 0.5, 1e-6, 1e6}, {{Word::Sample, Word::Quantity}, 10, 3, 1e9, true}},
+                      [](const std::vector<double>& v) -> std::vector<Result> {
+                          const double modified = modifiedandersondarling(session.dist, v[0], v[1]);
+                          const double p = andersondarlingpvalue(session.dist, false, modified);
+                          return {{{Word::Modified, "A^2"}, modified}, {{"pAD%"}, 100 * p}};
+                      }});
+}
+
+bool reading() {
+    precisereading();
+    return false;
+}
+
 constexpr Item items[] = {
     actionitem('B', {Word::Binomial}, binomial),
     actionitem('C', {Word::ChiSquare}, chisquare),
     actionitem('I', {Word::ChiSquare, Word::Value}, chisquarevalue),
+    actionitem('D', {Word::Modified, "Anderson-Darling"}, andersondarlings).when(onlifeside),
     actionitem('E', {Word::Exponential}, exponential),
     actionitem('G', {Word::Gamma}, gammas),
     actionitem('H', {"Gauss (", Word::Normal, ")"}, normals),
+    actionitem('L', {Word::Life, Word::Remaining, "...", Word::After, Word::Former, Word::Usage}, lifeleft)
+        .when(anyline),
     actionitem('M', {Word::Change, Word::Mean, Word::To, "Eta"}, toeta),
     actionitem('N', {Word::Change, Word::To, Word::Mean, "+", Word::StdDev}, tomean),
+    actionitem('O', {Word::Outlier, "...", Word::Extreme, Word::Point, "P-", Word::Value}, outlier)
+        .when(anyline),
     actionitem('P', {"Poisson"}, poisson),
+    actionitem('Q', {"MTBF", Word::With, Word::Planned, Word::Renewal}, renewal).when(anyline),
+    actionitem('R', {Word::Precise, Word::Reading, Word::From, Word::Plot}, reading).when(anyline),
     actionitem('T', {"Student - t"}, student),
     actionitem('V', {"Cv (%) ... Sig / Mu"}, variation),
     exititem('X', {Word::Exit}),
@@ -241,5 +327,15 @@ constexpr Item items[] = {
 constexpr Page pages[] = {{OptionPage::calculator, {Word::Calculator}, items}};
 
 } // namespace
+
+bool lifeleft() {
+    return calculate(
+        {{Word::Life, Word::Remaining, "...", Word::After, Word::Former, Word::Usage},
+         {{{Word::Former, Word::Usage}, 0, 0, 9e30},
+          {{Word::Occurrence, Word::Probability, "%"}, 10, 1e-7, 99.9999}},
+         [](const std::vector<double>& v) -> std::vector<Result> {
+             return {{{Word::Life, Word::Remaining}, liferemaining(line(), threshold(), v[0], v[1] / 100)}};
+         }});
+}
 
 std::span<const Page> calculatorpages() { return pages; }

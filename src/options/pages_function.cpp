@@ -29,6 +29,8 @@ constexpr Item items[] = {
     kinditem<distributionPlot>('C', {"CDF", Word::Cumulative, Word::Distribution, "(", Word::Linear, ")"}),
     kinditem<hazardPlot>('H', {"HDF (= PDF / RDF)", Word::Hazard}),
     kinditem<densityPlot>('P', {"PDF (= d[CDF] / dX)", Word::Probability, Word::Density}),
+    pageitem('Q', {"QLC", Word::Quality, Word::Limit, Word::Comparison, Word::For, Word::Process},
+             OptionPage::processLimits),
     kinditem<reliabilityPlot>('R', {"RDF (= 1 - CDF)", Word::Reliability, Word::Distribution}),
     kinditem<totalPlot>('T', {Word::Total, Word::Picture, "(P +", Word::Histogram, ")"}),
     kinditem<histogramPlot>('U', {Word::Occurrence, Word::Histogram, "+", Word::Suspension}),

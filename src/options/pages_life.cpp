@@ -10,6 +10,8 @@
 #include "analysis/mixture.h"
 #include "options/page.h"
 #include "platform/platform.h"
+#include "plot/markerline.h"
+#include "shell/markerentry.h"
 #include "shell/prompts.h"
 
 /// How the life data are read and fitted: input, method, ranks, family, threshold, known slope, and the
@@ -287,6 +289,36 @@ bool askgiven() {
     return true;
 }
 
+bool fitted() {
+    for (int k = 1; k <= setcount(); ++k)
+        if (session.setFitted(k) == 1) return true;
+    return false;
+}
+
+/// Keeps the line of the set in hand as a marker line: it stays when slope and data change.
+bool addmarker() {
+    const int k = std::clamp(session.activeSet, 1, std::max(setcount(), 1));
+    if (session.setFitted(k) != 1) {
+        tell(Word::No, " ", Word::Line, " (", Word::Set, " ", k, ")");
+        return false;
+    }
+    const int row = static_cast<int>(rowofset(static_cast<float>(k)));
+    FamilyLine line = currentline();
+    line.eta = session.etaFit(row, 1);
+    line.beta = session.betaFit(row, 1);
+    return markerkeep(line);
+}
+
+bool deletemarkers() {
+    markerclear();
+    return true;
+}
+
+bool weibayesreport() {
+    if (platform) platform->window().showview(ViewTab::report);
+    return false;
+}
+
 constexpr Item weibayesItems[] = {
     acceptitem('A', {Word::Activate}),
     numberitem('B', {Word::WeibullSlope, "(0 =", Word::None, ")"}, placeof<&S::fixedSlope>, 0, 1e6)
@@ -307,7 +339,17 @@ constexpr Item weibayesItems[] = {
     actionitem('H', {Word::Maximum, Word::Suspension, Word::Value}, askgiven<&S::RSUSP, Word::Suspension>)
         .shows(appendgiven<&S::RSUSP>)
         .when([] { return slopeknown() && shifted(); }),
+    actionitem('K', {Word::Delete, Word::Marker, Word::Line}, deletemarkers).when([] {
+        return !markerlines().empty();
+    }),
     pageitem('L', {Word::Parameter, Word::Start, Word::Lock}, OptionPage::parameterStart),
+    actionitem('W', {Word::Add, "Weibayes", Word::Marker, Word::Line}, addmarker)
+        .when([] { return slopeknown() && fitted(); })
+        .oncalculated(),
+    actionitem('Y', {"Weibayes", Word::Report}, weibayesreport)
+        .when([] { return slopeknown() && fitted(); })
+        .oncalculated()
+        .leaving(),
     pageitem('Z', {Word::Distribution, Word::Change, "? >>>", Word::Select, Word::Equations},
              OptionPage::distribution),
     exititem('X', {Word::Exit}),
@@ -336,12 +378,6 @@ constexpr Item equationsItems[] = {
 };
 
 // ---- beyond a fit ----
-
-bool fitted() {
-    for (int k = 1; k <= setcount(); ++k)
-        if (session.setFitted(k) == 1) return true;
-    return false;
-}
 
 template <int Kind>
 bool fitmodes() {

@@ -2,6 +2,8 @@
 
 #include "options/page.h"
 #include "plot/markerline.h"
+#include "shell/markerentry.h"
+#include "shell/plotpress.h"
 
 /// Marker lines: entered by their parameters, or by points that they pass.
 
@@ -25,26 +27,6 @@ bool askslope(double& beta) {
     return asknumberwithin({parametername(session.dist, 2)}, beta, least, 1e9);
 }
 
-/// Keeps a line under a label that the user types, or its parameters.
-bool keepline(const FamilyLine& line) {
-    if (!(line.beta > 0)) {
-        tell(Word::Line, " ", Word::Not, " ", Word::Possible);
-        return false;
-    }
-    std::string parameters;
-    extend(parameters, parametername(session.dist, 1), "=");
-    appendshown(parameters, line.eta, 5);
-    extend(parameters, " ", parametername(session.dist, 2), "=");
-    appendshown(parameters, line.beta, 5);
-    wordclean(parameters);
-    compose(session.msg, Word::Marker, " ", Word::Line, " ", Word::Label, " (", AsTyped{parameters}, ")");
-    textprompt();
-    const std::string label = session.msg == noAnswerText || session.msg.empty() ? parameters : session.msg;
-    if (markeradd(line.eta, line.beta, label) != 0) return true;
-    tell(Word::Marker, " ", Word::Line, " ", Word::Quantity, " ", Word::Too, " ", Word::Big);
-    return false;
-}
-
 bool enterparameters() {
     FamilyLine line = currentline();
     double eta = 100, beta = 2;
@@ -54,17 +36,23 @@ bool enterparameters() {
     if (!askslope(beta)) return false;
     line.eta = eta;
     line.beta = beta;
-    return keepline(line);
+    return markerkeep(line);
 }
 
 bool enterslope() {
     double beta = 2, x = 100, p = 0.1;
-    return askslope(beta) && askpoint("#1", x, p) && keepline(linewithslope(x, p, beta));
+    return askslope(beta) && askpoint("#1", x, p) && markerkeep(linewithslope(x, p, beta));
 }
 
 bool enterpoints() {
     double x1 = 100, p1 = 0.1, x2 = 200, p2 = 0.5;
-    return askpoint("#1", x1, p1) && askpoint("#2", x2, p2) && keepline(linethrough(x1, p1, x2, p2));
+    return askpoint("#1", x1, p1) && askpoint("#2", x2, p2) && markerkeep(linethrough(x1, p1, x2, p2));
+}
+
+/// Two presses on the plot are the points that the line passes.
+bool bypresses() {
+    plotpressbegin(markerLineMode);
+    return false;
 }
 
 bool any() { return !markerlines().empty(); }
@@ -89,6 +77,9 @@ constexpr Item items[] = {
     actionitem('R', {Word::Enter, Word::Slope, "+", Word::Point, Word::On, Word::Line}, enterslope),
     actionitem('S', {Word::Enter, Word::Point, "#1", Word::On, Word::Line, "+", Word::Point, "#2"},
                enterpoints),
+    actionitem('T', {Word::Add, Word::Line, Word::By, Word::Plot, Word::Select}, bypresses)
+        .leaving()
+        .when([] { return session.functionPlot == 0; }),
     actionitem('D', {Word::Delete, Word::Marker, Word::Line}, deleteone).when(any),
     actionitem('N', {Word::None, "...", Word::Delete, Word::All}, deleteall).when(any),
     exititem('X', {Word::Exit}),

@@ -1,8 +1,11 @@
 #include <algorithm>
 #include <cstdlib>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "data/numbertext.h"
 #include "options/page.h"
 #include "shell/output.h"
 #include "shell/prompts.h"
@@ -51,10 +54,58 @@ bool copies() {
     return false;
 }
 
+/// Percentages in a text, blanks or semicolons between them; nothing where one is none.
+std::optional<std::vector<double>> percentsof(std::string_view text) {
+    std::vector<double> percents;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find_first_of(" ;"), text.size());
+        const std::string_view field = text.substr(0, end);
+        text.remove_prefix(std::min(end + 1, text.size()));
+        if (field.empty()) continue;
+        const NumberText number = readentry(field);
+        if (!number.readable || !(number.value > 0) || !(number.value < 100)) return std::nullopt;
+        percents.push_back(number.value);
+    }
+    return percents;
+}
+
+/// Percentages that the values are put out at, as the user types them; none: the usual ones.
+bool askvalues() {
+    std::string present;
+    for (const double percent : session.reportValue) {
+        if (!present.empty()) present += ' ';
+        appendshown(present, percent);
+    }
+    compose(session.msg, Word::Input, " ", Word::For, " ", Word::Value, " ", Word::Only, " ", Word::Text, " ",
+            Word::Output, " (B%)");
+    textprompt(present);
+    if (session.msg == noAnswerText || session.msg == present) return false;
+    const auto percents = percentsof(session.msg);
+    if (!percents) {
+        tell("0 < B% < 100");
+        return false;
+    }
+    session.reportValue = *percents;
+    return true;
+}
+
+void appendvalues(std::string& text) {
+    for (const double percent : session.reportValue) {
+        appendshown(text, percent, 6);
+        text += ' ';
+    }
+    if (session.reportValue.empty()) append(text, Word::Default);
+}
+
 constexpr Item outputItems[] = {
     actionitem('A', {Word::Activate, Word::Output}, put),
     pageitem('B', {Word::Output, Word::Type}, OptionPage::outputDevice).shows(appendoutput),
     actionitem('G', {Word::Graphics, Word::To, Word::Clipboard}, copies),
+    flipitem('D', {Word::Data, Word::Output, Word::Format}, placeof<&S::dataColumns>,
+             {Word::Data, Word::Grid}, {Word::Column, Word::Text}),
+    actionitem('M', {Word::Input, Word::For, Word::Value, Word::Only, Word::Text, Word::Output}, askvalues)
+        .shows(appendvalues)
+        .when(onlifeside),
     actionitem('N',
                {Word::Value, Word::Only, Word::Results, Word::Text, Word::Output, Word::To, Word::Clipboard},
                values),
@@ -152,6 +203,7 @@ constexpr Item portItems[] = {
     actionitem('M', {Word::Speed, "(", Word::Plotter, ")"}, askspeed).shows([](std::string& text) {
         append(text, std::abs(int{session.plotspeed}));
     }),
+    wholeitem('N', {Word::Pen, Word::Quantity, "(", Word::Plotter, "- HPGL )"}, placeof<&S::penCount>, 1, 8),
     actionitem('P', {Word::Parity, "(", Word::Com, ")"}, chooseparity).shows([](std::string& text) {
         text += session.serialParity;
     }),

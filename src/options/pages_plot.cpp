@@ -12,9 +12,12 @@
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/platform.h"
+#include "plot/markerline.h"
 #include "plot/window.h"
 #include "session/opendata.h"
+#include "shell/calcplot.h"
 #include "shell/commands.h"
+#include "shell/plotpress.h"
 #include "shell/prompts.h"
 #include "shell/savename.h"
 
@@ -116,13 +119,21 @@ void appendhidden(std::string& text) {
 
 bool anysets() { return setcount() > 0; }
 
+bool plainscales() { return !onlifeside() && session.xyscale == 0; }
+
 constexpr Item zoomItems[] = {
     actionitem('A', {Word::Automatic, Word::Total, Word::Reset}, totalreset),
     pageitem('R', {Word::Range, Word::For, Word::Linear, Word::PlotScale, Word::Zoom}, OptionPage::zoomLimit),
     actionitem('S', {Word::Set, Word::Hide}, hidesets).shows(appendhidden).when(anysets),
+    pageitem('D', {Word::Data, Word::On, Word::Plot}, OptionPage::dataOnPlot).leaving().when(anysets),
+    flipitem('U', {Word::Scientific, Word::PlotScale, Word::Value, Word::Display},
+             placeof<&S::scientificScale>),
+    flipitem('V', {"1:1", Word::Plot}, placeof<&S::equalScales>).when(plainscales),
+    flipitem('X', {"X-", Word::PlotScale, Word::Value, Word::Display}, placeof<&S::xValuesShown>),
+    flipitem('Y', {"Y-", Word::PlotScale, Word::Value, Word::Display}, placeof<&S::yValuesShown>),
     pageitem('Z', {Word::Zoom, Word::Symbol, "/", Word::Point, Word::Symbol, Word::Display},
              OptionPage::pointSymbols),
-    exititem('X', {Word::Exit}),
+    exititem('0', {Word::OK, "...", Word::Exit}),
 };
 
 constexpr Item zoomRangeItems[] = {
@@ -130,6 +141,8 @@ constexpr Item zoomRangeItems[] = {
     actionitem('A', {Word::Automatic, Word::Total, Word::Reset}, totalreset),
     pageitem('R', {Word::Range, Word::For, Word::Linear, Word::PlotScale, Word::Zoom}, OptionPage::zoomLimit),
     actionitem('S', {Word::Set, Word::Hide}, hidesets).shows(appendhidden).when(anysets),
+    pageitem('F', {Word::Select, Word::At, Word::Value, "+", Word::On, Word::Plot}, OptionPage::dataOnPlot)
+        .leaving(),
     pageitem('U', {Word::Extended, Word::Options}, OptionPage::extendedOptions).when(onlifeside),
     flipitem('W', {Word::Set, Word::Label, Word::Hide}, placeof<&S::legendPlace>, Word::No, Word::Yes, 1, 0),
     pageitem('Z', {Word::Style, Word::Options}, OptionPage::style),
@@ -240,7 +253,12 @@ constexpr Item lineItems[] = {
     acceptitem('A', {Word::OK, "...", Word::Activate}),
     flipitem('D', {Word::Set, Word::Label, Word::Display}, placeof<&S::legendPlace>),
     flipitem('L', {Word::Data, Word::Fit, Word::Line, Word::Hide}, placeof<&S::fitLinesHidden>),
+    pageitem('N', {Word::Marker, Word::Line, Word::Delete}, OptionPage::markerLine).when([] {
+        return !markerlines().empty();
+    }),
     wholeitem('S', {Word::Plot, Word::Line, Word::Size}, placeof<&S::linewidth>, 1, 9),
+    flipitem('T', {Word::Fit, Word::Line, Word::Display, Word::Truncated}, placeof<&S::fitLineTruncated>),
+    flipitem('U', {Word::Label, Word::Pointer, Word::Line}, placeof<&S::labelPointers>),
     flipitem('V', {Word::Set, Word::Color, Word::For, Word::Same, Word::Title}, placeof<&S::groupDisplay>),
     exititem('X', {Word::Exit}),
 };
@@ -273,8 +291,18 @@ bool selectedcells() {
     return false;
 }
 
+/// What a press on the plot does from here on.
+template <int Mode>
+bool begin() {
+    plotpressbegin(Mode);
+    return false;
+}
+
 constexpr Item dataItems[] = {
     actionitem('D', {Word::Data, Word::Delete, "/", Word::Cut, "/", Word::Copy}, selectedcells),
+    actionitem('E', {Word::Add, Word::Data, Word::On, Word::Plot}, begin<addPointMode>).leaving(),
+    actionitem('F', {Word::Select, Word::At, Word::Value, "+", Word::On, Word::Plot}, begin<selectPointMode>)
+        .leaving(),
     actionitem('H', {Word::Reset, Word::To, Word::Former},
                [] {
                    editaction(editUndo);
@@ -291,17 +319,27 @@ bool view() {
     return false;
 }
 
+/// The report in its whole form, or the table of ranks alone. It is shown as it then stands.
+template <int16_t Ranks>
+bool content() {
+    const bool changed = std::exchange(session.ranksOnly, Ranks) != Ranks;
+    if (changed) calcplot();
+    return view<ViewTab::report>();
+}
+
 constexpr Item reportItems[] = {
-    actionitem('P', {Word::Plot}, view<ViewTab::plot>),
-    actionitem('R', {Word::Report, "...", "ccc +", Word::BValue}, view<ViewTab::report>),
+    actionitem('P', {Word::Plot}, view<ViewTab::plot>).leaving(),
+    actionitem('R', {Word::Report, "...", "ccc +", Word::BValue}, content<0>).leaving(),
+    actionitem('T', {Word::Rank, Word::Table, "[", Word::Only, "]"}, content<1>).leaving().when(onlifeside),
     exititem('X', {Word::Exit}),
 };
 
 constexpr Item plotOrReportItems[] = {
     acceptitem('A', {Word::Activate, Word::Plot}),
     flipitem('C', {Word::Color, Word::Plot, Word::Output}, placeof<&S::colormode>, Word::No, Word::Yes, 1, 0),
-    actionitem('P', {Word::Plot}, view<ViewTab::plot>),
-    actionitem('R', {Word::Report}, view<ViewTab::report>),
+    actionitem('P', {Word::Plot}, view<ViewTab::plot>).leaving(),
+    actionitem('R', {Word::Report}, view<ViewTab::report>).leaving(),
+    pageitem('S', {Word::Report, Word::Type}, OptionPage::reportContent).leaving(),
     pageitem('U', {Word::Type, Word::Of, Word::Plot, "/", Word::PlotScale}, OptionPage::yScaleKind)
         .when(onlifeside),
     exititem('X', {Word::Exit}),

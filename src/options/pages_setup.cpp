@@ -11,6 +11,8 @@
 #include "session/former.h"
 #include "session/settings.h"
 #include "session/sizing.h"
+#include "session/snapshots.h"
+#include "shell/commands.h"
 #include "shell/languages.h"
 #include "shell/prompts.h"
 
@@ -134,6 +136,14 @@ Place parametertext(Session& s) {
     return &s.parameterNames[familyrow()][Which];
 }
 
+/// The next of the symbols that stand between the pieces of a date.
+bool nextdatesymbol() {
+    constexpr std::string_view symbols = "-/.";
+    const auto at = symbols.find(static_cast<char>(session.dateSymbol));
+    session.dateSymbol = symbols[at == std::string_view::npos ? 0 : (at + 1) % symbols.size()];
+    return true;
+}
+
 bool clearclipboard() {
     if (platform) platform->clipboard().settext("");
     return false;
@@ -143,6 +153,8 @@ constexpr double mostDigits = 17;
 
 constexpr Item languageItems[] = {
     acceptitem('A', {Word::Activate}),
+    textitem('B', {"' '", Word::On, Word::Results, Word::Display, "(", Word::Occurrence, ")"},
+             placeof<&S::occurMark>),
     actionitem('D', {Word::Decimal, Word::Symbol, "...", Word::Control, Word::Panel},
                [] {
                    tell(Word::Decimal, " ", Word::Symbol, ": ", Word::Change, " ", Word::In, " ",
@@ -164,6 +176,8 @@ constexpr Item languageItems[] = {
     wholeitem('R', {Word::Decimal, Word::Significance, Word::Limit, Word::For, Word::Fit},
               placeof<&S::maskDigits, 4>, 1, mostDigits),
     pageitem('I', {Word::Information, Word::Display}, OptionPage::informationDisplay),
+    flipitem('K', {Word::File, Word::Name, Word::On, Word::Results, Word::Display},
+             placeof<&S::fileNameShown>),
     actionitem('L', {Word::Language}, languagelist).shows([](std::string& text) {
         extend(text, AsTyped{languageinforce() ? languageinforce()->name : std::string_view("English")});
     }),
@@ -171,17 +185,25 @@ constexpr Item languageItems[] = {
         .when([] { return !session.languageFile.empty(); }),
     nameitem('N', {Word::Name, Word::For, Word::Parameter, "1"}, parametertext<0>),
     nameitem('O', {Word::Name, Word::For, Word::Parameter, "2"}, parametertext<1>),
+    nameitem('P', {Word::Name, Word::For, "3-", Word::Parameter}, placeof<&S::thresholdName>),
+    nameitem('S', {Word::Name, Word::For, "MTBF"}, placeof<&S::mtbfName>),
+    flipitem('T', {Word::Time, "/", Word::Date}, placeof<&S::clockShown>, {Word::Date},
+             {Word::Date, "+", Word::Time}),
     actionitem('U', {Word::Date, Word::Format}, nextdateorder).shows([](std::string& text) {
         appenddateorder(text, dateorder());
         text += " (/ ";
         appenddateorder(text, (dateorder() + 1) % dateOrders.size());
         text += ')';
     }),
+    actionitem('V', {Word::Date, Word::Symbol}, nextdatesymbol).shows([](std::string& text) {
+        extend(text, "'", AsTyped{std::string(1, static_cast<char>(session.dateSymbol))}, "'");
+    }),
     actionitem('Z', {Word::Clipboard, Word::Clear, "...", Word::Delete, Word::All}, clearclipboard),
     exititem('X', {Word::Exit}),
 };
 constexpr PlaceOf languagePlaces[] = {placeof<&S::exportDecimal>, placeof<&S::dateFormat, 0>,
-                                      placeof<&S::dateFormat, 1>, placeof<&S::dateFormat, 2>};
+                                      placeof<&S::dateFormat, 1>, placeof<&S::dateFormat, 2>,
+                                      placeof<&S::dateSymbol>};
 
 Held languagestate() { return {{}, session.languageFile}; }
 
@@ -296,18 +318,49 @@ bool tellpaths() {
     return false;
 }
 
+/// What a run that ended by itself has left, or one that is still on.
+/// The results in force join the former ones.
+bool lastresults() {
+    const std::vector<std::string> left = lefttemporaries();
+    if (left.empty()) {
+        tell(Word::No, " ", Word::Former, " ", Word::Results, " (.tmp)");
+        return false;
+    }
+    const int chosen = choosefrom({Word::Get, Word::Last, ".tmp", Word::Results}, left);
+    return chosen >= 0 && openrecovered(left[static_cast<std::size_t>(chosen)]);
+}
+
 constexpr Item fileItems[] = {
     acceptitem('A', {Word::Activate}),
     actionitem('D', {Word::Data, Word::Path}, datafolder).shows([](std::string& text) {
         extend(text, AsTyped{session.dataPath});
     }),
+    flipitem('F', {Word::Format, Word::For, Word::Data, Word::File, Word::Save}, placeof<&S::htmlMode>,
+             {Word::Text, "-", Word::File}, "HTML", plainLines, wrapperAsked),
+    flipitem('G', {Word::Format, Word::For, Word::Data, Word::File, Word::Get}, placeof<&S::openMerges>,
+             {Word::New, Word::Data}, Word::Merge),
     actionitem('I', {Word::Information, "...", Word::Start, "/", Word::Present, Word::Path}, tellpaths),
+    actionitem('T', {Word::Get, Word::Last, ".tmp", Word::Results}, lastresults).leaving(),
     pageitem('W', {"FORMER FILE LIST"}, OptionPage::formerResults).when([] { return formercount() > 0; }),
     exititem('X', {Word::Exit}),
 };
 constexpr PlaceOf filePlaces[] = {placeof<&S::dataPath>};
 
 // ---- the set-up page itself ----
+
+/// Names the file that new data take their labels and options from; an empty name takes it away.
+bool settemplate() {
+    compose(session.msg, Word::Template, " ", Word::From, " ", Word::Saved, " ", Word::File);
+    textprompt(session.templateFile);
+    if (session.msg == noAnswerText || session.msg == session.templateFile) return false;
+    const std::string wanted = session.msg.empty() ? std::string() : ownpath(session.msg);
+    if (!wanted.empty() && (!platform || !platform->system().fileexists(wanted))) {
+        tell(Word::Cannot, " ", Word::Find, " ", Word::File, ": ", AsTyped{wanted});
+        return false;
+    }
+    session.templateFile = wanted;
+    return true;
+}
 
 constexpr Item setupItems[] = {
     acceptitem('A', {Word::Activate}),
@@ -317,6 +370,7 @@ constexpr Item setupItems[] = {
         }),
     pageitem('E', {Word::Distribution, Word::Equations}, OptionPage::analysisEquations)
         .shows([](std::string& text) { extend(text, AsTyped{session.equationsName}); }),
+    flipitem('I', {Word::Automatic, Word::Data, Word::Order, Word::Caution}, placeof<&S::orderCaution>),
     pageitem('K', {Word::Information, Word::Display, "[", Word::Big, "/", Word::Small, "]"},
              OptionPage::informationDisplay),
     pageitem('L', {Word::Language, " - ", Word::Decimal}, OptionPage::language),
@@ -324,6 +378,14 @@ constexpr Item setupItems[] = {
     pageitem('P', {Word::Plot, Word::Color, Word::Select}, OptionPage::color),
     pageitem('Q', {Word::Plot, Word::Font, Word::Select}, OptionPage::font),
     pageitem('S', {Word::File, Word::Format, Word::Options}, OptionPage::fileFormat),
+    actionitem('T', {Word::Template, Word::From, Word::Saved, Word::File}, settemplate)
+        .shows([](std::string& text) { extend(text, "'", AsTyped{session.templateFile}, "'"); }),
+    pageitem('U', {Word::Start, Word::Lock, Word::Options}, OptionPage::parameterStart).when(onlifeside),
+    flipitem('V', {Word::Save, Word::Caution, Word::For}, placeof<&S::saveCaution>, {Word::Data, Word::Only},
+             {Word::Data, "+", Word::Results}),
+    flipitem('Y', {"Y-", Word::Value, Word::Display, Word::In, Word::Data, Word::Grid},
+             placeof<&S::ordinatesInGrid>)
+        .when(onlifeside),
     exititem('X', {Word::Exit, Word::To, Word::Main, Word::Display}),
 };
 

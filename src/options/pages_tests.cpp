@@ -40,6 +40,8 @@ constexpr Item planningItems[] = {
     actionitem('S', {"Sica-Luko", Word::Test, Word::Correction}, plan<sicaluko>).oncalculated(),
     actionitem('U', {Word::Additional, Word::Usage, "/", Word::Test, Word::Time}, plan<testcalc>)
         .oncalculated(),
+    actionitem('W', {Word::Life, Word::Remaining, "...", Word::After, Word::Former, Word::Usage}, lifeleft)
+        .when([] { return session.setFitted(plannedset()) == 1; }),
     exititem('X', {Word::Exit}),
 };
 

@@ -127,7 +127,8 @@ public:
 class Clock {
 public:
     virtual ~Clock() = default;
-    virtual std::string date() = 0; ///< today's date as the report prints it, ISO 8601
+    virtual std::string date() = 0; ///< today's date, ISO 8601
+    virtual std::string time() = 0; ///< the time of day, "14:05"
 };
 
 /// The machine around the program: its environment, its folders and files, other programs. Paths in the

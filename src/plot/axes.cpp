@@ -37,6 +37,8 @@ void plainticks(AxisTicks& ticks, const AxisSpan& span, const AxisPlace& place, 
                 tick.heavy ? heavyTick : lightTick, tick.label);
 }
 
+void clearlabels(AxisTicks& ticks) { ticks.label.fill({}); }
+
 // ---- the probability axis ----
 
 constexpr double slack = 1e-9; ///< by which a limit may miss the tick it means
@@ -146,12 +148,14 @@ void yticks(double size) {
     clearticks(session.yTicks);
     if (session.plotMode == 1) {
         ladderticks(size);
+        if (session.yValuesShown == 0) clearlabels(session.yTicks);
         return;
     }
     const PlotWindow& w = session.window;
     const AxisSpan span{yaxisscale(), session.yAxisLow, session.yAxisHigh};
     plainticks(session.yTicks, span, {w.bottom, -1, w.bottom - w.top}, size / 2,
                [size](std::string_view) { return size; });
+    if (session.yValuesShown == 0) clearlabels(session.yTicks);
 }
 
 void xticks(double size) {
@@ -160,4 +164,5 @@ void xticks(double size) {
     const AxisSpan span{xaxisscale(), session.xAxisLow, session.xAxisHigh};
     plainticks(session.xTicks, span, {w.left, 1, w.right - w.left}, 0.6 * size,
                [size](std::string_view label) { return plottextwidth(label, size); });
+    if (session.xValuesShown == 0) clearlabels(session.xTicks);
 }

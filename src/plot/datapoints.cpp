@@ -102,6 +102,23 @@ void polylineofset(int k) {
     traceend();
 }
 
+struct LineEnds {
+    double low, high; ///< on the plot scale of Y
+};
+
+/// A line runs over the whole window, or, truncated, from the lowest plotted point of its set to the highest.
+LineEnds lineends(int k) {
+    const PlotWindow& w = session.window;
+    LineEnds ends{w.yhigh, w.ylow};
+    for (int j = 1; session.fitLineTruncated == 1 && j <= pointcount(k); ++j) {
+        const ShownPoint point = shownpoint(k, j);
+        if (point.suspended || !point.placed || !hasploty(point.y)) continue;
+        ends.low = std::min(ends.low, plotyof(point.y));
+        ends.high = std::max(ends.high, plotyof(point.y));
+    }
+    return ends.low < ends.high ? ends : LineEnds{w.ylow, w.yhigh};
+}
+
 /// The fitted line, traced along the probability axis: straight on the paper of its family, and a curve where
 /// the scale is kept as recorded although a threshold is in force.
 void fittedline(int k) {
@@ -109,12 +126,12 @@ void fittedline(int k) {
     const Keep keep{session.eta, session.beta, session.ud};
     session.eta = session.etaFit(row, 1);
     session.beta = session.betaFit(row, 1);
-    const PlotWindow& w = session.window;
     const double shift = scaleshift(k);
     const int steps = shift == 0 ? 1 : std::max<int>(session.linePoints, 1);
+    const auto [low, high] = lineends(k);
     bool started = false;
     for (int i = 0; i <= steps; ++i) {
-        const double ploty = w.ylow + (w.yhigh - w.ylow) * i / steps;
+        const double ploty = low + (high - low) * i / steps;
         session.ud = pofploty(session.dist, session.gumbeltype, ploty);
         txp2xd();
         const double x = session.ud + shift;
@@ -177,6 +194,19 @@ std::string_view labelof(int k, int j) {
                                                        : std::string_view();
 }
 
+/// A thin line from a point to the nearer end of its label.
+void pointer(const Place& place, const LabelPlaces::Spot& spot, double width, double size) {
+    const Keep keep{session.linewidth};
+    session.linewidth = 0;
+    plotwidth(session.linewidth);
+    session.plotx1 = place.x;
+    session.ploty1 = place.y;
+    session.plotx2 = place.x < spot.x + width / 2 ? spot.x : spot.x + width;
+    session.ploty2 = spot.y - 0.35 * size;
+    plotline();
+    plotwidth(1);
+}
+
 void pointlabels(double size) {
     const PlotWindow& w = session.window;
     LabelPlaces places({w.left, w.top, w.right, w.bottom}, size);
@@ -192,7 +222,12 @@ void pointlabels(double size) {
             const std::string_view text = labelof(k, j);
             const Place place = placeof(shownpoint(k, j));
             if (text.empty() || !place.onPlot) continue;
-            const auto spot = places.place(place.x, place.y, plottextwidth(text, size));
+            const double width = plottextwidth(text, size);
+            auto spot = places.place(place.x, place.y, width);
+            if (!spot && session.labelPointers == 1) {
+                spot = places.standoff(place.x, place.y, width);
+                if (spot) pointer(place, *spot, width, size);
+            }
             if (!spot) continue;
             session.plotx2 = spot->x;
             session.ploty2 = spot->y;

@@ -5,7 +5,9 @@
 
 namespace {
 constexpr int mostCells = 1000; ///< a side: a tiny character size must not ask for all memory
-}
+constexpr double above = 0.75;  ///< of the character size: a text above its baseline
+constexpr double below = 0.25;  ///< and below it
+} // namespace
 
 LabelPlaces::LabelPlaces(const ClipWindow& a, double characterSize)
     : area(a),
@@ -46,14 +48,32 @@ void LabelPlaces::keepfree(double x, double y, double reach) {
 
 std::optional<LabelPlaces::Spot> LabelPlaces::place(double x, double y, double width) {
     const double away = 0.9 * size;
-    const double up = 0.75 * size;   // of the text above its baseline
-    const double down = 0.25 * size; // and below it
     const Spot spots[] = {{x + away, y + 0.35 * size},
                           {x - away - width, y + 0.35 * size},
                           {x - width / 2, y - away},
-                          {x - width / 2, y + away + up}};
+                          {x - width / 2, y + away + above * size}};
+    return takefirst(spots, width);
+}
+
+std::optional<LabelPlaces::Spot> LabelPlaces::standoff(double x, double y, double width) {
+    constexpr int rings = 8;
+    constexpr double diagonal = 0.7;
+    for (int ring = 1; ring <= rings; ++ring) {
+        const double away = 2 * ring * size;
+        const double slant = diagonal * away;
+        const double middle = 0.35 * size;
+        const Spot spots[] = {{x + slant, y - slant},    {x - slant - width, y - slant},
+                              {x + slant, y + slant},    {x - slant - width, y + slant},
+                              {x + away, y + middle},    {x - away - width, y + middle},
+                              {x - width / 2, y - away}, {x - width / 2, y + away}};
+        if (const auto spot = takefirst(spots, width)) return spot;
+    }
+    return std::nullopt;
+}
+
+std::optional<LabelPlaces::Spot> LabelPlaces::takefirst(std::span<const Spot> spots, double width) {
     for (const Spot& spot : spots) {
-        const auto box = cells(spot.x, spot.y - up, spot.x + width, spot.y + down);
+        const auto box = cells(spot.x, spot.y - above * size, spot.x + width, spot.y + below * size);
         if (!box || !free(*box)) continue;
         take(*box);
         return spot;

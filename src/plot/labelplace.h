@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "plot/segment.h"
@@ -22,7 +23,11 @@ public:
     /// A place for a label of that width beside the point: right, left, above, below; and takes it.
     std::optional<Spot> place(double x, double y, double width);
 
+    /// A place farther off, for a label that had none: rings of eight directions, the nearest first.
+    std::optional<Spot> standoff(double x, double y, double width);
+
 private:
+    std::optional<Spot> takefirst(std::span<const Spot> spots, double width);
     struct Cells {
         int left, top, right, bottom;
     };

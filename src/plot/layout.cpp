@@ -39,6 +39,20 @@ double blocksize(const std::vector<BlockLine>& block, double size, double roomX,
     return std::max(least, size * factor);
 }
 
+/// Both axes plain, and a unit wanted as long on the one as on the other.
+bool equalunits() {
+    return session.equalScales == 1 && session.plotKind == xyPlot && session.plotMode != 1
+           && session.plotMode != functionAxes && session.xyscale == 0;
+}
+
+/// Takes off the longer way of the area what a unit has too much there.
+void makesquare(PlotWindow& area) {
+    const double factor = std::min(area.xfactor, area.yfactor);
+    area.right = area.left + factor * (area.xhigh - area.xlow);
+    area.top = area.bottom - factor * (area.yhigh - area.ylow);
+    area.xfactor = area.yfactor = factor;
+}
+
 } // namespace
 
 double charactersize() {
@@ -98,6 +112,7 @@ Layout plotlayout(const std::vector<BlockLine>& block, const LabelRoom& labels, 
 
     area.xfactor = (area.right - area.left) / (area.xhigh - area.xlow);
     area.yfactor = (area.bottom - area.top) / (area.yhigh - area.ylow);
+    if (equalunits()) makesquare(area);
     return layout;
 }
 

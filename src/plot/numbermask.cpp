@@ -162,6 +162,7 @@ std::string axislabel(double v, int digits) {
     const double nudged = size + hair * std::pow(10.0, exponent - wanted + 1);
     Figures figures = figuresof(presentable(nudged), wanted);
     trimzeros(figures.digits);
-    const bool plain = size >= lowestPlain * (1 - slack) && size <= highestPlain * (1 + slack);
+    const bool plain = session.scientificScale == 0 && size >= lowestPlain * (1 - slack)
+                       && size <= highestPlain * (1 + slack);
     return (v < 0 ? "-" : "") + spelled(figures, plain ? 0 : 2);
 }

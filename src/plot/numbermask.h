@@ -22,5 +22,6 @@ std::string numbermask(int use);
 std::string numbermasks(int use);
 
 /// Label of a linear or logarithmic axis: plain decimals when |v| lies from 0.00011 to 9999 (and for 0), else
-/// with an exponent; `digits` significant at most. A value a hair under a round number prints as that number.
+/// or where the user wants it with an exponent; `digits` significant at most. A value a hair under a round
+/// number prints as that number.
 std::string axislabel(double v, int digits);

@@ -1,9 +1,13 @@
 #include "plot/pens.h"
 
+#include <algorithm>
 #include <cmath>
+
+#include "session/session.h"
 
 namespace {
 
+constexpr int mostPens = 8;
 constexpr int pens[26] = {0, 2, 5, 3, 6, 7, 1, 4, 2, 5, 3, 6, 7, 1, 4, 1, 2, 5, 3, 6, 7, 1, 4, 2, 5, 3};
 
 /// From a colour on: the type, and by how much the lines move closer.
@@ -20,7 +24,8 @@ constexpr int hatchAngles[5] = {45, 90, 135, 45, 90};
 
 int plotterpen(int colour) {
     if (colour <= 0) return 0;
-    return colour < 26 ? pens[colour] : 1;
+    const int pen = colour < 26 ? pens[colour] : 1;
+    return (pen - 1) % std::clamp<int>(session.penCount, 1, mostPens) + 1;
 }
 
 Hatch plotterhatch(int colour, double dx, double dy) {

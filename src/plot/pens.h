@@ -2,7 +2,8 @@
 
 /// Pens and hatches of a plotter, which has no palette.
 
-/// Plotter pen of a palette colour; 0 stays 0, the colours above 25 share pen 1.
+/// Plotter pen of a palette colour; 0 stays 0, the colours above 25 share pen 1. A plotter with fewer pens
+/// (session.penCount) takes them in turn.
 int plotterpen(int colour);
 
 /// Hatch of a filled rectangle. Colours that share a pen differ by it.

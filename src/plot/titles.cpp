@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "data/datetext.h"
 #include "data/methodlabels.h"
-#include "platform/platform.h"
 #include "plot/drawing.h"
 #include "plot/functionplot.h"
 #include "plot/ladder.h"
@@ -91,7 +91,7 @@ void drawytitle(const Layout& layout) {
 void drawfoot(const Layout& layout) {
     const double size = 0.8 * layout.size;
     std::string text;
-    compose(text, session.productName, "  ", platform ? platform->clock().date() : std::string());
+    compose(text, session.productName, "  ", datetext());
     session.textSize = static_cast<float>(size);
     session.plotx2 = layout.blockRight - plottextwidth(text, size);
     session.ploty2 = layout.footY;

@@ -23,6 +23,7 @@ struct History {
     int16_t undoActive = 0;            ///< 1: snapshots are kept; a run without a window needs none
     int16_t undoKept = 0;              ///< 1: the change in hand has its snapshot already
     uint64_t gridAccepted = emptyGrid; ///< digest of the grid that the last cycle took
+    uint64_t gridSaved = emptyGrid;    ///< digest of the grid that its file holds
     int snapshotSerial = 0;            ///< makes the names of snapshots differ
     std::vector<Snapshot> undoSteps;   ///< the newest last; its path is undoFile
     std::vector<Snapshot> redoSteps;   ///< what was undone, the latest last

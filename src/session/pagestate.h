@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <vector>
 
 /// What is explained of a command beside the plot.
 enum InformationDisplay : int16_t {
@@ -31,12 +33,16 @@ struct PageState {
     int16_t orderCaution = 0;         ///< 1: data that are not in the order of X are told
     int16_t saveCaution = 1;          ///< 1: data that are not saved are asked about before they go
     int16_t fileNameShown = 1;        ///< 1: the results name their file
-    int16_t clockShown = 1;           ///< 1: the results bear the time of day beside the date
+    int16_t clockShown = 0;           ///< 1: the results bear the time of day beside the date
     int16_t dateSymbol = '-';         ///< between the pieces of a date
-    std::string currencySymbol = "$"; ///< before an amount of money
-    std::string expectedName;         ///< name for the quantity expected; empty: the word of the language
     std::string templateFile;         ///< data file whose labels and style new data begin with; empty: none
-    int16_t intervalAxis = 'A';       ///< axis that bounds lie along: A automatic, O occurrence, T time
+    int16_t openMerges = 0;           ///< 1: a file that is opened joins the data, 0: takes their place
+    int16_t fitLineTruncated = 0;     ///< 1: a fitted line ends with the data
+    int16_t labelPointers = 0;   ///< 1: a label that has no room beside its point stands off, with a line
+    int16_t penCount = 8;        ///< pens of the plotter
+    int16_t ranksOnly = 0;       ///< 1: the report is the table of ranks alone
+    int16_t dataColumns = 0;     ///< 1: data go out as columns of numbers, 0: as the cells of the grid
+    std::vector<double> pressed; ///< places X, Y pressed so far on the plot, for an action that needs more
 
     /// Goal and means of a demonstration test; 0 not given.
     double planSlope = 0; ///< 0: the slope of the set

@@ -119,10 +119,13 @@ constexpr Setting newparam[] = {
     {82, "fileNameShown", placeof<&S::fileNameShown>, 0, 1},
     {83, "clockShown", placeof<&S::clockShown>, 0, 1},
     {84, "dateSymbol", placeof<&S::dateSymbol>, ' ', '~'},
-    {85, "", placeof<&S::currencySymbol>},
-    {86, "", placeof<&S::expectedName>},
-    {87, "", placeof<&S::templateFile>},
-    {88, "", placeof<&S::intervalAxis>, 'A', 'Z'},
+    {85, "", placeof<&S::templateFile>},
+    {86, "", placeof<&S::openMerges>, 0, 1},
+    {87, "fitLineTruncated", placeof<&S::fitLineTruncated>, 0, 1},
+    {88, "labelPointers", placeof<&S::labelPointers>, 0, 1},
+    {89, "penCount", placeof<&S::penCount>, 1, 8},
+    {90, "ranksOnly", placeof<&S::ranksOnly>, 0, 1},
+    {91, "dataColumns", placeof<&S::dataColumns>, 0, 1},
     {229, "mtbfName", placeof<&S::mtbfName>},
 };
 

@@ -125,6 +125,13 @@ bool snapshotread(const History::Snapshot& snapshot) {
     return true;
 }
 
+std::vector<std::string> lefttemporaries() {
+    if (!platform) return {};
+    std::vector<std::string> left = platform->system().files(session.tempPath, "VX*-*.tmp");
+    std::erase_if(left, [](const std::string& name) { return name.starts_with(session.tempBase + "-"); });
+    return left;
+}
+
 void undopush(const History::Snapshot& snapshot) {
     session.undoKept = 1;
     if (snapshot.path.empty()) return;

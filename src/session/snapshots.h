@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <vector>
 
 #include "session/history.h"
 
@@ -25,6 +27,10 @@ void snapshotremove(const History::Snapshot& snapshot);
 /// Reads a snapshot back, the grid as it was typed, without a question or a note. False when its file cannot
 /// be read.
 bool snapshotread(const History::Snapshot& snapshot);
+
+/// Data files of other runs in the folder of temporary files: of one that ended by itself, which had no time
+/// to take them away, or one that is still on. Names without the folder.
+std::vector<std::string> lefttemporaries();
 
 /// Makes a snapshot the newest undo step, with the name undoFile; what had been undone is forgotten. Beyond
 /// undoMax the oldest step goes. An empty one makes no step.

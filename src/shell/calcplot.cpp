@@ -71,6 +71,17 @@ void plotsetup() {
     session.plotTitle = name.empty() ? session.productName : name.substr(name.find_last_of("/\\") + 1);
 }
 
+/// Tells of a set whose values do not rise from row to row: in growth and trend data their order counts.
+void cautionorder(int k) {
+    if (session.orderCaution == 0) return;
+    for (int j = 2; j <= pointcount(k); ++j)
+        if (pointvalue(k, j) < pointvalue(k, j - 1)) {
+            tellset(k, Word::Caution, ": ", Word::Data, " ", Word::Order, " ... ", Word::Point, " ", j, " < ",
+                    Word::Point, " ", j - 1);
+            return;
+        }
+}
+
 /// Reads the rows and counts those in use; sets beyond the capacity are told.
 bool readdata() {
     if (session.maxPoints < 1) return false;
@@ -83,6 +94,7 @@ bool readdata() {
     for (int k = 1; k <= std::min(sets, room); ++k) {
         const float row = rowofset(static_cast<float>(k));
         if (!gridget(row)) return false;
+        cautionorder(k);
         const bool told = !session.setMessages[static_cast<std::size_t>(k)].empty();
         if (session.n(static_cast<int>(row)) > 0 || told) last = row;
     }

@@ -43,9 +43,11 @@ void visualmode(int mode) {
         opens<OptionPage::zoom>();
     else if (mode == 18)
         commitfit();
-    else if (oneof(mode, {30, 31, 36, 38}))
+    else if (oneof(mode, {30, 31, 36, 38})) {
+        session.activeMode = 0;
+        session.pressed.clear();
         replot();
-    else
+    } else
         calcplot();
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 /// From a user's action to a command. Every way in, icon, drop-down letter, key, comes here; a window hands
 /// its events over and repaints from the session. All of them return at once while a command runs
 /// (shellBusy).
@@ -33,6 +35,7 @@ bool exitsequence(bool ask);
 
 /// Opens a data file by name, as the dialog of Open, a drop on the window or the list of recent files gives
 /// it: the active results are kept on the former list. False when nothing was read; the session is as it was.
+bool openrecovered(const std::string& name); ///< a file of lefttemporaries, as data that no file holds
 bool openfile(const char* name);
 
 /// Saves to the session's own file, or asks for a name. False when nothing was saved.

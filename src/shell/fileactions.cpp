@@ -43,6 +43,7 @@ std::string phrase(const Parts&... parts) {
 bool savedirty() {
     calcpending();
     if (session.resultsDirty == 0 || longestcolumn() == 0) return true;
+    if (session.saveCaution == 0 && gridhash() == session.gridSaved) return true;
     compose(session.msg, Word::Save, " ", Word::Active, " ", Word::Data, " / ", Word::Results);
     askyesnocancel();
     const int answer = static_cast<int>(session.u);
@@ -78,6 +79,7 @@ bool saveto(const std::string& name) {
     calcpending();
     session.u = 0;
     if (!datafilesave(name)) return false;
+    session.gridSaved = gridhash();
     recentpush(session.fileName);
     if (platform) platform->window().repainticons();
     return true;
@@ -89,6 +91,61 @@ void tellunread(DataRead end, const char* name) {
     if (end == DataRead::unreadable)
         compose(session.msg, Word::Cannot, " ", Word::Open, " ", Word::File, ": ", AsTyped{name});
     tellok();
+}
+
+/// Labels, titles and options of the template; its points are another's.
+void taketemplate() {
+    if (session.templateFile.empty()) return;
+    const Keep keep{session.quietRead, session.fileName, session.undoActive};
+    session.quietRead = 1;
+    session.undoActive = 0; // the step is that of the new data
+    if (opendata(session.templateFile) != DataRead::read) {
+        tellunread(DataRead::unreadable, session.templateFile.c_str());
+        return;
+    }
+    std::vector<std::string> titles = session.gridTitles;
+    sessionclear();
+    gridclear();
+    session.gridTitles = std::move(titles);
+    session.gridCells.resize(session.gridTitles.size());
+}
+
+/// The sets of a file join those that are there.
+bool mergefile(const char* name) {
+    calcpending();
+    const DataRead end = opendata(name, true);
+    if (end != DataRead::read) {
+        tellunread(end, name);
+        return false;
+    }
+    roomfor(longestcolumn());
+    calcplot();
+    return true;
+}
+
+/// Puts what stands in a file in the place of the data, which join the former results.
+bool takefile(const char* name) {
+    DataRead end = DataRead::refused;
+    const bool read = formerfor([&] {
+        end = opendata(name);
+        return end == DataRead::read;
+    });
+    if (!read) {
+        tellunread(end, name);
+        return false;
+    }
+    gridreplaced();
+    roomfor(longestcolumn());
+    const int16_t dirty = session.resultsDirty;
+    calcplot();
+    if (session.dataFileRead != 0) {
+        gridputall(); // a file's four fields, in the short form that is typed
+        gridaccept();
+        if (platform) platform->window().repaintgrid();
+    }
+    session.resultsDirty = dirty;
+    session.gridSaved = dirty == 0 ? gridhash() : History::emptyGrid;
+    return true;
 }
 
 } // namespace
@@ -104,36 +161,32 @@ void newdata() {
     session.titleSecond.clear();
     session.axisTitleX.clear();
     session.axisTitleY.clear();
+    taketemplate();
     gridreplaced();
     undopush(before);
     calcplot();
     session.resultsDirty = 0;
+    session.gridSaved = gridhash();
 }
 
 bool openfile(const char* name) {
     const ShellBusy busy; // the questions of a reader stand over data that are half read
     gridsettle();
-    DataRead end = DataRead::refused;
     session.msg.clear();
-    const bool read = formerfor([&] {
-        end = opendata(name);
-        return end == DataRead::read;
-    });
-    if (!read) {
-        tellunread(end, name);
-        return false;
-    }
-    gridreplaced();
-    roomfor(longestcolumn());
+    if (session.openMerges == 1 && longestcolumn() > 0) return mergefile(name);
+    if (!takefile(name)) return false;
     if (!session.fileName.empty()) recentpush(session.fileName);
-    const int16_t dirty = session.resultsDirty;
-    calcplot();
-    if (session.dataFileRead != 0) {
-        gridputall(); // a file's four fields, in the short form that is typed
-        gridaccept();
-        if (platform) platform->window().repaintgrid();
-    }
-    session.resultsDirty = dirty;
+    return true;
+}
+
+bool openrecovered(const std::string& name) {
+    const ShellBusy busy;
+    gridsettle();
+    session.msg.clear();
+    if (!takefile((session.tempPath + name).c_str())) return false;
+    session.fileName.clear();
+    session.resultsDirty = 1;
+    session.gridSaved = History::emptyGrid;
     return true;
 }
 

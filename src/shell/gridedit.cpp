@@ -5,8 +5,10 @@
 
 #include "data/cell.h"
 #include "data/numbertext.h"
+#include "numeric/sngguard.h"
 #include "options/pages.h"
 #include "platform/platform.h"
+#include "plot/shown.h"
 #include "session/opendata.h"
 #include "session/session.h"
 #include "shell/calcplot.h"
@@ -92,6 +94,22 @@ int gridcolumns() {
 }
 
 std::string gridcell(int set, int point) { return cellof(set, point); }
+
+std::string gridordinate(int set, int point) {
+    const auto* const cells = columnof(set);
+    if (session.ordinatesInGrid == 0 || session.progSide != lifeSide || !cells || set > setcount()) return {};
+    if (static_cast<int>(cells->size()) != pointcount(set) || point < 1 || point > pointcount(set)) return {};
+    const ShownPoint shown = shownpoint(set, point);
+    const double value = std::fabs(cellsplit((*cells)[static_cast<std::size_t>(point - 1)]).x);
+    if (shown.suspended || !shown.placed
+        || sngguard(value)
+               != std::fabs(session.X(static_cast<int>(rowofset(static_cast<float>(set))), point)))
+        return {};
+    std::string text = "   ";
+    appendsignificant(text, 100 * shown.y, 4);
+    wordnumber(text);
+    return text + " %";
+}
 
 CellMark gridmark(int set, int point) {
     const auto* const cells = columnof(set);

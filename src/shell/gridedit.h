@@ -19,10 +19,13 @@ struct CellRange {
 int gridrows();    ///< rows to show: the longest set and a margin, at most what the arrays have room for
 int gridcolumns(); ///< sets to show
 std::string gridcell(int set, int point); ///< text of a cell; empty outside the data
-CellMark gridmark(int set, int point);    ///< what its point is
-std::string gridheading(int set);         ///< heading of a set: its title, or its number
-std::string gridformat();                 ///< the heading line: what a cell holds under the input method
-CellRange gridselection();                ///< the selected range, or the cell in hand
+/// What stands behind the text of a cell: the plotting position of its point, "   12.9 %", where that is
+/// wanted and known. Empty for a set with cells that are no points, and after a change until the next cycle.
+std::string gridordinate(int set, int point);
+CellMark gridmark(int set, int point); ///< what its point is
+std::string gridheading(int set);      ///< heading of a set: its title, or its number
+std::string gridformat();              ///< the heading line: what a cell holds under the input method
+CellRange gridselection();             ///< the selected range, or the cell in hand
 
 /// Entry: `gridedit` opens the edit box over the cell in hand with its text, or with what was typed first;
 /// `gridcommit`, the Enter key, takes gridEditText into the cell, closes the box and moves a row down; on an

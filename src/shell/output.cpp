@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "data/boundvalues.h"
 #include "data/report.h"
 #include "options/pages.h"
 #include "platform/files.h"
@@ -15,6 +16,7 @@
 #include "session/opendata.h"
 #include "session/scriptoutput.h"
 #include "session/session.h"
+#include "shell/gridedit.h"
 #include "shell/prompts.h"
 #include "shell/savename.h"
 #include "shell/words.h"
@@ -111,6 +113,14 @@ bool savepicture(const char* filter, const char* extension) {
     return plotfile(*name, pixelsAcross, pixelsDown);
 }
 
+/// The data in the form that was chosen.
+std::string datatext() {
+    if (session.dataColumns == 0) return dataastext();
+    std::string text = gridtext();
+    std::erase(text, '\r');
+    return text;
+}
+
 std::string parameters() { return outputtext("R").value_or(std::string()); }
 
 // ---- the outputs ----
@@ -122,9 +132,9 @@ struct Output {
 constexpr Output outputs[] = {
     {'W', [] { return printpicture(false); }},
     {'B', [] { return printpicture(true); }},
-    {'C', [] { return copytext(dataastext()); }},
-    {'D', [] { return printtext(Word::Data, dataastext()); }},
-    {'E', [] { return savetext(Word::Data, dataastext()); }},
+    {'C', [] { return copytext(datatext()); }},
+    {'D', [] { return printtext(Word::Data, datatext()); }},
+    {'E', [] { return savetext(Word::Data, datatext()); }},
     {'H', [] { return savepicture("HPGL (*.hgl)|*.hgl", ".hgl"); }},
     {'L', plotport},
     {'M',
@@ -163,7 +173,4 @@ bool copyplot() {
     return tookclipboard(platform && platform->clipboard().setpicture(svg));
 }
 
-bool copyvalues() {
-    std::vector<double> percents(std::begin(bLives), std::end(bLives));
-    return copytext(blifelines(percents));
-}
+bool copyvalues() { return copytext(blifelines(reportlevels())); }

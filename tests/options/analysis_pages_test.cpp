@@ -4,8 +4,10 @@
 #include <cmath>
 #include <string>
 
+#include "data/report.h"
 #include "options/page.h"
 #include "options/pages.h"
+#include "plot/markerline.h"
 #include "session/former.h"
 #include "shell/prompts.h"
 #include "shell/prompttext.h"
@@ -235,7 +237,7 @@ TEST_F(AnalysisPages, ZoomLimitsAreAskedInPercentAndMayNotCross) {
     EXPECT_TRUE(optionpage(OptionPage::zoomLimit));
     EXPECT_DOUBLE_EQ(session.yLimitLow, 0.1);
     EXPECT_DOUBLE_EQ(session.yLimitHigh, 0.9);
-    keys(shown, "AX");
+    keys(shown, "A0");
     EXPECT_TRUE(optionpage(OptionPage::zoom));
     EXPECT_EQ(session.yLimitHigh, 0);
 }
@@ -281,9 +283,9 @@ TEST_F(AnalysisPages, AYLimitIsAskedInTheUnitOfItsAxis) {
 
 TEST_F(AnalysisPages, ASetIsHiddenAndShownAgain) {
     sets({{"150", "230", "310"}, {"20", "30", "45"}});
-    EXPECT_TRUE(press(OptionPage::zoom, "SBXX"));
+    EXPECT_TRUE(press(OptionPage::zoom, "SBX0"));
     EXPECT_EQ(session.lineHide(2), 1);
-    EXPECT_TRUE(press(OptionPage::zoom, "SBXX"));
+    EXPECT_TRUE(press(OptionPage::zoom, "SBX0"));
     EXPECT_EQ(session.lineHide(2), 0);
 }
 
@@ -556,4 +558,62 @@ TEST_F(AnalysisPages, LabelsGoToAFileOfTheirOwnAndComeBack) {
     EXPECT_TRUE(optionpage(OptionPage::style));
     EXPECT_EQ(session.titleSecond, "after the repair");
     EXPECT_EQ(session.gridCells, cells) << "labels alone";
+}
+
+TEST_F(AnalysisPages, TheCalculatorReadsTheLineOfTheSetInHand) {
+    session.fixedSlope = 1;
+    life({"100", "200", "300", "400", "500"});
+    const double eta = fit().eta;
+    EXPECT_NEAR(resultof(told(OptionPage::calculator, 'L', {"50", "10"}), "Life Remaining"),
+                -eta * std::log(0.9), 1e-6 * eta)
+        << "an exponential item has no memory";
+    EXPECT_NEAR(resultof(told(OptionPage::calculator, 'Q', {"70"}), "MTBF"), eta, 1e-6 * eta);
+    const std::string ends = told(OptionPage::calculator, 'O', {"100", "500", "5"});
+    EXPECT_NEAR(resultof(ends, "Maximum P-Value %"), 100 * (1 - std::pow(1 - std::exp(-500 / eta), 5)), 1e-4);
+    EXPECT_NEAR(resultof(ends, "Minimum P-Value %"), 100 * (1 - std::exp(-5 * 100 / eta)), 1e-4);
+    EXPECT_NEAR(resultof(told(OptionPage::testPlanning, 'W', {"50", "10"}), "Life Remaining"),
+                -eta * std::log(0.9), 1e-6 * eta);
+}
+
+TEST_F(AnalysisPages, TheOutliersOfAPageAreThoseOfItsSet) {
+    life({"100", "200", "300", "400", "500"});
+    ScriptedPlatform shown;
+    shown.expectkey("", 'O');
+    shown.expectnumber("Minimum", std::nullopt);
+    shown.expectkey("", 'X');
+    optionpage(OptionPage::calculator);
+    EXPECT_EQ(shown.shown[1].value, "100");
+}
+
+TEST_F(AnalysisPages, AWeibayesLineCanBeKeptAsAMarkerLine) {
+    session.fixedSlope = 2;
+    life({"100", "200", "300"});
+    ScriptedPlatform shown;
+    shown.expectkey("", 'W');
+    shown.expecttext("Marker Line Label", "design 1");
+    shown.expectkey("", 'A');
+    EXPECT_TRUE(optionpage(OptionPage::weibayes));
+    ASSERT_EQ(markerlines().size(), 1u);
+    EXPECT_DOUBLE_EQ(markerlines()[0].parameters.eta, fit().eta);
+    EXPECT_EQ(markerlines()[0].parameters.beta, 2);
+    keys(shown, "KA");
+    EXPECT_TRUE(optionpage(OptionPage::weibayes));
+    EXPECT_TRUE(markerlines().empty());
+}
+
+TEST_F(AnalysisPages, TheReportCanBeTheTableOfRanksAlone) {
+    life({"100", "-150", "200", "300"});
+    ScriptedPlatform shown;
+    shown.expectkey("", 'T');
+    optionpage(OptionPage::reportContent);
+    const std::string table = reportastext();
+    EXPECT_EQ(table.find("Eta"), std::string::npos) << table;
+    EXPECT_NE(table.find("Suspension"), std::string::npos);
+    // Ranks of Johnson: 1, then 1 + (5 - 1) / 3, then the same step again; positions of Benard.
+    EXPECT_NE(table.find("2.33333"), std::string::npos) << table;
+    EXPECT_NE(table.find("3.66667"), std::string::npos) << table;
+    EXPECT_NE(table.find("15.9091"), std::string::npos) << "100 (1 - 0.3) / 4.4" << table;
+    shown.expectkey("", 'R');
+    optionpage(OptionPage::reportContent);
+    EXPECT_NE(reportastext().find("Eta"), std::string::npos);
 }

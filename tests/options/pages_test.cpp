@@ -22,8 +22,7 @@ namespace {
 
 std::vector<OptionPage> allpages() {
     std::vector<OptionPage> pages;
-    for (int i = 0; i <= static_cast<int>(OptionPage::sample); ++i)
-        pages.push_back(static_cast<OptionPage>(i));
+    for (int i = 0; i <= static_cast<int>(lastPage); ++i) pages.push_back(static_cast<OptionPage>(i));
     return pages;
 }
 

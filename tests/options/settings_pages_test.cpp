@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "data/boundvalues.h"
+#include "data/datetext.h"
 #include "options/page.h"
 #include "options/pages.h"
 #include "session/session.h"
@@ -230,4 +232,65 @@ TEST_F(SettingsPages, TheVelocityOfThePlotterLeavesTheFrameAlone) {
     keys("A");
     EXPECT_TRUE(optionpage(OptionPage::ports));
     EXPECT_EQ(session.plotspeed, -35);
+}
+
+TEST_F(SettingsPages, ADateStandsInTheOrderAndWithTheSymbolOfTheUser) {
+    EXPECT_EQ(datetext(), "2024-02-29");
+    keys("UVA");
+    EXPECT_TRUE(optionpage(OptionPage::language));
+    EXPECT_EQ(datetext(), "29/02/2024");
+    keys("UVTA");
+    EXPECT_TRUE(optionpage(OptionPage::language));
+    EXPECT_EQ(datetext(), "02.29.2024 14:05");
+    EXPECT_EQ(dateshown("no date"), "no date");
+}
+
+TEST_F(SettingsPages, NamesOfTheUserStandInTheResults) {
+    desktop.expectkey("", 'P');
+    desktop.expecttext("", "delay");
+    desktop.expectkey("", 'S');
+    desktop.expecttext("", "MTTF");
+    keys("A");
+    EXPECT_TRUE(optionpage(OptionPage::language));
+    EXPECT_EQ(session.thresholdName, "delay");
+    EXPECT_EQ(session.mtbfName, "MTTF");
+}
+
+TEST_F(SettingsPages, ATemplateMustBeAFileThatIsThere) {
+    desktop.expectkey("", 'T');
+    desktop.expecttext("Template", folder.path("none.w"));
+    desktop.expectmessage("Cannot Find File");
+    desktop.expectkey("", 'X');
+    EXPECT_FALSE(optionpage(OptionPage::setup));
+    EXPECT_EQ(session.templateFile, "");
+}
+
+TEST_F(SettingsPages, AFileIsSavedInItsWrapperWhereTheFormatSaysSo) {
+    keys("FA");
+    EXPECT_TRUE(optionpage(OptionPage::fileFormat));
+    EXPECT_EQ(session.htmlMode, wrapperAsked);
+    EXPECT_NE(item('F').find("HTML"), std::string::npos);
+}
+
+TEST_F(SettingsPages, WithoutFilesOfAFormerRunThereIsNothingToGet) {
+    desktop.expectkey("", 'T');
+    desktop.expectmessage("No Former Results");
+    EXPECT_FALSE(optionpage(OptionPage::fileFormat));
+}
+
+TEST_F(SettingsPages, TheValuesPutOutAreThoseThatTheUserNames) {
+    desktop.expectkey("", 'M');
+    desktop.expecttext("", "10 0.5;50");
+    desktop.expectkey("", 'X');
+    EXPECT_TRUE(optionpage(OptionPage::output));
+    EXPECT_EQ(session.reportValue, (std::vector<double>{10, 0.5, 50}));
+    EXPECT_EQ(reportlevels(), session.reportValue);
+    desktop.expectkey("", 'M');
+    desktop.expecttext("", "10 100");
+    desktop.expectmessage("0 < B% < 100");
+    desktop.expectkey("", 'X');
+    EXPECT_FALSE(optionpage(OptionPage::output));
+    EXPECT_EQ(session.reportValue.size(), 3u);
+    session.reportValue = {-5, 200};
+    EXPECT_GT(reportlevels().size(), 5u) << "what a file brings is not taken where it is no percentage";
 }

@@ -2,7 +2,9 @@
 
 #include "plot/markerline.h"
 #include "session/former.h"
+#include "session/opendata.h"
 #include "session/recent.h"
+#include "session/snapshots.h"
 #include "shell/commandactions.h"
 #include "shell/gridedit.h"
 #include "support/shellfixture.h"
@@ -245,6 +247,86 @@ TEST_F(FileActions, TheWizardOffersTheWaysIn) {
     datawizard();
     EXPECT_EQ(desk.shown[0].header, "Data Wizard");
     EXPECT_EQ(column().size(), 3u);
+}
+
+TEST_F(FileActions, AFileThatIsMergedJoinsTheDataAndCanBeUndone) {
+    session.undoActive = 1;
+    given({"150", "230", "310"});
+    session.openMerges = 1;
+    ASSERT_TRUE(openfile(folder.write("b.txt", "15\n23\n31\n").c_str()));
+    ASSERT_EQ(session.gridCells.size(), 2u);
+    EXPECT_EQ(column(0), (Cells{"150", "230", "310"}));
+    EXPECT_EQ(column(1), (Cells{"15", "23", "31"}));
+    EXPECT_EQ(formercount(), 0u) << "nothing was replaced";
+    command(81);
+    EXPECT_EQ(session.gridCells.size(), 1u);
+}
+
+TEST_F(FileActions, AMergeThatFailsLeavesTheData) {
+    given({"150", "230", "310"});
+    session.openMerges = 1;
+    desk.expectmessage("Cannot Open File");
+    EXPECT_FALSE(openfile(folder.path("none.w").c_str()));
+    EXPECT_EQ(column(), (Cells{"150", "230", "310"}));
+}
+
+TEST_F(FileActions, NewDataBeginWithTheTitlesAndOptionsOfTheTemplate) {
+    sets({{"150", "230", "310"}, {"5", "6", "7"}});
+    session.gridTitles = {"pumps", "valves"};
+    session.dist = lognormal;
+    calcplot();
+    const std::string path = folder.path("standard.w");
+    desk.expectfile("Save", path);
+    ASSERT_TRUE(savefileas());
+    session.dist = weibull;
+    session.templateFile = session.fileName;
+    newdata();
+    EXPECT_EQ(session.gridTitles, (std::vector<std::string>{"pumps", "valves"}));
+    EXPECT_EQ(longestcolumn(), 0u) << "its points are another's";
+    EXPECT_EQ(session.dist, lognormal);
+    EXPECT_EQ(session.fileName, "");
+    EXPECT_EQ(session.resultsDirty, 0);
+}
+
+TEST_F(FileActions, ATemplateThatIsGoneIsToldAndTheGridIsEmpty) {
+    given({"150", "230", "310"});
+    session.resultsDirty = 0;
+    session.templateFile = folder.path("gone.w");
+    desk.expectmessage("Cannot Open File");
+    newdata();
+    EXPECT_EQ(longestcolumn(), 0u);
+}
+
+TEST_F(FileActions, WhatAFormerRunHasLeftIsReadAsDataWithoutAFile) {
+    given({"150", "230", "310"});
+    for (const char* base : {"VX1234567", "VX7654321"}) {
+        session.tempBase = base;
+        const std::string path = snapshotnew().path;
+        ASSERT_NE(path, "");
+        desk.machine.present.insert(path);
+    }
+    const auto left = lefttemporaries();
+    ASSERT_EQ(left.size(), 1u) << "its own files are none that were left";
+    given({"5"});
+    ASSERT_TRUE(openrecovered(left[0]));
+    EXPECT_EQ(column(), (Cells{"150", "230", "310"}));
+    EXPECT_EQ(session.fileName, "");
+    EXPECT_EQ(session.resultsDirty, 1) << "they are asked about before they go";
+}
+
+TEST_F(FileActions, WithoutTheCautionForResultsOnlyChangedDataAreAskedAbout) {
+    given({"150", "230", "310"});
+    desk.expectfile("Save", folder.path("kept.w"));
+    ASSERT_TRUE(savefileas());
+    session.saveCaution = 0;
+    session.resultsDirty = 1; // another option, the same data
+    newdata();
+    EXPECT_EQ(longestcolumn(), 0u);
+    given({"150", "230"});
+    session.resultsDirty = 1;
+    desk.expectmenu("Save Active Data", 3);
+    newdata();
+    EXPECT_EQ(longestcolumn(), 2u) << "changed data are asked about still";
 }
 
 } // namespace

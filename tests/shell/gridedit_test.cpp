@@ -313,4 +313,18 @@ TEST_F(GridEdit, AnExtremePointIsChangedFromTheStatistics) {
     EXPECT_EQ(column(), (Cells{"10", "20", "35"}));
 }
 
+TEST_F(GridEdit, ACellShowsItsPlottingPositionWhereThatIsWanted) {
+    given({"100", "-150", "200", "300"});
+    EXPECT_EQ(gridordinate(1, 1), "");
+    session.ordinatesInGrid = 1;
+    EXPECT_EQ(gridordinate(1, 1), "   15.91 %") << "Benard: 100 (1 - 0.3) / 4.4";
+    EXPECT_EQ(gridordinate(1, 2), "") << "a suspension has none";
+    EXPECT_EQ(gridordinate(1, 5), "");
+    EXPECT_EQ(gridordinate(2, 1), "");
+    gridset(1, 1, "170");
+    EXPECT_EQ(gridordinate(1, 1), "") << "the position was that of another value";
+    gridset(1, 5, "400");
+    EXPECT_EQ(gridordinate(1, 3), "") << "nor does any hold for more points";
+}
+
 } // namespace

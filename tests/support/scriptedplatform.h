@@ -224,6 +224,7 @@ private:
     bool pendingevents() override { return escapeIn > 0 && --escapeIn == 0; }
 
     std::string date() override { return today; }
+    std::string time() override { return "14:05"; }
 
     std::optional<std::string> text() override { return clipboardText; }
     bool settext(std::string_view text) override {

@@ -16,12 +16,20 @@ int HeadlessPlatform::menu(const MenuPage& page) {
 
 void HeadlessPlatform::message(std::string_view, std::string_view text) { messages.emplace_back(text); }
 
-std::string HeadlessPlatform::date() {
-    const std::time_t now = std::time(nullptr);
+namespace {
+
+std::string now(const char* form) {
+    const std::time_t moment = std::time(nullptr);
     char text[16];
-    const std::size_t length = std::strftime(text, sizeof text, "%Y-%m-%d", std::localtime(&now));
+    const std::size_t length = std::strftime(text, sizeof text, form, std::localtime(&moment));
     return {text, length};
 }
+
+} // namespace
+
+std::string HeadlessPlatform::date() { return now("%Y-%m-%d"); }
+
+std::string HeadlessPlatform::time() { return now("%H:%M"); }
 
 std::optional<std::string> HeadlessPlatform::text() { return readfile("-"); }
 

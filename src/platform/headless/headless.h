@@ -48,6 +48,7 @@ private:
     bool pendingevents() override { return false; }
 
     std::string date() override;
+    std::string time() override;
 
     std::optional<std::string> text() override; ///< of standard input, once
     bool settext(std::string_view text) override;

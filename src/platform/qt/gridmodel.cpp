@@ -45,7 +45,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     const int set = index.column() + 1;
     const int point = index.row() + 1;
     switch (role) {
-    case Qt::DisplayRole: return qs(gridcell(set, point));
+    case Qt::DisplayRole: return qs(gridcell(set, point) + gridordinate(set, point));
     case Qt::DecorationRole: {
         const CellMark mark = gridmark(set, point);
         if (mark == CellMark::none) return {};

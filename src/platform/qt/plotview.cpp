@@ -14,6 +14,7 @@
 #include "plot/window.h"
 #include "plot/zoomwindow.h"
 #include "session/session.h"
+#include "shell/plotpress.h"
 
 namespace {
 
@@ -128,6 +129,12 @@ void PlotView::mousePressEvent(QMouseEvent* event) {
     if (button >= 0 && event->button() == Qt::LeftButton) {
         gripped = false;
         if (session.shellBusy == 0 && !plotting() && pressbutton(window, button, stepFactor)) replotquietly();
+        return;
+    }
+    if (event->button() == Qt::LeftButton && plotpressawaited()) {
+        gripped = false;
+        const PlotWindow pressed = window; // the press may draw the plot anew
+        if (session.shellBusy == 0 && !plotting()) plotpress(pressed, place.x(), place.y());
         return;
     }
     gripped = event->button() == Qt::LeftButton;

@@ -29,6 +29,7 @@ public:
 class Today : public Clock {
 public:
     std::string date() override { return utf8(QDate::currentDate().toString(Qt::ISODate)); }
+    std::string time() override { return utf8(QTime::currentTime().toString(QStringLiteral("HH:mm"))); }
 };
 
 } // namespace
