@@ -211,6 +211,13 @@ void gridgo(int row, int column, bool extend) {
     repaintcell();
 }
 
+void gridhold(int row, int column) {
+    session.gridRow = session.gridMarkRow = row;
+    session.gridCol = session.gridMarkCol = column;
+    session.gridMarked = 0;
+    repaintcell();
+}
+
 void gridheadingpress(int set) {
     if (session.shellBusy > 0 || set < 1 || set > gridcolumns()) return;
     gridgo(1, set);

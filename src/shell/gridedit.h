@@ -41,6 +41,9 @@ void gridsettle(); ///< takes an open entry into its cell and stays there: befor
 void gridmove(int rows, int columns, bool extend = false);
 void gridgo(int row, int column, bool extend = false); ///< the same to a place, as a press of the mouse
 
+/// Takes a cell in hand, alone, for a command that goes on with it.
+void gridhold(int row, int column);
+
 void gridheadingpress(int set);        ///< selects the set and asks for its heading
 void gridexplain(int row, int column); ///< secondary press on a cell: the set's points and the quick choices
 

@@ -3,7 +3,6 @@
 
 #include "data/cell.h"
 #include "data/numbertext.h"
-#include "platform/platform.h"
 #include "session/session.h"
 #include "session/snapshots.h"
 #include "shell/calcplot.h"
@@ -138,10 +137,7 @@ void fillpage(int set, const Statistics& all) {
 
 /// Asks for the new text of a cell, and puts it there.
 void changecell(int set, int row) {
-    session.gridRow = session.gridMarkRow = row;
-    session.gridCol = session.gridMarkCol = set;
-    session.gridMarked = 0;
-    if (platform) platform->window().repaintcell();
+    gridhold(row, set);
     compose(session.menuTitle, Word::Set, " ", set);
     compose(session.msg, Word::Row, " ", row, " = ", AsTyped{gridcell(set, row)});
     textprompt();

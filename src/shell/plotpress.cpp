@@ -106,8 +106,7 @@ void selectpoint(const PlotWindow& window, double x, double y) {
     const auto nearest = nearestpoint(points, x, y, reach);
     const int row = nearest ? rowofpoint(nearest->set, nearest->point) : 0;
     if (row == 0) return;
-    gridgo(row, nearest->set);
-    if (platform) platform->window().repaintcell();
+    gridhold(row, nearest->set);
     constexpr Word names[] = {Word::Delete, Word::Cut, Word::Copy};
     constexpr int actions[] = {editDelete, editCut, editCopy};
     std::vector<std::string> entries;

@@ -307,7 +307,7 @@ TEST_F(FileActions, WhatAFormerRunHasLeftIsReadAsDataWithoutAFile) {
     }
     const auto left = lefttemporaries();
     ASSERT_EQ(left.size(), 1u) << "its own files are none that were left";
-    given({"5"});
+    given({"5", "6", "7"});
     ASSERT_TRUE(openrecovered(left[0]));
     EXPECT_EQ(column(), (Cells{"150", "230", "310"}));
     EXPECT_EQ(session.fileName, "");
