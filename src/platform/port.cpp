@@ -18,7 +18,6 @@
 
 namespace {
 
-constexpr int patience = 60000;                   ///< ms that a device may take nothing
 constexpr std::chrono::seconds drainPatience(10); ///< that a line may send nothing at the end
 
 struct PortDevice {

@@ -35,7 +35,8 @@ bool setserial(int line, const PortSetting& setting);
 /// false: errno tells why, ENXIO, ENODEV or EBUSY when the device is not there or held by another.
 class PortSink : public TextSink {
 public:
-    PortSink() = default;
+    /// The time that the device may take nothing.
+    explicit PortSink(int milliseconds = 60000) : patience(milliseconds) {}
     ~PortSink() override { drop(); }
     PortSink(const PortSink&) = delete;
     PortSink& operator=(const PortSink&) = delete;
@@ -46,6 +47,7 @@ public:
     void drop() override;
 
 private:
+    int patience;
     int line = -1;
     bool serial = false;
 };
