@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <algorithm>
 #include <clocale>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <new>
@@ -111,6 +112,7 @@ int main(int argc, char** argv) {
         std::fputs(noDisplay, stderr);
         return noResult;
     }
+    std::signal(SIGPIPE, SIG_IGN); // a port or pipe that is gone fails its write; it must not end the program
     try {
         Desktop application(argc, argv);
         std::setlocale(LC_NUMERIC, "C"); // the application has put the user's there
