@@ -24,13 +24,14 @@ std::vector<std::optional<Cell>> gridpoints(int k) {
     return points;
 }
 
-std::optional<std::string> pointtext(const Cell& cell) {
+std::optional<std::string> pointtext(const Cell& cell, bool hasY) {
     std::string text;
     appendtrimmed(text, cell.x);
     const float fields[] = {cell.y, cell.quantity, cell.z};
     const float silent[] = {0, 1, 0};
     int last = 2;
-    while (last >= 0 && fields[last] == silent[last]) --last;
+    const int least = hasY ? 0 : -1;
+    while (last > least && fields[last] == silent[last]) --last;
     for (int i = 0; i <= last; ++i) {
         text += 'x';
         appendtrimmed(text, fields[i]);

@@ -20,6 +20,7 @@ bool ispointtext(std::string_view text, const Cell& cell);
 /// views into the cells.
 std::vector<std::optional<Cell>> gridpoints(int k);
 
-/// The text of a point without the fields at its end that say nothing: "10", "10x3", "10x3x2_label". Nothing
-/// when it would not read back as the same point: a reserved number, written there, would empty its field.
-std::optional<std::string> pointtext(const Cell& cell);
+/// The text of a point without the fields at its end that say nothing: "10", "10x3", "10x3x2_label". A Y of 0
+/// is written where the point has a Y: on an X-Y plot a cell without one is missing it. Nothing when the text
+/// would not read back as the same point: a reserved number, written there, would empty its field.
+std::optional<std::string> pointtext(const Cell& cell, bool hasY);

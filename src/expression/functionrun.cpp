@@ -75,7 +75,7 @@ std::vector<RunRow> rowsofrun(int set) {
 }
 
 /// The text of the cell with the result in it; nothing when the cell cannot hold it.
-std::optional<std::string> textofresult(Cell cell, float result) {
+std::optional<std::string> textofresult(Cell cell, bool hasY, float result) {
     const bool isX = givesx(session.functionMode);
     float& field = isX ? cell.x : cell.y;
     if (isX && signmarks()) {
@@ -83,7 +83,7 @@ std::optional<std::string> textofresult(Cell cell, float result) {
         result = std::copysign(result, cell.x);
     }
     field = result;
-    return pointtext(cell);
+    return pointtext(cell, hasY || !isX);
 }
 
 struct Result {
@@ -108,7 +108,8 @@ std::vector<Result> resultsofrun(const FunctionProgram& program, int target, Row
         Cell cell;
         cell.x = row.x;
         if (row.place < present.size() && present[row.place]) cell = *present[row.place];
-        auto text = textofresult(cell, sngguard(value.value));
+        const bool hasY = row.place < present.size() && cellhasy(gridcellsof(target)[row.place]);
+        auto text = textofresult(cell, hasY, sngguard(value.value));
         if (text)
             results.push_back({row.place, std::move(*text)});
         else

@@ -96,7 +96,8 @@ bool changegrid(const std::function<bool()>& change) {
     calcpending(); // cells typed since the last cycle are a step of their own
     const History::Snapshot before = undosnapshot();
     if (!undoable(before)) return false;
-    if (!change()) {
+    const uint64_t grid = gridhash();
+    if (!change() || gridhash() == grid) {
         snapshotremove(before);
         return false;
     }
@@ -105,14 +106,15 @@ bool changegrid(const std::function<bool()>& change) {
     return true;
 }
 
-bool rewriteset(int set, const PointRule& rule) {
+bool rewriteset(int set, bool givesY, const PointRule& rule) {
     auto points = gridpoints(set);
     std::vector<std::pair<std::size_t, std::string>> results;
     Without without;
     for (std::size_t row = 0; row < points.size(); ++row) {
         if (!points[row]) continue;
         std::optional<std::string> text;
-        if (rule(row, *points[row])) text = pointtext(*points[row]);
+        const bool hasY = givesY || cellhasy(gridcellsof(set)[row]);
+        if (rule(row, *points[row])) text = pointtext(*points[row], hasY);
         if (text)
             results.emplace_back(row, std::move(*text));
         else
@@ -137,7 +139,7 @@ bool appendset(const std::vector<Cell>& points, std::string_view title) {
         return false;
     }
     std::vector<std::string> cells;
-    for (const Cell& point : points) cells.push_back(pointtext(point).value_or(std::string()));
+    for (const Cell& point : points) cells.push_back(pointtext(point, true).value_or(std::string()));
     if (session.gridCells.size() <= column) session.gridCells.resize(column + 1);
     if (session.gridTitles.size() <= column) session.gridTitles.resize(column + 1);
     session.gridCells[column] = std::move(cells);
@@ -151,7 +153,7 @@ std::vector<Cell> pointsmadeof(int set, const PointRule& rule) {
     auto points = gridpoints(set);
     for (std::size_t row = 0; row < points.size(); ++row) {
         if (!points[row]) continue;
-        if (rule(row, *points[row]) && pointtext(*points[row]))
+        if (rule(row, *points[row]) && pointtext(*points[row], true))
             made.push_back(*points[row]);
         else
             without.add(row);

@@ -30,8 +30,9 @@ bool changegrid(const std::function<bool()>& change);
 using PointRule = std::function<bool(std::size_t row, Cell& point)>;
 
 /// Rewrites the points of a set in place. A cell that is no point stays as it is, and so does one that has no
-/// result; how many these are is told once. False when no cell was written.
-bool rewriteset(int set, const PointRule& rule);
+/// result; how many these are is told once. `givesY`: the rule makes a Y where the cell had none. False when
+/// no cell was written.
+bool rewriteset(int set, bool givesY, const PointRule& rule);
 
 /// Makes a new set behind the last one out of points, told where there is no room for it. False then, and
 /// when there are no points.

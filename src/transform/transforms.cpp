@@ -25,7 +25,7 @@ using Move = std::function<PlanePoint(PlanePoint)>;
 
 bool movepoints(int set, const Move& move) {
     return changegrid([&] {
-        return rewriteset(set, [&](std::size_t, Cell& cell) {
+        return rewriteset(set, true, [&](std::size_t, Cell& cell) {
             return putpoint(cell, move({cell.x, cell.y}));
         });
     });
@@ -48,7 +48,7 @@ bool suminterval(bool ofX, bool ofY) {
     if (set == 0) return false;
     double sumX = 0, sumY = 0;
     return changegrid([&] {
-        return rewriteset(set, [&](std::size_t, Cell& cell) {
+        return rewriteset(set, ofY, [&](std::size_t, Cell& cell) {
             const bool x = !ofX || sumdown(cell.x, sumX);
             const bool y = !ofY || sumdown(cell.y, sumY);
             return x && y;
@@ -64,7 +64,7 @@ bool axisofset() {
     if (b == 0) return false;
     return changegrid([&] {
         const auto source = gridpoints(a);
-        return rewriteset(b, [&](std::size_t row, Cell& cell) {
+        return rewriteset(b, false, [&](std::size_t row, Cell& cell) {
             if (row >= source.size() || !source[row]) return false;
             cell.x = source[row]->y;
             return true;
