@@ -528,3 +528,22 @@ TEST_F(Transform, CellsTypedSinceTheLastCycleAreAStepOfTheirOwn) {
     undo();
     EXPECT_EQ(cells(), (Cells{"1x2", "3x4"}));
 }
+
+TEST_F(Transform, ALargeSetIsTransformedAndComesBack) {
+    session.sizeExponent = 9;
+    ASSERT_TRUE(allocatearrays());
+    constexpr int points = 60000; // more cells than an undo keeps as they were typed
+    Cells data;
+    for (int i = 0; i < points; ++i) data.push_back(std::to_string(i) + "x" + std::to_string(i % 7) + ".5");
+    given({data});
+    choose('S');
+    run();
+    EXPECT_EQ(cells().back(), std::to_string((points - 1) % 7) + ".5x59999");
+    undo();
+    ASSERT_EQ(pointcount(1), points);
+    for (int i = 0; i < points; ++i) {
+        ASSERT_EQ(session.X(1, i + 1), static_cast<float>(i));
+        ASSERT_EQ(session.Y(1, i + 1), static_cast<float>(i % 7 + .5));
+    }
+    transformed = false; // the cells themselves come back in the long form
+}
