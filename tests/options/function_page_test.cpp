@@ -233,3 +233,22 @@ TEST_F(FunctionPage, SpeaksAnotherLanguage) {
     for (const std::string& text : desk.shown.back().items)
         EXPECT_EQ(text.find('{'), std::string::npos) << text;
 }
+
+TEST_F(FunctionPage, TheEquationsOfThisSideHaveATitleAlone) {
+    desk.expectkey("", 'A');
+    desk.expecttext("Analysis Equations", "growth");
+    desk.expectkey("", '1');
+    command(71);
+    EXPECT_EQ(session.equationsName, "growth");
+    EXPECT_EQ(item('A'), "A...Analysis Equations = 'growth'");
+    EXPECT_EQ(item('B') + item('C'), "");
+}
+
+TEST(EquationsPage, ShowsFamilyAndMethodOfTheLifeSide) {
+    const FreshSession fresh(lifeSide);
+    ScriptedPlatform desk;
+    desk.expectkey("", '1');
+    optionpage(OptionPage::analysisEquations);
+    EXPECT_EQ(desk.shown[0].items[2], "B...Distribution = Weibull");
+    EXPECT_EQ(desk.shown[0].items[3], "C...Method = rr");
+}
