@@ -136,10 +136,9 @@ bool mayreplace(const std::string& name) {
 } // namespace
 
 std::string functionline() {
-    const bool isX = session.functionMode > functionY;
     std::string line = functiontext(session.fcode, functionliterals(), session.functionMode);
     wordnumber(line);
-    return (isX ? " X = " : " Y = ") + line;
+    return (givesx(session.functionMode) ? " X = " : " Y = ") + line;
 }
 
 bool functionappend(std::string_view typed) {

@@ -7,9 +7,10 @@
 #include <string>
 
 #include "data/cell.h"
-#include "data/numbertext.h"
+#include "data/gridpoints.h"
 #include "expression/functionnotices.h"
 #include "expression/program.h"
+#include "expression/tokens.h"
 #include "numeric/sngguard.h"
 #include "session/session.h"
 
@@ -17,34 +18,10 @@ namespace {
 
 constexpr int columnOperands = 10;
 
-/// The cells of a set, as the grid has them.
-const std::vector<std::string>& cellsof(int set) {
-    static const std::vector<std::string> none;
-    const auto column = static_cast<std::size_t>(set - 1);
-    return set >= 1 && column < session.gridCells.size() ? session.gridCells[column] : none;
-}
-
-/// A comma that is not the decimal symbol may have been meant as one: such a cell is no point.
-bool ispoint(std::string_view text, const Cell& cell) {
-    return cell.hasValue
-           && (session.decimalSeparator == ","
-               || text.substr(0, text.find('_')).find(',') == std::string_view::npos);
-}
-
 /// On a probability plot a minus sign marks a suspension where it does not make a value.
 bool signmarks() { return session.plotMode == 1 && !negativedata(); }
 
 double valueofx(float x) { return signmarks() ? std::fabs(x) : x; }
-
-/// The points of a set, by row of the grid.
-std::vector<std::optional<Cell>> pointsof(int set) {
-    std::vector<std::optional<Cell>> points;
-    for (const std::string& text : cellsof(set)) {
-        const Cell cell = cellsplit(text);
-        points.push_back(ispoint(text, cell) ? std::optional(cell) : std::nullopt);
-    }
-    return points;
-}
 
 /// The columns that the function names, read once a run. x0 is the set that x comes from, x1 to x9 are sets 1
 /// to 9; a row that a set does not have counts as 0.
@@ -52,7 +29,7 @@ class Columns {
 public:
     Columns(uint16_t used, int set) {
         for (int d = 0; d < columnOperands; ++d)
-            if (used & 1 << d) points[d] = pointsof(d == 0 ? set : d);
+            if (used & 1 << d) points[d] = gridpoints(d == 0 ? set : d);
     }
     const double* row(std::size_t at) {
         for (std::size_t d = 0; d < points.size(); ++d)
@@ -68,23 +45,26 @@ private:
 /// A row of the run: where it stands in the grid, and what it offers.
 struct RunRow {
     std::size_t place = 0;
+    float x = 0; ///< X of the point
     FunctionRow values;
 };
 
 /// The rows of a set, or those that both of two sets have.
 std::vector<RunRow> rowsofrun(int set) {
-    const bool two = session.functionMode == functionTwoSets;
+    const bool two = oftwosets(session.functionMode);
+    const bool ofY = session.functionMode == functionTwoSetsY;
     const bool hasK = session.functionMode < functionY;
-    const auto first = pointsof(set);
-    const auto second = two ? pointsof(session.functionSetB) : std::vector<std::optional<Cell>>();
+    const auto first = gridpoints(set);
+    const auto second = two ? gridpoints(session.functionSetB) : std::vector<std::optional<Cell>>();
     std::vector<RunRow> rows;
     for (std::size_t at = 0; at < first.size(); ++at) {
         if (!first[at] || (two && (at >= second.size() || !second[at]))) continue;
         FunctionRow values;
-        values.x = valueofx(first[at]->x);
-        values.y = two ? valueofx(second[at]->x) : hasK ? session.fk : first[at]->y;
+        const auto operand = [ofY](const Cell& cell) { return ofY ? cell.y : valueofx(cell.x); };
+        values.x = operand(*first[at]);
+        values.y = two ? operand(*second[at]) : hasK ? session.fk : first[at]->y;
         values.row = static_cast<double>(rows.size() + 1);
-        rows.push_back({at, values});
+        rows.push_back({at, static_cast<float>(valueofx(first[at]->x)), values});
     }
     for (RunRow& row : rows) {
         row.values.rows = static_cast<double>(rows.size());
@@ -94,37 +74,16 @@ std::vector<RunRow> rowsofrun(int set) {
     return rows;
 }
 
-/// The text of a cell, without the fields at its end that say nothing.
-std::string textofcell(const Cell& cell) {
-    std::string text;
-    appendtrimmed(text, cell.x);
-    const float fields[] = {cell.y, cell.quantity, cell.z};
-    const float silent[] = {0, 1, 0};
-    int last = 2;
-    while (last >= 0 && fields[last] == silent[last]) --last;
-    for (int i = 0; i <= last; ++i) {
-        text += 'x';
-        appendtrimmed(text, fields[i]);
-    }
-    if (!cell.label.empty()) (text += '_') += cell.label;
-    return text;
-}
-
 /// The text of the cell with the result in it; nothing when the cell cannot hold it.
-std::optional<std::string> textofresult(Cell cell, float result) {
-    const bool isY = session.functionMode <= functionY;
-    float& field = isY ? cell.y : cell.x;
-    if (!isY && signmarks()) {
+std::optional<std::string> textofresult(Cell cell, bool hasY, float result) {
+    const bool isX = givesx(session.functionMode);
+    float& field = isX ? cell.x : cell.y;
+    if (isX && signmarks()) {
         if (!(result > 0)) return std::nullopt;
         result = std::copysign(result, cell.x);
     }
     field = result;
-    std::string text = textofcell(cell);
-    // A reserved number is no value of a cell: written there, it would empty the field.
-    const Cell again = cellsplit(text);
-    const bool holds = again.hasValue && again.x == cell.x && again.y == cell.y
-                       && again.quantity == cell.quantity && again.z == cell.z && again.label == cell.label;
-    return holds ? std::optional(std::move(text)) : std::nullopt;
+    return pointtext(cell, hasY || !isX);
 }
 
 struct Result {
@@ -134,7 +93,7 @@ struct Result {
 
 /// Evaluates every row. The cells stand untouched meanwhile.
 std::vector<Result> resultsofrun(const FunctionProgram& program, int target, RowFailures& failures) {
-    const auto present = pointsof(target);
+    const auto present = gridpoints(target);
     const int set = session.functionMode < functionY ? target : session.functionSet;
     Columns columns(program.columns, set);
     std::vector<FunctionMemory> memory(static_cast<std::size_t>(program.memories));
@@ -147,9 +106,10 @@ std::vector<Result> resultsofrun(const FunctionProgram& program, int target, Row
             continue;
         }
         Cell cell;
-        cell.x = static_cast<float>(row.values.x);
+        cell.x = row.x;
         if (row.place < present.size() && present[row.place]) cell = *present[row.place];
-        auto text = textofresult(cell, sngguard(value.value));
+        const bool hasY = row.place < present.size() && cellhasy(gridcellsof(target)[row.place]);
+        auto text = textofresult(cell, hasY, sngguard(value.value));
         if (text)
             results.push_back({row.place, std::move(*text)});
         else
@@ -178,8 +138,7 @@ FunctionProgram programofsession() {
 
 /// A target that has both coordinates, or a function that asks for no second one.
 bool dimensionsfit(const FunctionProgram& program, int target) {
-    const bool needsY =
-        session.functionMode <= functionY || (program.usesY && session.functionMode != functionTwoSets);
+    const bool needsY = !givesx(session.functionMode) || (program.usesY && !oftwosets(session.functionMode));
     if (session.plotMode != 1 || !needsY) return true;
     telltwodimensional(target);
     return false;
@@ -204,7 +163,7 @@ bool inwindow(const FunctionPoint& point, const FunctionWindow& window) {
 
 /// The last x and y of the current set, for a curve drawn through it.
 void lastofset(FunctionRow& row) {
-    const auto points = pointsof(session.functionSet);
+    const auto points = gridpoints(session.functionSet);
     const auto last =
         std::find_if(points.rbegin(), points.rend(), [](const auto& p) { return p.has_value(); });
     if (last == points.rend()) return;

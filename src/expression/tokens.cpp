@@ -129,8 +129,8 @@ int codeat(std::string_view fcode, std::size_t at) {
 }
 
 std::string_view tokentext(const Token& token, int16_t mode) {
-    if (mode == functionTwoSets && token.code == xToken) return "A";
-    if (mode == functionTwoSets && token.code == yToken) return "B";
+    if (oftwosets(mode) && token.code == xToken) return "A";
+    if (oftwosets(mode) && token.code == yToken) return "B";
     if (mode < functionY && token.code == yToken) return "k";
     return token.text;
 }

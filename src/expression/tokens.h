@@ -4,7 +4,15 @@
 #include <span>
 #include <string_view>
 
+#include "session/expressionstate.h"
+
 /// The tokens of the typed function. One list serves evaluation, the text shown, typed text and data files.
+
+/// A FunctionMode beside those of the session's list: Y of each row from the Y of two sets, "A" and "B".
+inline constexpr int16_t functionTwoSetsY = 4;
+
+inline bool oftwosets(int16_t mode) { return mode == functionTwoSets || mode == functionTwoSetsY; }
+inline bool givesx(int16_t mode) { return mode == functionX || mode == functionTwoSets; }
 
 enum class TokenKind : uint8_t {
     number,         ///< the next literal

@@ -8,6 +8,7 @@
 #include "analysis/distanalysis.h"
 #include "analysis/likelihoodgrid.h"
 #include "analysis/mixture.h"
+#include "data/methodlabels.h"
 #include "options/page.h"
 #include "platform/platform.h"
 #include "plot/markerline.h"
@@ -373,8 +374,8 @@ constexpr Item startItems[] = {
 constexpr Item equationsItems[] = {
     acceptitem('1', {Word::OK}),
     textitem('A', {Word::Analysis, Word::Equations}, placeof<&S::equationsName>),
-    pageitem('B', {Word::Distribution}, OptionPage::distribution).when(onlifeside),
-    pageitem('C', {Word::Method}, OptionPage::fitMethod).when(onlifeside),
+    pageitem('B', {Word::Distribution}, OptionPage::distribution).when(onlifeside).shows(appendfamily),
+    pageitem('C', {Word::Method}, OptionPage::fitMethod).when(onlifeside).shows(appendmethod),
 };
 
 // ---- beyond a fit ----

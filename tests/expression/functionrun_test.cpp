@@ -8,6 +8,7 @@
 #include "data/cell.h"
 #include "expression/functionedit.h"
 #include "expression/rules.h"
+#include "expression/tokens.h"
 #include "numeric/matherror.h"
 #include "shell/prompts.h"
 #include "support/freshsession.h"
@@ -48,6 +49,22 @@ TEST_F(FunctionRun, WritesYFromXAndY) {
     set(1, {"1x10", "2x20", "3x30"});
     EXPECT_TRUE(run("y/10+x^2"));
     EXPECT_EQ(cells(1), (Cells{"1x2", "2x6", "3x12"}));
+}
+
+TEST_F(FunctionRun, WritesYFromTheYOfTwoSets) {
+    session.functionMode = functionTwoSetsY;
+    set(1, {"1x10", "2x20", "", "4x40_d"});
+    set(2, {"5x3", "6", "7x8", "9x2"});
+    EXPECT_TRUE(run("A*B+n+yL"));
+    // 3 rows that both have, B of the last is 2; a missing Y counts as 0
+    EXPECT_EQ(cells(1), (Cells{"1x35", "2x5", "", "4x85_d"}));
+    EXPECT_EQ(functionline(), " Y = A*B+n+yL");
+}
+
+TEST_F(FunctionRun, AResultOfNoneStandsInTheCell) {
+    set(1, {"1x10", "2x20"});
+    EXPECT_TRUE(run("y-10*x"));
+    EXPECT_EQ(cells(1), (Cells{"1x0", "2x0"})); // "1" would be a point whose Y is missing
 }
 
 TEST_F(FunctionRun, WritesXInItsMode) {
