@@ -163,10 +163,10 @@ constexpr Item scaleItems[] = {
     scaleitem<0>('S', {Word::Standard, Word::Linear, "...", Word::No, Word::Log}),
     scaleitem<3>('L', {Word::Log, "-", Word::Log, "... X-", Word::PlotScale, Word::Log, ", Y-",
                        Word::PlotScale, Word::Log}),
-    scaleitem<1>('M', {Word::Log, "- X ... Y-", Word::PlotScale, Word::Linear}),
-    scaleitem<2>('N', {Word::Log, "- Y ... X-", Word::PlotScale, Word::Linear}),
-    scaleitem<5>('X', {"Arrhenius-X ... X-", Word::PlotScale, "-1/X, Y-", Word::PlotScale, Word::Log}),
-    scaleitem<4>('Y', {"Arrhenius-Y ... Y-", Word::PlotScale, "-1/Y, X-", Word::PlotScale, Word::Log}),
+    scaleitem<1>('M', {Word::Log, "-X ... Y-", Word::PlotScale, Word::Linear}),
+    scaleitem<2>('N', {Word::Log, "-Y ... X-", Word::PlotScale, Word::Linear}),
+    scaleitem<5>('X', {"Arrhenius-X ... X-", Word::PlotScale, " -1/X, Y-", Word::PlotScale, Word::Log}),
+    scaleitem<4>('Y', {"Arrhenius-Y ... Y-", Word::PlotScale, " -1/Y, X-", Word::PlotScale, Word::Log}),
 };
 
 constexpr Item curveAndScaleItems[] = {

@@ -166,10 +166,9 @@ void top(const Pie& disc, double from, double to, int colour) {
 
 /// Where the label of a slice stands: beside the rim, tied to it by a line.
 struct SliceLabel {
-    std::string text;
+    const PieSlice* slice;
     CanvasPoint rim;
     double y;
-    double share;
     bool right;
 };
 
@@ -178,8 +177,9 @@ struct SliceLabel {
 void spread(std::vector<SliceLabel>& labels, double topY, double bottomY, double line) {
     const auto room = static_cast<std::size_t>(std::max(0.0, (bottomY - topY) / line + 1));
     while (labels.size() > room)
-        labels.erase(std::min_element(labels.begin(), labels.end(),
-                                      [](const auto& a, const auto& b) { return a.share < b.share; }));
+        labels.erase(std::min_element(labels.begin(), labels.end(), [](const auto& a, const auto& b) {
+            return a.slice->share < b.slice->share;
+        }));
     std::sort(labels.begin(), labels.end(), [](const auto& a, const auto& b) { return a.y < b.y; });
     double least = topY;
     for (SliceLabel& label : labels) {
@@ -202,7 +202,10 @@ void drawlabels(const Pie& disc, std::vector<SliceLabel>& labels, double size, T
         const double elbow = disc.centre.x + sign * 1.08 * disc.across;
         const double edge = elbow + sign * 0.6 * size;
         const double space = label.right ? w.right - edge : edge - w.left;
-        const std::string text = fittedtext(label.text, size, space);
+        // A name may be cut, a number never.
+        const std::string share = " " + sharetext(label.slice->share);
+        const std::string text =
+            fittedtext(label.slice->name, size, space - plottextwidth(share, size)) + share;
         const double left = label.right ? edge : edge - plottextwidth(text, size);
         session.plotpen = frameColour;
         if (!room.place(text, left, label.y + 0.35 * size, size)) continue;
@@ -271,7 +274,7 @@ void drawpie(const Layout& layout) {
         if (middle > 0.25 && middle < 0.75) rim.y += disc.depth;
         const bool onRight = middle <= 0.5;
         const double y = disc.rim(middle, 1.12).y + (rim.y - disc.rim(middle).y);
-        (onRight ? right : left).push_back({labelof(slice), rim, y, slice.share, onRight});
+        (onRight ? right : left).push_back({&slice, rim, y, onRight});
         from = to;
     }
     from = 0;

@@ -99,6 +99,10 @@ void plotbox(double left, double top, double right, double bottom, int colour, b
     if (!(right > left) || !(bottom > top)) return;
     const auto pen = static_cast<float>(colour);
     if (!hollow && session.colormode == 1 && !onplotter()) {
+        // The grid in the one ink would be taken for part of the hatch.
+        plotsnap(left, top, right, bottom);
+        session.plotpen = static_cast<float>(backgroundColour) - filledPen;
+        plotline();
         const CanvasPoint corners[] = {{left, top}, {right, top}, {right, bottom}, {left, bottom}};
         fillpolygon(corners, colour, Fill::full);
     } else if (!hollow) {

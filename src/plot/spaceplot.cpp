@@ -103,7 +103,6 @@ void stroke(const View& view, const SpacePoint& from, const SpacePoint& to, floa
 struct SpaceAxis {
     AxisSpan span;
     SpacePoint from, to; ///< the edge with the labels
-    SpacePoint outwards; ///< from the edge into the open, where the labels stand
     std::string name;
     std::vector<Tick> ticks = {};
 };
@@ -126,14 +125,16 @@ void choose(SpaceAxis& axis, const View& view, double size) {
     });
 }
 
-/// Direction on the canvas in which the labels of an axis stand off its edge.
+/// Direction on the canvas in which the labels of an axis stand off its edge: square to it, away from the
+/// box.
 CanvasPoint directionof(const SpaceAxis& axis, const View& view) {
-    const CanvasPoint a = view.place({}), b = view.place(axis.outwards);
+    const CanvasPoint a = view.place(axis.from), b = view.place(axis.to),
+                      middle = view.place({0.5, 0.5, 0.5});
     const double length = std::hypot(b.x - a.x, b.y - a.y);
-    constexpr double leastLength = 1;
-    if (length < leastLength)
-        return {axis.from.z == axis.to.z ? 0.0 : -1.0, axis.from.z == axis.to.z ? 1.0 : 0.0};
-    return {(b.x - a.x) / length, (b.y - a.y) / length};
+    if (!(length > 0)) return {0, 1};
+    const CanvasPoint square{(a.y - b.y) / length, (b.x - a.x) / length};
+    const double away = ((a.x + b.x) / 2 - middle.x) * square.x + ((a.y + b.y) / 2 - middle.y) * square.y;
+    return away < 0 ? CanvasPoint{-square.x, -square.y} : square;
 }
 
 /// A text centred off a place in a direction, clear of it by `gap`.
@@ -160,7 +161,9 @@ void drawaxis(const SpaceAxis& axis, const View& view, TextRoom& room, double si
     }
     session.plotpen = frameColour;
     const double gap = 1.3 * size + std::fabs(direction.x) * widest + std::fabs(direction.y) * 1.2 * size;
-    beside(room, axis.name, view.place(between(axis.from, axis.to, 0.5)), direction, gap, size);
+    for (const double part : {0.5, 0.35, 0.65, 0.2, 0.8})
+        if (beside(room, axis.name, view.place(between(axis.from, axis.to, part)), direction, gap, size))
+            return;
 }
 
 /// Floor and the two walls behind the points, with a grid line at each labelled tick.
@@ -273,14 +276,12 @@ void drawspace(const Layout& layout) {
         {{AxisScale::linear, session.xAxisLow, session.xAxisHigh},
          {0, 0, 0},
          {1, 0, 0},
-         {0, -1, 0},
          titleor(session.axisTitleX, "X")},
         {{AxisScale::linear, session.yAxisLow, session.yAxisHigh},
          {0, 0, 0},
          {0, 1, 0},
-         {-1, 0, 0},
          titleor(session.axisTitleY, "Y")},
-        {zspan(), {0, 1, 0}, {0, 1, 1}, {-1, 0, 0}, "Z"},
+        {zspan(), {0, 1, 0}, {0, 1, 1}, "Z"},
     }};
     const double side = std::min(labelwidth(axes, size) + 3 * size, (w.right - w.left) / 4);
     const View view({w.left + side, w.top + size, w.right - side, w.bottom - 3.2 * size},
@@ -292,5 +293,6 @@ void drawspace(const Layout& layout) {
     joinpoints(view, points);
     drawpoints(view, points);
     TextRoom room({w.left, w.top, w.right, w.bottom});
-    for (const SpaceAxis& axis : axes) drawaxis(axis, view, room, size);
+    // The upright axis goes first: the end of another one beside its foot would be read as its own.
+    for (const std::size_t axis : {2u, 0u, 1u}) drawaxis(axes[axis], view, room, size);
 }
