@@ -166,12 +166,21 @@ void drawbarline() {
     traceend();
 }
 
-std::string cutbars() {
-    int cut = 0;
-    for (const PlotBar& bar : plotbars()) cut += bar.to > session.yAxisHigh ? 1 : 0;
-    std::string text;
-    if (cut == 0) return text;
-    compose(text, "Y > ", AsTyped{axislabel(session.yAxisHigh, session.maskDigits[axisUse])}, " = ", cut);
-    wordclean(text);
-    return text;
+std::vector<std::string> cutbars() {
+    int above = 0, below = 0;
+    for (const PlotBar& bar : plotbars()) {
+        above += bar.to > session.yAxisHigh ? 1 : 0;
+        below += bar.to < session.yAxisLow ? 1 : 0;
+    }
+    std::vector<std::string> lines;
+    const auto tellcut = [&lines](const char* sign, double edge, int count) {
+        if (count == 0) return;
+        std::string number = axislabel(edge, session.maskDigits[axisUse]);
+        wordnumber(number);
+        std::string& line = lines.emplace_back();
+        wordclean(compose(line, "Y", sign, AsTyped{number}, " = ", count));
+    };
+    tellcut(" > ", session.yAxisHigh, above);
+    tellcut(" < ", session.yAxisLow, below);
+    return lines;
 }

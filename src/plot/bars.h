@@ -29,6 +29,6 @@ void drawbars();
 /// What the second pass adds on top of the bars: the line they grow from.
 void drawbarline();
 
-/// Line of the block beside the plot that tells how many bars the window cuts off: "Y > 10 = 3". Empty for
-/// none.
-std::string cutbars();
+/// Lines of the block beside the plot that tell how many bars the window cuts off: "Y > 10 = 3", and below
+/// it.
+std::vector<std::string> cutbars();

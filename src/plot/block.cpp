@@ -211,10 +211,9 @@ void curvelines(std::vector<BlockLine>& lines, BlockKind kind) {
         equationlines(lines, typedtext(), functioncolour());
     }
     if (!barsplotted()) return;
-    const std::string cut = cutbars();
-    if (cut.empty()) return;
-    space();
-    lines.push_back({cut, frameColour});
+    const auto cut = cutbars();
+    if (!cut.empty()) space();
+    for (const std::string& line : cut) lines.push_back({line, frameColour});
 }
 
 // ---- drawing ----

@@ -48,16 +48,16 @@ std::string nameofpoint(int k, int j) {
     return name;
 }
 
-/// Everything that asks for a slice, whatever its value.
+/// Everything that asks for a slice, whatever its value; without names, for few of them may be shown.
 std::vector<PieSlice> wanted() {
     std::vector<PieSlice> slices;
     const std::vector<int> sets = shownsets();
     for (const int k : sets) {
-        if (sets.size() > 1) slices.push_back({nameofset(k), 0, 0, colourofset(k)});
+        if (sets.size() > 1) slices.push_back({{}, 0, 0, colourofset(k), k});
         for (int j = 1; j <= pointcount(k); ++j) {
             const double y = shownpoint(k, j).y;
             if (sets.size() == 1)
-                slices.push_back({nameofpoint(k, j), y, 0, 0});
+                slices.push_back({{}, y, 0, 0, k, j});
             else
                 slices.back().value += y;
         }
@@ -229,6 +229,8 @@ std::vector<PieSlice> pieslices() {
     int colour = 0;
     for (PieSlice& slice : slices) {
         slice.share = slice.value / total;
+        if (slice.set > 0)
+            slice.name = slice.point > 0 ? nameofpoint(slice.set, slice.point) : nameofset(slice.set);
         if (ofpoints) slice.colour = ++colour;
     }
     return slices;

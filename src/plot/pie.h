@@ -12,6 +12,7 @@ struct PieSlice {
     double value = 0; ///< above 0
     double share = 0; ///< of the pie, 0 to 1
     int colour = 0;
+    int set = 0, point = 0; ///< what it stands for; point 0: the whole set, set 0: the smallest together
 };
 
 /// The slices: the Y of each point where one set is shown, named by its label or its X; the sums of Y of the

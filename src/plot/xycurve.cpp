@@ -37,14 +37,22 @@ public:
           memory(static_cast<std::size_t>(program.memories)) {}
 
     bool drawable() const { return program.fault == FunctionFault::none && program.columns == 0; }
-    bool stepwise() const { return program.memories > 0; }
+    /// True when a value depends on the step it is taken at, or on those before it.
+    bool stepwise() const {
+        return program.memories > 0
+               || std::any_of(program.steps.begin(), program.steps.end(),
+                              [](const Step& step) { return step.kind == StepKind::row; });
+    }
 
     /// Not a number where the function has no value.
-    double at(double x, double k, int row) {
-        const FunctionRow values{.x = x, .y = k, .row = static_cast<double>(row), .rows = rowSteps};
-        const FunctionValue result = functionrow(program, values, memory);
+    double at(double x, int step = 1) {
+        row.x = x;
+        row.row = step;
+        const FunctionValue result = functionrow(program, row, memory);
         return result.fault ? std::nan("") : result.value;
     }
+
+    FunctionRow row{.rows = rowSteps}; ///< what x does not change
 
 private:
     FunctionProgram program;
@@ -55,7 +63,16 @@ Traceable fittedfunction(int k) {
     const SetCurve& curve = session.curves(k);
     return {curve.code, curve.literals, modRemainder};
 }
-Traceable typedfunction() { return {session.fcode, functionliterals(), session.modSetting}; }
+Traceable typedfunction() {
+    Traceable function{session.fcode, functionliterals(), session.modSetting};
+    function.row.y = session.fk;
+    const int set = session.functionSet;
+    if (set < 1 || set > setcount() || pointcount(set) == 0) return function;
+    const ShownPoint last = shownpoint(set, pointcount(set));
+    function.row.lastX = last.x;
+    function.row.lastY = last.y;
+    return function;
+}
 
 double dataxof(double plotx) {
     const Keep keep{session.ud};
@@ -74,26 +91,34 @@ struct Node {
 /// Draws a function as a line without corners: equal steps on the plot scale, halved where the line bends.
 class Tracer {
 public:
-    Tracer(Traceable& traced, double k) : function(traced), parameter(k) {}
+    explicit Tracer(Traceable& traced) : function(traced) {}
 
-    void trace(Range plotx, int steps, int mostHalvings) {
-        const auto node = [&](int i) {
-            return nodeat(plotx.low + (plotx.high - plotx.low) * i / steps, i + 1);
-        };
-        Node last = node(0);
+    /// Over a part of the plot scale.
+    void trace(Range plotx) {
+        Node last = nodeat(plotx.low);
         emit(last);
-        for (int i = 1; i <= steps && plotting(); ++i) {
-            const Node next = node(i);
-            advance(last, next, mostHalvings);
+        for (int i = 1; i <= firstSteps && plotting(); ++i) {
+            const Node next = nodeat(plotx.low + (plotx.high - plotx.low) * i / firstSteps);
+            advance(last, next, halvings);
             last = next;
         }
-        if (penDown) traceend();
+        emit({});
+    }
+
+    /// In equal steps of x, from the first to the last, whatever the window shows of them.
+    void tracesteps(double low, double high) {
+        for (int i = 0; i < rowSteps && plotting(); ++i) {
+            const double x = low + (high - low) * i / (rowSteps - 1);
+            const double y = function.at(x, i + 1);
+            emit(hasplotx(x) ? nodeof(plotxof(x), y) : Node{});
+        }
+        emit({});
     }
 
 private:
-    Node nodeat(double plotx, int row) {
-        const double x = dataxof(plotx);
-        const double y = function.at(x, parameter, row);
+    Node nodeat(double plotx) { return nodeof(plotx, function.at(dataxof(plotx))); }
+
+    static Node nodeof(double plotx, double y) {
         Node node{plotx, {canvasx(plotx), 0}, hasploty(y)};
         if (node.there) node.place.y = canvasy(plotyof(y));
         node.there = node.there && std::isfinite(node.place.y);
@@ -123,11 +148,11 @@ private:
         const bool outside = a.there && b.there && sideof(a.place.y) * sideof(b.place.y) > 0;
         if (halvingsLeft == 0 || outside) {
             // From above the window to below it within the least step: a pole, and no line.
-            if (jumps && !function.stepwise()) emit({});
+            if (jumps) emit({});
             emit(b);
             return;
         }
-        const Node middle = nodeat((a.plotx + b.plotx) / 2, 1);
+        const Node middle = nodeat((a.plotx + b.plotx) / 2);
         const bool straight = a.there && b.there && middle.there && !jumps
                               && std::fabs(middle.place.y - (a.place.y + b.place.y) / 2) <= flat;
         if (straight) {
@@ -139,7 +164,6 @@ private:
     }
 
     Traceable& function;
-    double parameter;
     bool penDown = false;
 };
 
@@ -150,15 +174,18 @@ Range shownrange(double low, double high) {
             hasplotx(high) ? std::min(plotxof(high), w.xhigh) : w.xhigh};
 }
 
-void tracecurve(Traceable& function, double k, Range plotx, int colour) {
-    if (!(plotx.high > plotx.low)) return;
-    const Keep keep{session.plotx1, session.ploty1,  session.plotx2,
-                    session.ploty2, session.plotpen, session.linewidth};
-    session.plotpen = static_cast<float>(colour);
-    session.linewidth = static_cast<int16_t>(2 * std::clamp(std::abs(int{session.linewidth}), 1, 100));
-    const bool steps = function.stepwise();
-    Tracer(function, k).trace(plotx, steps ? rowSteps : firstSteps, steps ? 0 : halvings);
-}
+/// Loads the pen of a curve, and puts the line registers back.
+class CurvePen {
+public:
+    explicit CurvePen(int colour) {
+        session.plotpen = static_cast<float>(colour);
+        session.linewidth = static_cast<int16_t>(2 * std::clamp(std::abs(int{session.linewidth}), 1, 100));
+    }
+
+private:
+    Keep<double, double, double, double, float, int16_t> keep{
+        session.plotx1, session.ploty1, session.plotx2, session.ploty2, session.plotpen, session.linewidth};
+};
 
 /// A number at so many significant digits.
 double rounded(double value, int digits) {
@@ -202,14 +229,14 @@ std::string curvetext(int k) { return shorttext("y=", session.curves(k).code, se
 std::string typedtext() { return shorttext("f(x)=", session.fcode, functionliterals()); }
 
 void addfunction(DrawnRange& x, DrawnRange& y) {
-    constexpr int samples = 200;
     constexpr double tame = 10;
     const double low = session.fxlow, high = session.fxhigh;
     Traceable function = typedfunction();
+    const int samples = function.stepwise() ? rowSteps - 1 : firstSteps;
     std::vector<double> values;
     for (int i = 0; i <= samples; ++i) {
         const double at = low + (high - low) * i / samples;
-        const double value = function.at(at, session.fk, i + 1);
+        const double value = function.at(at, i + 1);
         if (!hasplotx(at) || !hasploty(value)) continue;
         x.add(at);
         values.push_back(value);
@@ -231,11 +258,18 @@ void plotcurve(int k) {
     if (session.curveExtrapolated == 0) plotx = shownrange(curve.dataLow, curve.dataHigh);
     if (session.curveFrom != 0 && hasplotx(session.curveFrom))
         plotx.low = std::max(plotx.low, plotxof(session.curveFrom));
-    tracecurve(function, 0, plotx, colourofset(k));
+    if (!(plotx.high > plotx.low)) return;
+    const CurvePen pen(colourofset(k));
+    Tracer(function).trace(plotx);
 }
 
 void plottyped() {
     Traceable function = typedfunction();
     const double low = session.fxlow, high = session.fxhigh;
-    tracecurve(function, session.fk, shownrange(low, high), functioncolour());
+    const CurvePen pen(functioncolour());
+    const Range plotx = shownrange(low, high);
+    if (function.stepwise())
+        Tracer(function).tracesteps(low, high);
+    else if (plotx.high > plotx.low)
+        Tracer(function).trace(plotx);
 }

@@ -111,6 +111,10 @@ TEST_F(BarPlot, BarsThatTheWindowCutsAreCounted) {
     EXPECT_FALSE(shows(drawn(), "Y > "));
     session.yLimitHigh = 20;
     EXPECT_TRUE(shows(drawn(), "Y > 20 = 2"));
+    sets({{"1x10", "2x-30", "3x-40"}});
+    session.yLimitHigh = 0;
+    session.yLimitLow = -20;
+    EXPECT_TRUE(shows(drawn(), "Y < -20 = 2"));
 }
 
 TEST_F(BarPlot, BarsAreHeldByThePlotArea) {

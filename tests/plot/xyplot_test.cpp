@@ -225,6 +225,19 @@ TEST_F(VisualPlot, AFunctionWithoutValuesLeavesAGap) {
     EXPECT_NEAR(high, 4, 0.05);
 }
 
+TEST_F(VisualPlot, AFunctionThatRemembersStartsAtItsOwnRangeWhateverTheWindowShows) {
+    typed("sum(1)", 0, 10);
+    session.xLimitLow = 5;
+    session.xLimitHigh = 10;
+    calcplot();
+    const RecordingDevice device = drawn();
+    const auto lines = linesof(device, functioncolour());
+    ASSERT_GT(lines.size(), 100u);
+    const PlotPlace first = at(lines.front().x1, lines.front().y1);
+    EXPECT_NEAR(first.x, 5, 0.02);
+    EXPECT_NEAR(first.y, 500, 15) << "half of a thousand steps lie before the window";
+}
+
 // ---- names for those without a menu ----
 
 TEST_F(VisualPlot, NamesChooseKindAndScale) {
