@@ -138,24 +138,31 @@ private:
 
     static int sideof(double y) { return y < session.window.top ? -1 : y > session.window.bottom ? 1 : 0; }
 
+    /// True when the parabola through two ends and their middle, all beyond one edge of the window, comes
+    /// back into it.
+    static bool returns(double from, double middle, double to) {
+        const double bend = 2 * (from + to - 2 * middle), slope = 4 * middle - 3 * from - to;
+        const double at = -slope / (2 * bend);
+        return at > 0 && at < 1 && sideof(from + slope * at / 2) != sideof(from);
+    }
+
     /// Goes on from a to b.
     void advance(const Node& a, const Node& b, int halvingsLeft) {
         if (!a.there && !b.there) {
             emit(b);
             return;
         }
-        const bool jumps = a.there && b.there && sideof(a.place.y) * sideof(b.place.y) < 0;
-        const bool outside = a.there && b.there && sideof(a.place.y) * sideof(b.place.y) > 0;
-        if (halvingsLeft == 0 || outside) {
-            // From above the window to below it within the least step: a pole, and no line.
-            if (jumps) emit({});
-            emit(b);
-            return;
-        }
         const Node middle = nodeat((a.plotx + b.plotx) / 2);
-        const bool straight = a.there && b.there && middle.there && !jumps
-                              && std::fabs(middle.place.y - (a.place.y + b.place.y) / 2) <= flat;
-        if (straight) {
+        const bool whole = a.there && b.there && middle.there;
+        const int sides = a.there && b.there ? sideof(a.place.y) * sideof(b.place.y) : 0;
+        const double bend = std::fabs(middle.place.y - (a.place.y + b.place.y) / 2);
+        const bool outside = whole && sides > 0 && !returns(a.place.y, middle.place.y, b.place.y);
+        if (halvingsLeft == 0 || outside || (whole && sides == 0 && bend <= flat)) {
+            // From beyond one edge of the window to beyond the other within the least step: a steep line, or
+            // a pole, where what lies between is farther away still.
+            const auto [low, high] = std::minmax(a.place.y, b.place.y);
+            const bool steep = whole && middle.place.y >= low && middle.place.y <= high;
+            if (sides < 0 && !steep) emit({});
             emit(b);
             return;
         }

@@ -217,6 +217,29 @@ TEST_F(VisualPlot, APoleIsNoLine) {
     for (const LineOperation& line : lines) EXPECT_LT(std::fabs(line.y1 - line.y2), 0.9 * tall);
 }
 
+TEST_F(VisualPlot, ASteepLineThroughASmallWindowIsDrawn) {
+    typed("x*100000", -10, 10);
+    session.yLimitLow = -0.01;
+    session.yLimitHigh = 0.01;
+    calcplot();
+    const auto lines = linesof(drawn(), functioncolour());
+    double tall = 0;
+    for (const LineOperation& line : lines) tall += std::fabs(line.y1 - line.y2);
+    EXPECT_NEAR(tall, session.window.bottom - session.window.top, 60);
+}
+
+TEST_F(VisualPlot, ADipNarrowerThanAStepIsFound) {
+    typed("(x-.037)^2-1E-6", -10, 10);
+    session.yLimitLow = -1e-5;
+    session.yLimitHigh = 1e-4;
+    calcplot();
+    const auto lines = linesof(drawn(), functioncolour());
+    ASSERT_FALSE(lines.empty());
+    double lowest = 0;
+    for (const LineOperation& line : lines) lowest = std::max({lowest, line.y1, line.y2});
+    EXPECT_LE(at(lines[0].x1, lowest).y, 1e-5);
+}
+
 TEST_F(VisualPlot, AFunctionWithoutValuesLeavesAGap) {
     typed("sqr(x)*0+x^.5", -4, 4);
     calcplot();
