@@ -230,7 +230,6 @@ constexpr Item spaceItems[] = {
     limititem<1>('I'),
     limititem<2>('J'),
     limititem<3>('K'),
-    flipitem('P', {Word::Plot, Word::Type}, kind, "XY", "3D", xyPlot, spacePlot),
     numberitem('R', {"Z-", Word::Range, Word::Limit, "(", Word::Maximum, "-", Word::Lower, ")"},
                placeof<&S::rangeLimit>, 0, noHighLimit)
         .shows([](std::string& text) {

@@ -8,6 +8,9 @@
 #include "plot/shown.h"
 #include "shell/commands.h"
 #include "shell/commandtable.h"
+#include "shell/languages.h"
+#include "shell/prompts.h"
+#include "support/inlanguage.h"
 #include "support/scriptedplatform.h"
 #include "support/visualfixture.h"
 #include "support/workfolder.h"
@@ -150,7 +153,6 @@ TEST_F(VisualPages, LeavingTheViewOfSpacePutsEverythingBack) {
         ScriptedPlatform shown;
         shown.expectkey("", 'J');
         shown.expectnumber("", "-2");
-        shown.expectkey("", 'P');
         shown.expectkey("", 'X');
         EXPECT_FALSE(optionpage(OptionPage::plot3D));
     }
@@ -167,6 +169,25 @@ TEST_F(VisualPages, ALowerLimitAboveTheUpperIsRefused) {
     shown.expectkey("", 'X');
     EXPECT_FALSE(optionpage(OptionPage::plot3D));
     EXPECT_EQ(session.zLimitLow, 0);
+}
+
+TEST_F(VisualPages, EveryItemHasWordsInEveryLanguage) {
+    for (const Language& language : languages()) {
+        const InLanguage in(language.name);
+        for (const OptionPage page : visualPages) {
+            ScriptedPlatform shown;
+            shown.expectmenu("", 0);
+            EXPECT_FALSE(optionpage(page));
+            SCOPED_TRACE(language.name);
+            EXPECT_FALSE(shown.shown.back().header.empty());
+            for (const std::string& text : shown.shown.back().items) {
+                EXPECT_TRUE(itempickable(text)) << text;
+                EXPECT_NE(text[4], ' ') << text;
+                EXPECT_EQ(text.find_first_of("_{}"), std::string::npos) << text;
+                EXPECT_EQ(text.find("  "), std::string::npos) << text;
+            }
+        }
+    }
 }
 
 TEST_F(VisualPages, PlotTypeOpensThePage) {
