@@ -4,6 +4,7 @@
 #include <random>
 #include <string>
 
+#include "expression/functiontext.h"
 #include "plot/device_hpgl.h"
 #include "plot/device_svg.h"
 #include "plot/device_trace.h"
@@ -50,6 +51,20 @@ void trends(int sets, int points) {
     calcplot();
 }
 
+/// A cubic through each set, as a fit would leave it.
+void cubics(int sets) {
+    const auto tokens = typedtokens("5.5+.01*x+.002*x^2-.00001*x^3", functionCurve, true);
+    for (int k = 1; k <= sets; ++k) {
+        SetCurve& curve = session.curves(k);
+        curve.fitmodel = 3;
+        curve.code = tokens->fcode;
+        curve.literals = tokens->literals;
+        curve.literals[0] += 10 * k;
+        curve.dataLow = 1;
+        curve.dataHigh = 500;
+    }
+}
+
 template <class Make>
 void compose(benchmark::State& state, OutputDevice outdev, Make make) {
     session.outdev = static_cast<float>(outdev);
@@ -74,6 +89,30 @@ void BM_Hpgl1500(benchmark::State& state) {
     lifesample(1500);
     compose(state, plotterDevice, [](TextSink& sink) { return HpglDevice(sink); });
 }
+void BM_SvgCurves24x500(benchmark::State& state) {
+    trends(24, 500);
+    cubics(24);
+    compose(state, pictureDevice, [](TextSink& sink) { return SvgDevice(1200, 900, sink); });
+}
+/// The whole cycle: the grid is read anew, and the plot drawn with its curves.
+void BM_CycleCurves24x500(benchmark::State& state) {
+    trends(24, 500);
+    cubics(24);
+    session.outdev = pictureDevice;
+    CountingSink sink;
+    for (auto _ : state) {
+        calcplot();
+        cubics(24);
+        SvgDevice device(1200, 900, sink);
+        if (!plotentry(device)) return state.SkipWithError("no plot");
+    }
+}
+template <PlotKind Kind>
+void BM_SvgKind24x500(benchmark::State& state) {
+    trends(24, 500);
+    session.plotKind = Kind;
+    compose(state, pictureDevice, [](TextSink& sink) { return SvgDevice(1200, 900, sink); });
+}
 void BM_Svg24x500(benchmark::State& state) {
     trends(24, 500);
     compose(state, pictureDevice, [](TextSink& sink) { return SvgDevice(1200, 900, sink); });
@@ -81,6 +120,12 @@ void BM_Svg24x500(benchmark::State& state) {
 BENCHMARK(BM_Trace1500)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Svg1500)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Hpgl1500)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_SvgCurves24x500)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_CycleCurves24x500)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_SvgKind24x500<barsSideBySide>)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_SvgKind24x500<bars3D>)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_SvgKind24x500<pie3D>)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_SvgKind24x500<spacePlot>)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Svg24x500)->Unit(benchmark::kMillisecond);
 
 } // namespace

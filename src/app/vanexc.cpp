@@ -15,6 +15,7 @@
 #include "data/samples.h"
 #include "platform/files.h"
 #include "platform/headless/headless.h"
+#include "plot/plotchoice.h"
 #include "plot/plotfile.h"
 #include "session/commandline.h"
 #include "session/opendata.h"
@@ -34,7 +35,8 @@ enum ExitStatus { done = 0, noResult = 1, wrongUse = 2 };
 
 constexpr const char* helpHead =
     "Usage: vanexc [FILE|-] [switches] [--report FILE|-] [--json FILE|-]\n"
-    "              [--plot FILE [--plot-size WxH]] [--save FILE] [--sample K]\n"
+    "              [--plot FILE [--plot-size WxH] [--plot-kind NAME] [--scale NAME]]\n"
+    "              [--save FILE] [--sample K]\n"
     "              [--format LETTER] [--decimal SYMBOL] [--language NAME]\n"
     "\n"
     "Fits a line to life data, writes a report and draws the plot. FILE is a data file of the\n"
@@ -58,6 +60,9 @@ constexpr const char* helpTail =
     "  --plot FILE       the plot: .svg picture, .hgl plotter text (HPGL), .trace every drawing\n"
     "                    operation in words\n"
     "  --plot-size WxH   pixels of the picture, 400x300 to 4000x3000; 1200x900 when not given\n"
+    "  --plot-kind NAME  of an X-Y plot: xy (points), line, mixed, bars, stacked, bars3d, pie, pie3d\n"
+    "                    or space\n"
+    "  --scale NAME      of its axes: linear, loglog, logx, logy, arrhenius-x or arrhenius-y\n"
     "  --save FILE       the session, data, options and results, as a data file: .w on the life side,\n"
     "                    .v on the visual side\n"
     "  --language NAME   language of the report and the plot: German or Deutsch, ...; an unknown\n"
@@ -82,6 +87,8 @@ struct Outputs {
     std::optional<std::string> json;
     std::optional<std::string> plot;
     std::optional<std::string> plotSize;
+    std::optional<std::string> plotKind;
+    std::optional<std::string> scale;
     std::optional<std::string> language;
     std::optional<std::string> format;
     std::optional<std::string> save;
@@ -113,11 +120,11 @@ struct LongOption {
     std::string_view name;
     std::optional<std::string> Outputs::*value;
 };
-constexpr LongOption longOptions[] = {{"--report", &Outputs::report},     {"--json", &Outputs::json},
-                                      {"--plot", &Outputs::plot},         {"--plot-size", &Outputs::plotSize},
-                                      {"--language", &Outputs::language}, {"--format", &Outputs::format},
-                                      {"--save", &Outputs::save},         {"--sample", &Outputs::sample},
-                                      {"--decimal", &Outputs::decimal}};
+constexpr LongOption longOptions[] = {
+    {"--report", &Outputs::report},      {"--json", &Outputs::json},         {"--plot", &Outputs::plot},
+    {"--plot-size", &Outputs::plotSize}, {"--language", &Outputs::language}, {"--format", &Outputs::format},
+    {"--save", &Outputs::save},          {"--sample", &Outputs::sample},     {"--decimal", &Outputs::decimal},
+    {"--plot-kind", &Outputs::plotKind}, {"--scale", &Outputs::scale}};
 
 /// The help: usage, every switch in columns, outputs and examples.
 std::string helptext() {
@@ -241,8 +248,37 @@ bool loadsample(int number) {
     return true;
 }
 
+/// Looks at the names of the plot's kind and scale. False, with the list of all, when there is none such.
+bool plotnamed(const Outputs& outputs) {
+    if (outputs.plotKind && !isplotkind(*outputs.plotKind)) {
+        complainof(Word::Unknown, " ", Word::Plot, " ", Word::Type, ": ", AsTyped{*outputs.plotKind}, "\n",
+                   plotkindnames());
+        return false;
+    }
+    if (outputs.scale && !isplotscale(*outputs.scale)) {
+        complainof(Word::Unknown, " ", Word::PlotScale, " ", Word::Type, ": ", AsTyped{*outputs.scale}, "\n",
+                   plotscalenames());
+        return false;
+    }
+    return true;
+}
+
+/// Takes the kind and scale that were asked for; they hold against what a file says. False on the life side,
+/// whose plot has neither.
+bool takeplot(const Outputs& outputs) {
+    if (!outputs.plotKind && !outputs.scale) return true;
+    if (session.progSide == lifeSide) {
+        complainof("--plot-kind, --scale: ", Word::Only, " ", Word::For, " X-Y ", Word::Plot, " = -p V");
+        return false;
+    }
+    if (outputs.plotKind) takeplotkind(*outputs.plotKind);
+    if (outputs.scale) takeplotscale(*outputs.scale);
+    return true;
+}
+
 /// Looks at what was asked of the plot before any work is done.
 bool plotpossible(Outputs& outputs) {
+    if (!plotnamed(outputs)) return false;
     if (outputs.plot && (!plotfileknown(*outputs.plot) || plotfilepainted(*outputs.plot))) {
         complainof(Word::Unknown, " ", Word::Plot, " ", Word::File, " ", Word::Type, ": ",
                    AsTyped{*outputs.plot}, "\n.svg .hgl .trace");
@@ -371,6 +407,7 @@ int start(std::vector<std::string> arguments, const char* name, HeadlessPlatform
         for (const std::string& message : console.messages) complain(message);
         return status(noResult);
     }
+    if (!takeplot(outputs)) return wrongUse;
     calcplot();
     return status(writeall(outputs, console));
 }

@@ -6,11 +6,16 @@
 
 #include "data/boundvalues.h"
 #include "data/settitle.h"
+#include "plot/bars.h"
 #include "plot/drawing.h"
 #include "plot/functionplot.h"
 #include "plot/numbermask.h"
+#include "plot/pie.h"
+#include "plot/plotkind.h"
+#include "plot/polygon.h"
 #include "plot/shown.h"
 #include "plot/strokes.h"
+#include "plot/xycurve.h"
 #include "session/session.h"
 #include "shell/words.h"
 
@@ -26,13 +31,6 @@ int rownumber(int k) { return static_cast<int>(rowofset(static_cast<float>(k)));
 
 // ---- legend ----
 
-/// A name from the user, without what would pass for a column.
-std::string withoutcolumns(std::string_view name) {
-    std::string text(name);
-    for (auto at = text.find("[[TAB"); at != std::string::npos; at = text.find("[[TAB")) text.erase(at, 2);
-    return text;
-}
-
 void legendofset(std::vector<BlockLine>& lines, int k) {
     BlockLine line;
     const auto title = titleofset(k);
@@ -41,8 +39,9 @@ void legendofset(std::vector<BlockLine>& lines, int k) {
     else
         line.text = withoutcolumns(title);
     line.colour = frameColour;
-    line.mark = setmark(k);
+    line.mark = session.plotMode != 1 && curvekindof(k) == lineCurve ? float{barMark} : setmark(k);
     line.setRow = rowofset(static_cast<float>(k));
+    if (barsplotted()) line.box = colourofset(k);
     lines.push_back(std::move(line));
 }
 
@@ -149,6 +148,74 @@ void paramlines(std::vector<BlockLine>& lines, BlockKind kind) {
     }
 }
 
+// ---- curves ----
+
+bool anycurve() {
+    for (int k = 1; k <= setcount(); ++k)
+        if (setshown(k) && hascurve(k)) return true;
+    return false;
+}
+
+/// An equation on as many lines as it needs, cut before its signs.
+void equationlines(std::vector<BlockLine>& lines, std::string_view text, int colour) {
+    constexpr std::size_t room = 30;
+    while (!text.empty()) {
+        std::size_t cut = text.size();
+        if (text.size() > room) {
+            int depth = 0;
+            std::size_t at = 0;
+            for (std::size_t i = 1; i < text.size() && (i <= room || at == 0); ++i) {
+                depth += text[i] == '(' ? 1 : text[i] == ')' ? -1 : 0;
+                const bool sign = text[i] == '+' || text[i] == '-';
+                const bool inNumber = text[i - 1] == 'E' || text[i - 1] == '(';
+                if (sign && !inNumber && depth <= 0) at = i;
+            }
+            if (at > 0) cut = at;
+        }
+        lines.push_back({withoutcolumns(text.substr(0, cut)), colour});
+        text.remove_prefix(cut);
+    }
+}
+
+/// Set, equation and correlation of a fitted curve; in short mark, set and correlation on one line.
+void curveofset(std::vector<BlockLine>& lines, int k, BlockKind kind) {
+    const SetCurve& curve = session.curves(k);
+    BlockLine heading;
+    heading.colour = colourofset(k);
+    std::string r;
+    if (curve.hasR && std::isfinite(curve.r)) compose(r, "r=", numbertext(curve.r, fitUse));
+    if (kind == shortBlock) {
+        heading.mark = setmark(k);
+        heading.setRow = rowofset(static_cast<float>(k));
+        compose(heading.text, k, "  ", r);
+    } else {
+        compose(heading.text, Word::Set, " ", k);
+        if (!r.empty()) extend(heading.text, "[[TAB09", r);
+    }
+    wordclean(heading.text);
+    lines.push_back(std::move(heading));
+    if (kind == fullBlock) equationlines(lines, curvetext(k), frameColour);
+}
+
+void curvelines(std::vector<BlockLine>& lines, BlockKind kind) {
+    const auto space = [&lines, kind] {
+        if (!lines.empty() && kind == fullBlock) lines.push_back({});
+    };
+    for (int k = 1; k <= setcount(); ++k) {
+        if (!setshown(k) || !hascurve(k)) continue;
+        space();
+        curveofset(lines, k, kind);
+    }
+    if (functiontyped()) {
+        space();
+        equationlines(lines, typedtext(), functioncolour());
+    }
+    if (!barsplotted()) return;
+    const auto cut = cutbars();
+    if (!cut.empty()) space();
+    for (const std::string& line : cut) lines.push_back({line, frameColour});
+}
+
 // ---- drawing ----
 
 /// Draws the cells of a line, each at its column.
@@ -167,6 +234,16 @@ void drawcells(std::string_view rest, double left, double right, double y, doubl
     }
 }
 
+/// A filled box around the anchor.
+void drawbox(int colour, double size) {
+    const Keep keep{session.window};
+    const double x = session.plotx2, y = session.ploty2, half = 0.36 * size;
+    session.window.left = session.window.top = 0; // the box stands beside the plot area
+    session.window.right = session.plotw;
+    session.window.bottom = session.ploth;
+    plotbox(x - half, y - half, x + half, y + half, colour, false);
+}
+
 void drawline(const BlockLine& line, const Layout& layout, double y) {
     const double size = layout.blockSize;
     double left = layout.blockLeft;
@@ -174,7 +251,10 @@ void drawline(const BlockLine& line, const Layout& layout, double y) {
         session.setCounter = line.setRow > 0 ? line.setRow : session.sg * static_cast<float>(drawingColour);
         session.plotx2 = left + 0.7 * size;
         session.ploty2 = y - 0.35 * size;
-        strokemark(line.mark);
+        if (line.box > 0)
+            drawbox(line.box, size);
+        else
+            strokemark(line.mark);
         left += 2 * size;
     }
     session.plotpen = static_cast<float>(line.colour);
@@ -206,11 +286,23 @@ float setmark(int k) {
 
 float suspensionmark() { return 18; } // points to the right: the unit ran on
 
+std::string withoutcolumns(std::string_view name) {
+    std::string text(name);
+    for (auto at = text.find("[[TAB"); at != std::string::npos; at = text.find("[[TAB")) text.erase(at, 2);
+    return text;
+}
+
 PlotBlock composeblock(BlockKind kind) {
     PlotBlock block;
-    legendlines(block.lines, session.plotMode == 1 ? kind : fullBlock);
+    if (pieplotted()) {
+        if (session.legendPlace != 0) pielegend(block.lines);
+        block.legendLines = block.lines.size();
+        return block;
+    }
+    legendlines(block.lines, session.plotMode == 1 || anycurve() ? kind : fullBlock);
     block.legendLines = block.lines.size();
     paramlines(block.lines, kind);
+    curvelines(block.lines, kind);
     return block;
 }
 

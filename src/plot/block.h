@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "plot/layout.h"
@@ -11,6 +13,9 @@ float setmark(int k);
 
 /// Mark that shows where a suspension stands, at the foot of the plot.
 float suspensionmark();
+
+/// A name from the user, without what would pass for a column of the block.
+std::string withoutcolumns(std::string_view name);
 
 /// The block of the plot in hand.
 struct PlotBlock {

@@ -8,12 +8,14 @@
 #include "data/boundvalues.h"
 #include "data/cell.h"
 #include "plot/block.h"
+#include "plot/canvas.h"
 #include "plot/drawing.h"
 #include "plot/labelplace.h"
 #include "plot/segment.h"
 #include "plot/shown.h"
 #include "plot/strokes.h"
 #include "plot/transforms.h"
+#include "plot/xycurve.h"
 #include "session/session.h"
 #include "shell/prompts.h"
 
@@ -23,13 +25,6 @@ namespace {
 constexpr int slowPoints = 20000;
 
 constexpr int dashedPen = 100; ///< taken off the number of a pen: its dashed form
-
-double canvasx(double plotx) {
-    return session.window.left + (plotx - session.window.xlow) * session.window.xfactor;
-}
-double canvasy(double ploty) {
-    return session.window.bottom - (ploty - session.window.ylow) * session.window.yfactor;
-}
 
 struct Place {
     double x = 0;
@@ -75,11 +70,40 @@ void linestatus(int k) {
     statusline();
 }
 
+/// Where an end of an interval stands on the canvas; an end without a place on the axis is beyond its foot.
+double endplace(double x) { return hasplotx(x) ? canvasx(plotxof(x)) : session.window.left - markreach(); }
+
+/// The interval of a point: a level bar with ticks at its ends, or an arrow towards an end that nobody has
+/// seen.
+void intervalbar(int k, const ShownInterval& interval, double y) {
+    const Keep keep{session.plotx1, session.ploty1, session.plotx2, session.ploty2, session.plotpen};
+    session.plotpen = static_cast<float>(colourofset(k));
+    const double reach = markreach();
+    const double arrow = 5 * reach;
+    const double left = endplace(interval.low) - (interval.openLow ? arrow : 0);
+    const double right = endplace(interval.high) + (interval.openHigh ? arrow : 0);
+    const auto stroke = [](double x1, double y1, double x2, double y2) {
+        tracestart(x1, y1);
+        traceto(x2, y2);
+        traceend();
+    };
+    const auto end = [&](double x, bool open, double inwards) {
+        if (!open) return stroke(x, y - reach, x, y + reach);
+        stroke(x, y, x + inwards * reach, y - 0.7 * reach);
+        stroke(x, y, x + inwards * reach, y + 0.7 * reach);
+    };
+    stroke(left, y, right, y);
+    if (!interval.openHigh) end(left, interval.openLow, 1);
+    if (!interval.openLow) end(right, interval.openHigh, -1);
+}
+
 void marksofset(int k) {
     const int interval = std::max<int>(session.pointInterval, 1);
     for (int j = 1; j <= pointcount(k) && plotting(); j += interval) {
         const ShownPoint point = shownpoint(k, j);
         const Place place = placeof(point);
+        if (const auto between = showninterval(k, j); between && hasploty(point.y))
+            intervalbar(k, *between, canvasy(plotyof(point.y)));
         if (!place.onPlot) continue;
         mark(point.suspended ? suspensionmark() : setmark(k), place);
     }
@@ -167,21 +191,21 @@ void boundcurve(int k, int row) {
     traceend();
 }
 
-bool drawnaspoints(int k) {
-    return session.plotMode == 1 || session.rowKind(static_cast<int>(rowofset(static_cast<float>(k)))) == "P";
-}
+bool hasmarks(int k) { return session.plotMode == 1 || curvekindof(k) != lineCurve; }
 
 void lineofset(int k) {
     const Keep keep{session.plotpen, session.linewidth};
     session.plotpen = static_cast<float>(colourofset(k));
-    session.linewidth = static_cast<int16_t>(2 * std::clamp(std::abs(int{session.linewidth}), 1, 100));
+    const bool joined = session.plotMode != 1 && curvekindof(k) == mixedCurve; // thin between its marks
+    const int width = std::clamp(std::abs(int{session.linewidth}), 1, 100);
+    session.linewidth = static_cast<int16_t>(joined ? width : 2 * width);
     if (session.plotMode == 1 && hasline(k)) {
         if (session.fitLinesHidden == 1) return;
         fittedline(k);
         if (!hasbounds(k)) return;
         boundcurve(k, lowboundrow(k));
         boundcurve(k, highboundrow(k));
-    } else if (!drawnaspoints(k)) {
+    } else if (session.plotMode != 1 && curvekindof(k) != pointCurve) {
         polylineofset(k);
     }
 }
@@ -257,9 +281,11 @@ void plotpoints(const Layout& layout) {
         linestatus(k);
         session.setCounter = rowofset(static_cast<float>(k));
         lineofset(k);
+        if (hascurve(k)) plotcurve(k);
     }
+    if (functiontyped()) plottyped();
     for (int k = 1; k <= sets && plotting() && session.pointHide == 0; ++k) {
-        if (!setshown(k) || !drawnaspoints(k)) continue;
+        if (!setshown(k) || !hasmarks(k)) continue;
         setstatus(k);
         session.setCounter = rowofset(static_cast<float>(k));
         marksofset(k);

@@ -6,9 +6,12 @@
 #include <numeric>
 #include <optional>
 
+#include "plot/canvas.h"
 #include "plot/counted.h"
 #include "plot/drawing.h"
+#include "plot/plotkind.h"
 #include "plot/plotprob.h"
+#include "plot/polygon.h"
 #include "plot/segment.h"
 #include "plot/shown.h"
 #include "plot/strokes.h"
@@ -20,7 +23,6 @@ namespace {
 
 constexpr int steps = 240;
 constexpr double firstQuantile = 0.001, lastQuantile = 0.999;
-constexpr float outlinePen = 200, filledPen = 300; ///< taken off a pen: an outlined and a filled rectangle
 
 FamilyLine lineofset(int k) {
     FamilyLine line = currentline();
@@ -103,15 +105,6 @@ void spread(const Counted& unit, const Intervals& intervals, std::vector<double>
     }
 }
 
-/// Ends of what is drawn.
-struct Extent {
-    double low = std::numeric_limits<double>::infinity(), high = -low;
-    void add(double v) {
-        low = std::min(low, v);
-        high = std::max(high, v);
-    }
-};
-
 /// A hazard or density without a bound at its start would press all else to the foot of the plot: a curve
 /// counts for the window up to three times its value at a tenth of its way.
 double heightof(const FunctionCurve& curve) {
@@ -121,7 +114,7 @@ double heightof(const FunctionCurve& curve) {
 }
 
 /// The manual limits in place of the ends, where they leave a window.
-void takewindow(const Extent& drawn, double limitLow, double limitHigh, double& low, double& high) {
+void takewindow(const DrawnRange& drawn, double limitLow, double limitHigh, double& low, double& high) {
     low = limitLow != 0 ? limitLow : drawn.low;
     high = limitHigh != 0 ? limitHigh : drawn.high;
     if (low < high) return;
@@ -129,32 +122,13 @@ void takewindow(const Extent& drawn, double limitLow, double limitHigh, double& 
     high = drawn.high;
 }
 
-double canvasx(double x) { return session.window.left + (x - session.window.xlow) * session.window.xfactor; }
-double canvasy(double y) {
-    return session.window.bottom - (y - session.window.ylow) * session.window.yfactor;
-}
-
 void drawbar(const HistogramBar& bar, int place, int places) {
-    const PlotWindow& w = session.window;
     const double slot = (bar.high - bar.low) / places;
-    const double left = std::clamp(canvasx(bar.low + slot * place), w.left, w.right);
-    const double right = std::clamp(canvasx(bar.low + slot * (place + 1)), w.left, w.right);
-    const double top = std::clamp(canvasy(bar.to), w.top, w.bottom);
-    const double bottom = std::clamp(canvasy(bar.from), w.top, w.bottom);
-    if (!(right > left) || !(bottom > top)) return;
     session.setCounter = rowofset(static_cast<float>(bar.set));
-    // Suspensions stand hollow upon the failures, and bars behind a curve let it be seen; a filled bar keeps
-    // its outline beside a neighbour of its colour.
-    const auto colour = static_cast<float>(colourofset(bar.set));
-    plotsnap(left, top, right, bottom);
-    if (!bar.suspended && session.functionPlot != totalPlot) {
-        session.plotpen = colour - filledPen;
-        plotline();
-        plotsnap(left, top, right, bottom);
-    }
+    // Suspensions stand hollow upon the failures, and bars behind a curve let it be seen.
     const bool hollow = bar.suspended || session.functionPlot == totalPlot;
-    session.plotpen = (hollow ? colour : static_cast<float>(frameColour)) - outlinePen;
-    plotline();
+    plotbox(canvasx(bar.low + slot * place), canvasy(bar.to), canvasx(bar.low + slot * (place + 1)),
+            canvasy(bar.from), colourofset(bar.set), hollow);
 }
 
 void drawcurve(const FunctionCurve& curve) {
@@ -173,9 +147,8 @@ void drawcurve(const FunctionCurve& curve) {
 bool functionplotted() { return session.progSide == lifeSide && session.functionPlot != probabilityPlot; }
 
 FunctionAxes::FunctionAxes() {
-    if (!functionplotted()) return;
-    session.plotMode = functionAxes;
-    session.xyscale = 0;
+    if (functionplotted()) session.plotMode = functionAxes;
+    if (functionplotted() || barsplotted() || pieplotted() || spaceplotted()) session.xyscale = 0;
 }
 
 std::vector<FunctionCurve> functioncurves() {
@@ -212,7 +185,7 @@ std::vector<HistogramBar> histogrambars() {
 }
 
 void functionwindow() {
-    Extent x, y;
+    DrawnRange x, y;
     y.add(0);
     for (const FunctionCurve& curve : functioncurves()) {
         x.add(curve.x.front());

@@ -24,7 +24,8 @@ enum FunctionPlot : char {
 /// True when a function takes the place of the probability plot.
 bool functionplotted();
 
-/// While it lives the axes are those of the plot in hand: plain ones where a function is plotted.
+/// While it lives the axes are those of the plot in hand: plain ones where a function, bars, a pie or points
+/// in space are plotted.
 class FunctionAxes {
 public:
     FunctionAxes();

@@ -12,6 +12,7 @@ struct BlockLine {
     int colour = 0;   ///< palette number
     float mark = 0;   ///< mark drawn before the text; 0 none, the text then starts at the edge
     float setRow = 0; ///< row of the set whose colour the mark takes
+    int box = 0;      ///< palette number of a filled box in place of the mark; 0 none
 };
 
 struct Layout {

@@ -6,12 +6,16 @@
 #include "data/settitle.h"
 #include "platform/platform.h"
 #include "plot/axes.h"
+#include "plot/bars.h"
 #include "plot/block.h"
 #include "plot/datapoints.h"
 #include "plot/drawing.h"
 #include "plot/frame.h"
 #include "plot/functionplot.h"
 #include "plot/markerline.h"
+#include "plot/pie.h"
+#include "plot/plotkind.h"
+#include "plot/spaceplot.h"
 #include "plot/titles.h"
 #include "plot/window.h"
 #include "session/session.h"
@@ -61,6 +65,7 @@ Layout arrange(const PlotBlock& block) {
     const double size = charactersize();
     session.xTicks.tickcount = session.yTicks.tickcount = 0;
     Layout layout;
+    if (pieplotted() || spaceplotted()) return plotlayout(block.lines, {}, titles);
     for (int pass = 1; pass <= 2; ++pass) {
         layout = plotlayout(block.lines, labelroom(size), titles);
         yticks(size);
@@ -69,6 +74,17 @@ Layout arrange(const PlotBlock& block) {
     layout = plotlayout(block.lines, labelroom(size), titles);
     xticks(size);
     return layout;
+}
+
+/// A pie or a view of space: without a frame and axes of the canvas, whose places have no X and Y.
+void drawpicture(const PlotBlock& block, const Layout& layout) {
+    session.window.xfactor = session.window.yfactor = 0;
+    if (static_cast<int>(session.outdev) == screenDevice) session.windowSaved = session.window;
+    if (pieplotted())
+        drawpie(layout);
+    else
+        drawspace(layout);
+    plottitles(block, layout);
 }
 
 /// Draws the parts of a plot in their order on the open device.
@@ -80,14 +96,21 @@ void drawparts() {
         layout = arrange(block);
     }
     if (static_cast<int>(session.outdev) == screenDevice) session.windowSaved = session.window;
+    if (pieplotted() || spaceplotted()) {
+        drawpicture(block, layout);
+        return;
+    }
     plotframe(layout);
     plotyaxis(layout);
     plotxaxis(layout);
     plotbuttons(layout);
     if (functionplotted())
         plotfunctions();
+    else if (barsplotted())
+        drawbars();
     else
         plotpoints(layout);
+    if (barsplotted()) drawbarline();
     if (session.plotMode == 1) plotmarkers(0.8 * layout.size);
     plottitles(block, layout);
 }

@@ -5,7 +5,9 @@
 
 #include "data/cell.h"
 #include "data/numbertext.h"
+#include "plot/bars.h"
 #include "plot/functionplot.h"
+#include "plot/plotkind.h"
 #include "plot/shown.h"
 #include "plot/transforms.h"
 #include "session/session.h"
@@ -61,6 +63,18 @@ void placeset(std::vector<PlacedPoint>& placed, const PlotWindow& w, int k) {
     }
 }
 
+/// The ends of the bars.
+std::vector<PlacedPoint> placedbars(const PlotWindow& w) {
+    std::vector<PlacedPoint> placed;
+    for (const PlotBar& bar : plotbars()) {
+        const double x = w.left + ((bar.low + bar.high) / 2 - w.xlow) * w.xfactor;
+        const double y = w.bottom - (bar.to - w.ylow) * w.yfactor;
+        if (x < w.left || x > w.right || y < w.top || y > w.bottom) continue;
+        placed.push_back({static_cast<float>(x), static_cast<float>(y), bar.set, bar.point, false});
+    }
+    return placed;
+}
+
 /// The marks of suspensions stand a little above the foot of the plot, by the size of the marks: all of that
 /// height belongs to them.
 constexpr double footHeight = 400;
@@ -89,7 +103,8 @@ std::string entered(const PlacedPoint& one) {
 
 std::vector<PlacedPoint> placedpoints(const PlotWindow& window) {
     std::vector<PlacedPoint> placed;
-    if (session.pointHide != 0 || functionplotted()) return placed;
+    if (session.pointHide != 0 || functionplotted() || pieplotted() || spaceplotted()) return placed;
+    if (barsplotted()) return placedbars(window);
     for (int k = 1; k <= setcount(); ++k)
         if (setshown(k)) placeset(placed, window, k);
     return placed;

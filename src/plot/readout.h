@@ -17,7 +17,8 @@ struct PlacedPoint {
     bool suspended = false; ///< it stands at the foot of the plot, whatever its probability
 };
 
-/// Every point of the shown sets inside the window, in order of set and entry. Empty while points are hidden.
+/// Every point of the shown sets inside the window, in order of set and entry; of bars the middle of their
+/// ends. Empty while points are hidden, and where the plot has no axes.
 std::vector<PlacedPoint> placedpoints(const PlotWindow& window);
 
 /// The point nearest to a place, within `reach` canvas units; nothing when none is so near.
@@ -29,7 +30,7 @@ struct PlotPlace {
     double x = 0;
     double y = 0; ///< on a probability plot the probability
 };
-/// Nothing outside the plot area, and without a plot.
+/// Nothing outside the plot area, without a plot, and on a pie or a view of space.
 std::optional<PlotPlace> plotplace(const PlotWindow& window, double canvasx, double canvasy);
 
 /// The read-out as shown: "X = 12.5   Y = 63.2%", and behind it the point with set and label when there is

@@ -1,9 +1,11 @@
 #include "plot/shown.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "data/cell.h"
 #include "plot/axes.h"
+#include "plot/plotkind.h"
 #include "plot/transforms.h"
 #include "session/session.h"
 
@@ -47,6 +49,25 @@ ShownPoint shownpoint(int k, int j) {
     point.y = static_cast<double>(session.Y(row, j));
     point.placed = session.setPlaced(k) == 1 && (point.suspended || (point.y > 0 && point.y < 1));
     return point;
+}
+
+char curvekindof(int k) {
+    if (session.rowKind(static_cast<int>(rowofset(static_cast<float>(k)))) != "P") return lineCurve;
+    const std::string& kind = session.curveType(k);
+    const char letter = kind.empty() ? pointCurve : kind.front();
+    return letter == lineCurve || letter == mixedCurve ? letter : pointCurve;
+}
+
+std::optional<ShownInterval> showninterval(int k, int j) {
+    constexpr double unseen = 3e33; ///< a Z beyond it, to either side, marks an open end
+    constexpr double exact = 2e29;  ///< from here to `unseen` the point is exact
+    if (session.intervalPlot != 1 || !xyplotted()) return std::nullopt;
+    const double x = session.X(static_cast<int>(rowofset(static_cast<float>(k))), j);
+    const double z = session.v2(k, j);
+    if (z > unseen) return ShownInterval{x, x, false, true};
+    if (z < -unseen) return ShownInterval{x, x, true, false};
+    if (z == 0 || z == x || !(std::fabs(z) < exact)) return std::nullopt;
+    return ShownInterval{std::min(x, z), std::max(x, z)};
 }
 
 double plotxof(double x) { return through(txx2txxd, x); }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 /// The points of the session as a plot shows them.
 
 /// True when set k has points and is not hidden.
@@ -14,6 +16,17 @@ struct ShownPoint {
     bool placed = true;
 };
 ShownPoint shownpoint(int k, int j);
+
+/// How an X-Y plot draws set k: pointCurve, lineCurve or mixedCurve.
+char curvekindof(int k);
+
+/// An X value that is known to lie between two. An open end is one that nobody has seen.
+struct ShownInterval {
+    double low = 0, high = 0;
+    bool openLow = false, openHigh = false;
+};
+/// The interval of point j of set k on an X-Y plot of intervals; nothing for a plain point.
+std::optional<ShownInterval> showninterval(int k, int j);
 
 /// True when set k has a fitted line whose parameters can be drawn.
 bool hasline(int k);

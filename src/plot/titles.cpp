@@ -7,6 +7,7 @@
 #include "plot/drawing.h"
 #include "plot/functionplot.h"
 #include "plot/ladder.h"
+#include "plot/plotkind.h"
 #include "plot/shown.h"
 #include "session/session.h"
 #include "shell/words.h"
@@ -127,10 +128,12 @@ void plottitles(const PlotBlock& block, const Layout& layout) {
         size = layout.size;
         y += lineheight(size);
     }
-    std::string below = xtitle();
-    wordclean(below);
-    centred(below, session.window.left, session.window.right, layout.xTitleY, layout.size);
-    drawytitle(layout);
+    if (!pieplotted() && !spaceplotted()) {
+        std::string below = xtitle();
+        wordclean(below);
+        centred(below, session.window.left, session.window.right, layout.xTitleY, layout.size);
+        drawytitle(layout);
+    }
     drawfoot(layout);
     plotparams(block, layout);
     plotlegend(block, layout);

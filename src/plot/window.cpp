@@ -2,27 +2,21 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <utility>
 
 #include "plot/axes.h"
+#include "plot/bars.h"
+#include "plot/canvas.h"
 #include "plot/functionplot.h"
 #include "plot/ladder.h"
+#include "plot/pie.h"
+#include "plot/plotkind.h"
 #include "plot/shown.h"
+#include "plot/xycurve.h"
 #include "session/session.h"
 #include "shell/prompts.h"
 
 namespace {
-
-struct Extent {
-    double low = std::numeric_limits<double>::infinity();
-    double high = -low;
-    void add(double v) {
-        low = std::min(low, v);
-        high = std::max(high, v);
-    }
-    bool empty() const { return low > high; }
-};
 
 /// Points of a set that have no place on an axis: how many, and the first of them.
 struct Refused {
@@ -34,7 +28,7 @@ struct Refused {
 };
 
 struct Extents {
-    Extent x, y;
+    DrawnRange x, y;
 };
 
 struct RefusedOfSet {
@@ -58,6 +52,10 @@ void addpoint(Extents& extents, RefusedOfSet& refused, int k, int j) {
     }
     extents.x.add(point.x);
     extents.y.add(point.y);
+    if (const auto interval = showninterval(k, j)) {
+        if (hasplotx(interval->low)) extents.x.add(interval->low);
+        extents.x.add(interval->high);
+    }
 }
 
 void tellrefused(int k, const char* axis, const Refused& refused) {
@@ -121,7 +119,7 @@ void takelimits(double& low, double& high, const Limits& limits) {
 }
 
 /// Window of one plain or logarithmic axis.
-Limits plainwindow(const Extent& points, bool positive, const Limits& limits) {
+Limits plainwindow(const DrawnRange& points, bool positive, const Limits& limits) {
     Limits window{points.low, points.high};
     if (points.empty()) window = {positive ? 1.0 : 0.0, 100.0};
     takelimits(window.low, window.high, limits);
@@ -129,7 +127,7 @@ Limits plainwindow(const Extent& points, bool positive, const Limits& limits) {
     return window;
 }
 
-void xwindow(const Extent& points) {
+void xwindow(const DrawnRange& points) {
     const Limits limits = usable(session.xLimitLow, session.xLimitHigh, hasplotx);
     const Limits window = plainwindow(points, xaxisscale() != AxisScale::linear, limits);
     session.xlowd = window.low;
@@ -155,7 +153,7 @@ double footofladder(double p) {
     return foot;
 }
 
-void probabilitywindow(const Extent& points) {
+void probabilitywindow(const DrawnRange& points) {
     session.ylowd = footofladder(points.empty() ? 0.01 : points.low);
     session.yhighd = topofladder(points.empty() ? 0.99 : points.high);
     takelimits(session.ylowd, session.yhighd, usable(session.yLimitLow, session.yLimitHigh, hasploty));
@@ -163,7 +161,7 @@ void probabilitywindow(const Extent& points) {
     session.yhighd = std::nextafter(1.0, 0.0);
 }
 
-void plainywindow(const Extent& points) {
+void plainywindow(const DrawnRange& points) {
     const Limits limits = usable(session.yLimitLow, session.yLimitHigh, hasploty);
     const Limits window = plainwindow(points, yaxisscale() != AxisScale::linear, limits);
     session.ylowd = window.low;
@@ -224,7 +222,14 @@ void xyanalyzw() {
         windowtext();
         return;
     }
-    const Extents extents = extentsofpoints();
+    Extents extents;
+    if (barsplotted())
+        addbars(extents.x, extents.y);
+    else if (pieplotted())
+        tellpierefused();
+    else
+        extents = extentsofpoints();
+    if (functiontyped()) addfunction(extents.x, extents.y);
     xwindow(extents.x);
     if (session.plotMode == 1)
         probabilitywindow(extents.y);

@@ -61,6 +61,9 @@ bool take(const AxisEnds& xends, const AxisEnds& yends) {
     return true;
 }
 
+/// A pie and a view of space have no window to be moved.
+bool hasaxes(const PlotWindow& window) { return window.xfactor != 0 && window.yfactor != 0; }
+
 /// Part of the way from one edge of the plot area to the other.
 double partof(double place, double from, double to) {
     return from == to ? 0.5 : std::clamp((place - from) / (to - from), 0.0, 1.0);
@@ -79,6 +82,7 @@ AxisEnds movedaxis(const AxisEnds& axis, double part) {
 }
 
 bool zoomplot(const PlotWindow& window, double canvasx, double canvasy, double factor) {
+    if (!hasaxes(window)) return false;
     const AxisEnds x{window.xlow, window.xhigh};
     const AxisEnds y{window.ylow, window.yhigh};
     const double atx = x.low + partof(canvasx, window.left, window.right) * (x.high - x.low);
@@ -87,7 +91,8 @@ bool zoomplot(const PlotWindow& window, double canvasx, double canvasy, double f
 }
 
 bool moveplot(const PlotWindow& window, double right, double up) {
-    return take(movedaxis({window.xlow, window.xhigh}, right), movedaxis({window.ylow, window.yhigh}, up));
+    return hasaxes(window)
+           && take(movedaxis({window.xlow, window.xhigh}, right), movedaxis({window.ylow, window.yhigh}, up));
 }
 
 int buttonat(const PlotWindow& window, double canvasx, double canvasy) {
@@ -101,7 +106,7 @@ int buttonat(const PlotWindow& window, double canvasx, double canvasy) {
 }
 
 bool pressbutton(const PlotWindow& window, int number, double factor) {
-    if (number < 0 || number >= static_cast<int>(window.buttons.size())) return false;
+    if (!hasaxes(window) || number < 0 || number >= static_cast<int>(window.buttons.size())) return false;
     const double step = number % 2 == 0 ? 1 / factor : factor;
     AxisEnds x{window.xlow, window.xhigh}, y{window.ylow, window.yhigh};
     AxisEnds& axis = number < 2 ? y : x;

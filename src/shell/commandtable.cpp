@@ -46,7 +46,7 @@ constexpr Command table[] = {
     {12, visual, "", LABEL(AsTyped{session.productName}), nullptr, helpcommand},
     {12, life, "test", LABEL(W::Test, " / ", W::Usage, " ", W::Requirement), nullptr,
      opens<OptionPage::testPlanning>},
-    {13, visual, "plottype", LABEL(W::Plot, " ", W::Type), nullptr, notthere},
+    {13, visual, "plottype", LABEL(W::Plot, " ", W::Type), nullptr, opens<OptionPage::curveAndScale>},
     {13, life, "confidence", LABEL(W::Confidence, " / ", W::Comparison), nullptr,
      opens<OptionPage::confidence>},
     {14, both, "label", LABEL(W::Label, " / ", W::Style, " ", W::Select), nullptr, opens<OptionPage::style>},

@@ -569,3 +569,27 @@ TEST_F(Vanexc, AFileAndASampleTogetherAreAUsageError) {
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.out, "");
 }
+
+TEST_F(Vanexc, KindAndScaleOfAnXYPlotAreChosenByName) {
+    const std::string data = "1x3\n2x5\n3x4\n";
+    EXPECT_EQ(run("- -p V --plot points.svg --report /dev/null", data).status, 0);
+    EXPECT_EQ(run("- -p V --plot pie.svg --plot-kind pie --report /dev/null", data).status, 0);
+    EXPECT_EQ(run("- -p V --plot log.svg --scale loglog --plot-kind line --report /dev/null", data).status,
+              0);
+    EXPECT_NE(contents(folder / "pie.svg").find("41.7%"), std::string::npos);
+    EXPECT_EQ(contents(folder / "points.svg").find("%"), std::string::npos);
+    EXPECT_NE(contents(folder / "log.svg"), contents(folder / "points.svg"));
+}
+
+TEST_F(Vanexc, AKindOrScaleThatIsNoneListsThemAll) {
+    Outcome outcome = run("- -p V --plot a.svg --plot-kind cake", "1x3\n");
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_NE(outcome.err.find("xy line mixed bars stacked bars3d pie pie3d space"), std::string::npos)
+        << outcome.err;
+    outcome = run("- -p V --plot a.svg --scale cubic", "1x3\n");
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_NE(outcome.err.find("linear loglog logx logy arrhenius-x arrhenius-y"), std::string::npos);
+    EXPECT_EQ(run("- -p W --plot a.svg --plot-kind pie", "150\n230\n310\n").status, 2)
+        << "the life side has none";
+    EXPECT_FALSE(fs::exists(folder / "a.svg"));
+}

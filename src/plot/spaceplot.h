@@ -1,0 +1,13 @@
+#pragma once
+
+#include "plot/layout.h"
+
+/// X, Y and Z of the points in space: a box seen along parallel lines of sight, turned about its upright axis
+/// by viewTurn and tilted by viewTilt.
+
+/// True when a shown point has a Z other than 0.
+bool haszvalues();
+
+/// Draws box, axes, points with their drop lines and labels into the plot area. The X and Y axes are those of
+/// the window in hand; the Z axis goes by the points and the Z limits.
+void drawspace(const Layout& layout);
