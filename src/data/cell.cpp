@@ -119,6 +119,8 @@ Cell cellsplit(std::string_view text) {
     return cell;
 }
 
+bool cellhasy(std::string_view text) { return readfield(partsof(text).fields[1]).given; }
+
 bool cellstore(const Cell& cell, int k, int j) {
     if (!cell.hasValue || !ispoint(j) || k < 1 || static_cast<float>(k) > session.maxSets) return false;
     const int row = datarow(k);

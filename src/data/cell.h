@@ -20,6 +20,9 @@ struct Cell {
 /// Cuts one cell string. The view in `label` points into `text`. No allocation.
 Cell cellsplit(std::string_view text);
 
+/// True when a number stands in the second field of a cell: cellsplit reads 0 where there is none.
+bool cellhasy(std::string_view text);
+
 /// Stores a cell as point j of set k, its label included; n of the row is the caller's. False when the cell
 /// holds no value, or j is beyond maxPoints or k beyond maxSets: it is dropped. Allocates only for a label.
 bool cellstore(const Cell& cell, int k, int j);
