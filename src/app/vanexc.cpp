@@ -287,6 +287,16 @@ void complainempty(const HeadlessPlatform& console) {
     if (console.messages.empty()) complainof(Word::Not, " ", Word::Enough, " ", Word::Data);
 }
 
+/// Without a side the data were taken as X-Y data, which have no line of their own: who meant another thing
+/// is told how to ask for it.
+void hintside(const Outputs& outputs) {
+    if (session.progSide != visualSide || session.cmdSide != 0 || outputs.plot || outputs.fit) return;
+    for (int k = 1; k <= setcount(); ++k)
+        if (hascurve(k)) return;
+    complainof(Word::No, " ", Word::Fit, " ... ", Word::Life, " ", Word::Analysis, " = -p W, ", Word::Curve,
+               " ", Word::Fit, " = --fit");
+}
+
 bool writeoutput(const std::optional<std::string>& path, const std::string& text) {
     if (!path || writefile(*path, text)) return true;
     complainof(Word::Cannot, " ", Word::Save, " ", Word::File, ": ", AsTyped{*path});
@@ -308,6 +318,7 @@ int writeall(const Outputs& outputs, HeadlessPlatform& console) {
     if (!plotted) complainof(Word::Cannot, " ", Word::Plot, ": ", AsTyped{*outputs.plot});
     const bool analysed = anyresult() && curvesstand();
     if (!analysed) complainempty(console);
+    if (analysed) hintside(outputs);
     std::string json;
     if (outputs.json) writeresults(json);
     bool written = writeoutput(outputs.report, reportastext()) && writeoutput(outputs.json, json);

@@ -30,23 +30,33 @@ std::string withordinate(std::string_view text, float y) {
     return filled;
 }
 
+/// The coefficients tell the curve between the points, too.
+bool isprecise(int k) {
+    const auto model = modelofcode(static_cast<int>(session.curves(k).fitmodel));
+    return model && fitsolve(curverows(k).rows, *model).precise;
+}
+
 void fillset(int k, std::vector<FilledCell>& fills) {
     const auto& cells = session.gridCells[static_cast<std::size_t>(k - 1)];
     int filled = 0, cannot = 0;
-    for (const OpenCell& open : opencells(k)) {
-        const Cell cell = cellsplit(cells[open.place]);
+    const auto open = opencells(k);
+    const bool precise = !open.empty() && isprecise(k);
+    for (const OpenCell& one : open) {
+        const Cell cell = cellsplit(cells[one.place]);
         const double value = fitusex2y(session.curves(k), cell.x);
-        FilledCell fill{k, open.point, open.place, sngguard(value), {}};
-        fill.text = withordinate(cells[open.place], fill.y);
+        FilledCell fill{k, one.point, one.place, sngguard(value), {}};
+        fill.text = withordinate(cells[one.place], fill.y);
         const Cell again = cellsplit(fill.text);
-        const bool holds = std::isfinite(value) && std::fabs(value) < 9e29 && cellhasy(fill.text)
+        const bool holds = precise && std::isfinite(value) && std::fabs(value) < 9e29 && cellhasy(fill.text)
                            && again.x == cell.x && again.y == fill.y && again.quantity == cell.quantity
                            && again.z == cell.z && again.label == cell.label;
         ++(holds ? filled : cannot);
         if (holds) fills.push_back(std::move(fill));
     }
-    if (filled > 0) tellset(k, Word::Point, " ", Word::Fill, " = ", filled);
     if (cannot > 0) tellset(k, Word::Cannot, " ", Word::Fill, " (", cannot, ")");
+    const Keep keep{session.quiet};
+    session.quiet = 1; // it was asked for: the report tells how many
+    if (filled > 0) tellset(k, Word::Point, " ", Word::Fill, " = ", filled);
 }
 
 } // namespace

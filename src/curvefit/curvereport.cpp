@@ -10,9 +10,10 @@ namespace {
 
 void reportcurve(int k) {
     const SetCurve& curve = session.curves(k);
-    report(curve.text);
-    report("   ", AsTyped{lineequation(k)});
-    report("   X = ", curve.dataLow, " ... ", curve.dataHigh);
+    // By a column, behind which an asterisk is the sign of a product and no note.
+    reportend(1, AsTyped{curve.text});
+    reportend(4, AsTyped{lineequation(k)});
+    reportend(4, "X = ", curve.dataLow, " ... ", curve.dataHigh);
 }
 
 } // namespace

@@ -29,6 +29,16 @@ void tellunsolved(int k, const CurveModel& model, const FitSolution& solution) {
     }
 }
 
+/// What the reader of the results must know, and no reason to stop the user at every plot.
+void notefit(int k, const CurveModel& model, const FitSolution& solution) {
+    const Keep keep{session.quiet};
+    session.quiet = 1;
+    if (const auto left = pointcount(k) - solution.used; left > 0)
+        tellset(k, model, " ", Word::Fit, ": ", Word::Point, " ", Word::Quantity, " = ", solution.used, " (",
+                left, " ", Word::Not, " ", Word::Possible, ")");
+    if (!solution.precise) tellset(k, model, " ", Word::Fit, ": ", Word::Not, " ", Word::Precise);
+}
+
 /// The kind that the run asks of every set; what is no model counts for none.
 void takewanted() {
     const int wanted = static_cast<int>(session.fitKindList[0]);
@@ -73,11 +83,8 @@ void fitset(int k) {
     curve.dataLow = solution.low;
     curve.dataHigh = solution.high;
     fitfunction(curve);
-    curve.text = fitline(curve, k);
-    if (const auto left = pointcount(k) - solution.used; left > 0)
-        tellset(k, *model, " ", Word::Fit, ": ", Word::Point, " ", Word::Quantity, " = ", solution.used, " (",
-                left, " ", Word::Not, " ", Word::Possible, ")");
-    if (!solution.precise) tellset(k, *model, " ", Word::Fit, ": ", Word::Not, " ", Word::Precise);
+    wordclean(curve.text = fitline(curve, k));
+    notefit(k, *model, solution);
 }
 
 /// The list in force is that of the first curve.

@@ -1,21 +1,21 @@
 #include "curvefit/curvewords.h"
 
+#include <charconv>
 #include <cmath>
 
 #include "curvefit/models.h"
-#include "data/numbertext.h"
 #include "data/textpieces.h"
 #include "session/session.h"
 
 namespace {
 
-/// A whole text as a number.
+/// A whole text as a number that data can hold.
 std::optional<double> numberof(std::string_view text) {
-    if (text.empty() || text.find_first_not_of("+-.0123456789eE") != std::string_view::npos)
-        return std::nullopt;
-    const NumberText number = readnumber(text);
-    if (!number.readable || !std::isfinite(number.value) || number.value == noAnswer) return std::nullopt;
-    return number.value;
+    double number = 0;
+    const char* const end = text.data() + text.size();
+    const auto read = std::from_chars(text.data(), end, number);
+    if (read.ec != std::errc() || read.ptr != end || !(std::fabs(number) < 9e29)) return std::nullopt;
+    return number;
 }
 
 bool takekind(std::string_view value) {

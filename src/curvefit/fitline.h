@@ -9,5 +9,6 @@
 /// plainly; a likewise. Where there is no number to show the words "Display Calculation No" stand.
 void appendcoefficients(std::string& text, const SetCurve& curve);
 
-/// Report line of set k: model, equation with its coefficients, correlation, standard error.
+/// Report line of set k: model, equation with its coefficients, correlation, standard error. As composed:
+/// wordclean makes it the text to show, as it stands in the curve of the set.
 std::string fitline(const SetCurve& curve, int k);

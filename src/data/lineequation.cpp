@@ -8,15 +8,9 @@
 
 namespace {
 
-/// Every digit of a number: an equation is there to be calculated with.
-struct Exact {
-    double value;
-};
-void append(std::string& text, Exact part) { appendsignificant(text, part.value, 17); }
-
 void appendterm(std::string& text, double coefficient, std::size_t power) {
     if (power > 0) text += coefficient < 0 ? " - " : " + ";
-    append(text, Exact{power > 0 ? std::fabs(coefficient) : coefficient});
+    append(text, power > 0 ? std::fabs(coefficient) : coefficient);
     if (power > 0) text += " * x";
     if (power > 1) (text += " ^ ") += std::to_string(power);
 }
@@ -30,8 +24,8 @@ std::string curveequation(const SetCurve& curve) {
             appendterm(text, curve.coefficients[i], i);
         return text;
     }
-    const double a = curve.noLogarithm ? curve.coefficients[0] : std::log(curve.coefficients[0]);
-    const Exact logA{a}, slope{curve.coefficients[1]};
+    const double logA = curve.noLogarithm ? curve.coefficients[0] : std::log(curve.coefficients[0]);
+    const double slope = curve.coefficients[1];
     if (model->swapped) return extend(text, slope, " / (ln(x) - ", logA, ")");
     const char* const across = model->across == Coordinate::logarithm    ? " * ln(x))"
                                : model->across == Coordinate::reciprocal ? " / x)"

@@ -72,13 +72,15 @@ void writepoint(JsonWriter& json, int k, int j) {
     const bool interval = type == Intv || type == intvComplement;
     const bool placed = session.progSide == lifeSide && type != Susp;
     const bool grouped = session.setInputType(k) >= prbt2 && session.setInputType(k) <= km4;
+    const bool counted = grouped || (session.progSide == visualSide && session.v1(k, j) > 0);
     const bool ranked = placed && !grouped;
     json.open('{');
     json.field("x", session.progSide == lifeSide ? static_cast<float>(pointvalue(k, j)) : session.X(row, j));
+    if (session.progSide == visualSide) json.field("y", session.Y(row, j));
     json.field("upper", interval ? session.v2(k, j) : none);
     json.name("type");
     writetype(json, type);
-    json.field("quantity", grouped ? static_cast<double>(session.v1(k, j)) : pointquantity(k, j));
+    json.field("quantity", counted ? static_cast<double>(session.v1(k, j)) : pointquantity(k, j));
     json.field("position", placed ? session.Y(row, j) : none);
     json.field("rank", ranked ? session.plotRank(row, j) : none);
     session.msg.clear();

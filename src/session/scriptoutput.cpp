@@ -56,7 +56,7 @@ void fittedcurves(Use use) {
 }
 
 void results() {
-    fittedcurves([](int k) { report(session.curves(k).text); });
+    fittedcurves([](int k) { reportend(1, AsTyped{session.curves(k).text}); });
     fittedsets([](int k) {
         reportcell(0, Word::Set, " ", k, ": ", parametername(session.dist, 1), "=",
                    Reported{session.etaFit(dataRow(k), 1)});
@@ -71,7 +71,7 @@ void equations() {
     fittedsets([](int k) { report(Word::Set, " ", k, ": ", AsTyped{lineequation(k)}); });
     bool any = false;
     fittedcurves([&any](int k) {
-        report(Word::Set, " ", k, ": ", AsTyped{lineequation(k)});
+        reportend(1, Word::Set, " ", k, ": ", AsTyped{lineequation(k)}); // an asterisk is no note there
         any = true;
     });
     if (session.progSide != lifeSide && !any) report(noAnswerText);
