@@ -67,19 +67,21 @@ int distinct(std::span<const Place> places, int enough) {
 /// The normal equations: in one pass the sums of w*t^i, i to twice the order, and of w*t^i*y.
 LinearSystem normalequations(std::span<const Place> places, const Centre& centre, int order) {
     const auto size = static_cast<std::size_t>(order) + 1;
-    std::vector<Twofold> powers(2 * size - 1), moments(size);
+    std::vector<LongSum> powers(2 * size - 1), moments(size);
     for (const Place& place : places) {
         const Twofold t = centre.of(place.across);
         Twofold term = place.weight;
         for (std::size_t i = 0; i < powers.size(); ++i) {
-            powers[i] += term;
-            if (i < size) moments[i] += term * Twofold(place.up);
+            powers[i].add(term);
+            if (i < size) moments[i].add(term * place.up);
             term = term * t;
         }
     }
-    LinearSystem system{std::vector<std::vector<Twofold>>(size, std::vector<Twofold>(size)), moments};
-    for (std::size_t i = 0; i < size; ++i)
-        for (std::size_t j = 0; j < size; ++j) system.a[i][j] = powers[i + j];
+    LinearSystem system{std::vector(size, std::vector<Twofold>(size)), std::vector<Twofold>(size)};
+    for (std::size_t i = 0; i < size; ++i) {
+        system.b[i] = moments[i].value();
+        for (std::size_t j = 0; j < size; ++j) system.a[i][j] = powers[i + j].value();
+    }
     return system;
 }
 

@@ -52,14 +52,35 @@ inline Twofold operator*(Twofold a, Twofold b) {
     return orderedsum(product.high, product.low + (a.high * b.low + a.low * b.high));
 }
 
+inline Twofold operator*(Twofold a, double b) {
+    const Twofold product = exactproduct(a.high, b);
+    return orderedsum(product.high, product.low + a.low * b);
+}
+
 inline Twofold operator/(Twofold a, Twofold b) {
     const double first = a.high / b.high;
-    Twofold rest = a - Twofold(first) * b;
+    Twofold rest = a - b * first;
     const double second = rest.high / b.high;
-    rest = rest - Twofold(second) * b;
+    rest = rest - b * second;
     return orderedsum(first, second) + Twofold(rest.high / b.high);
 }
 
 inline Twofold& operator+=(Twofold& a, Twofold b) { return a = a + b; }
 inline Twofold& operator-=(Twofold& a, Twofold b) { return a = a - b; }
 inline Twofold& operator/=(Twofold& a, Twofold b) { return a = a / b; }
+
+/// A long sum: the rounding errors of its terms are gathered beside it and added at the end, at a third of
+/// the cost of as many twofold sums. Its error is that of the sum of so many rounding errors, n 2^-106 of the
+/// sum of the magnitudes. Ogita, Rump, Oishi, SIAM J. Sci. Comput. 26 (2005) 1955.
+class LongSum {
+public:
+    void add(Twofold term) {
+        const Twofold step = exactsum(sum, term.high);
+        sum = step.high;
+        errors += step.low + term.low;
+    }
+    Twofold value() const { return exactsum(sum, errors); }
+
+private:
+    double sum = 0, errors = 0;
+};
