@@ -12,6 +12,7 @@
 #include "curvefit/models.h"
 #include "data/textpieces.h"
 #include "expression/program.h"
+#include "session/session.h"
 #include "shell/calcplot.h"
 #include "shell/grid.h"
 
@@ -23,7 +24,8 @@ void require(bool holds) {
 
 void checkwords(std::string_view text) {
     while (!text.empty()) curveword(takeline(text));
-    require(session.fitKindList[0] == 0 || modelofcode(static_cast<int>(session.fitKindList[0])));
+    require(session.fitKindList[0] == 0 || session.fitKindList[0] == noCurveWanted
+            || modelofcode(static_cast<int>(session.fitKindList[0])));
     require(std::isfinite(session.curveFrom));
 }
 

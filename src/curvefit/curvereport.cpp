@@ -5,6 +5,7 @@
 #include "data/lineequation.h"
 #include "data/report.h"
 #include "data/reportanalysis.h"
+#include "plot/shown.h"
 
 namespace {
 
@@ -20,13 +21,16 @@ void reportcurve(int k) {
 
 void reportcurves() {
     bool headed = false;
-    for (int k = 1; k <= setcount(); ++k) {
-        const auto& messages = session.setMessages[static_cast<std::size_t>(k)];
-        if (!hascurve(k) && messages.empty()) continue;
-        if (!headed) report();
-        if (!headed) report(Word::Curve, " ", Word::Fit, ":");
+    const auto head = [&headed] {
+        if (headed) return;
+        report();
+        report(Word::Curve, " ", Word::Fit, ":");
         headed = true;
+    };
+    for (int k = 1; k <= setcount(); ++k) {
+        if (session.FITKIND(k) != noFit && setshown(k)) head();
         if (hascurve(k)) reportcurve(k);
-        for (const std::string& message : messages) reportnotice(message);
+        for (const std::string& message : session.setMessages[static_cast<std::size_t>(k)])
+            reportnotice(message);
     }
 }

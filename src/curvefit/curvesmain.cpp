@@ -39,11 +39,12 @@ void notefit(int k, const CurveModel& model, const FitSolution& solution) {
     if (!solution.precise) tellset(k, model, " ", Word::Fit, ": ", Word::Not, " ", Word::Precise);
 }
 
-/// The kind that the run asks of every set; what is no model counts for none.
+/// The kind that the run asks of every set.
 void takewanted() {
-    const int wanted = static_cast<int>(session.fitKindList[0]);
-    if (!modelofcode(wanted)) return;
-    for (int k = 1; k <= setcount(); ++k) session.FITKIND(k) = static_cast<int16_t>(wanted);
+    const float wanted = session.fitKindList[0];
+    if (wanted == 0) return;
+    const int16_t kind = wanted == noCurveWanted ? int16_t{noFit} : static_cast<int16_t>(wanted);
+    for (int k = 1; k <= setcount(); ++k) session.FITKIND(k) = kind;
 }
 
 /// On a probability scale the curve is compared as it is seen.
@@ -119,6 +120,7 @@ void curvesmain() {
 bool hascurve(int k) { return session.curves(k).fitmodel != 0; }
 
 bool curvesstand() {
+    if (session.progSide != visualSide) return true;
     for (int k = 1; k <= setcount(); ++k)
         if (wantscurve(k) && !hascurve(k)) return false;
     return true;

@@ -15,7 +15,7 @@ void curvesmain();
 /// True when set k has a fitted curve.
 bool hascurve(int k);
 
-/// True when every shown set that asks for a curve has one.
+/// True when every shown set that asks for a curve has one; there are none to ask for off the visual side.
 bool curvesstand();
 
 /// A cell that gets its Y from the curve of its set.

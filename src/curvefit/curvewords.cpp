@@ -19,9 +19,11 @@ std::optional<double> numberof(std::string_view text) {
 }
 
 bool takekind(std::string_view value) {
-    const auto code = value.empty()  ? std::optional<int16_t>(linearFit)
-                      : value == "0" ? std::optional<int16_t>(noFit)
-                                     : modelofname(value);
+    if (value == "0") {
+        session.fitKindList[0] = noCurveWanted;
+        return true;
+    }
+    const auto code = value.empty() ? std::optional<int16_t>(linearFit) : modelofname(value);
     if (code) session.fitKindList[0] = *code;
     return code.has_value();
 }

@@ -23,6 +23,9 @@ enum FitModel : int16_t {
     arrheniusYFit = 13
 };
 
+/// In fitKindList[0], where a run notes the kind it asks of every set: that they shall have none.
+inline constexpr float noCurveWanted = -1;
+
 /// Ten coefficients are kept with the data.
 inline constexpr int highestOrder = 9;
 

@@ -276,6 +276,24 @@ TEST_F(Curves, TheReportHoldsTheEquationWithItsAsterisks) {
     EXPECT_EQ(report().find("Curve Fit:"), std::string::npos);
 }
 
+TEST_F(Curves, ANoteOnASetWithoutAFitHasNoHeadingOfFits) {
+    desk.expectmessage("Bad Data (1)");
+    set({"1x2", "none", "3x4"});
+    session.reportDevice = reportText;
+    desk.expectmessage("Bad Data (1)");
+    calcplot();
+    EXPECT_NE(reportastext().find("!! Set 1: Bad Data (1)"), std::string::npos);
+    EXPECT_EQ(reportastext().find("Curve Fit:"), std::string::npos);
+}
+
+TEST_F(Curves, OffTheVisualSideNoCurveIsMissing) {
+    chooseside(lifeSide);
+    ASSERT_TRUE(allocatearrays());
+    sets({{"150", "230", "310"}}, {linearFit});
+    EXPECT_TRUE(curvesstand());
+    EXPECT_FALSE(hascurve(1));
+}
+
 TEST_F(Curves, ALanguageTranslatesTheLine) {
     const InLanguage german("GERMAN");
     session.reportDevice = reportText;

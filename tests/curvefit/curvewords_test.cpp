@@ -17,7 +17,7 @@ TEST_F(CurveWords, AModelIsNamedByWordNumberOrCode) {
         const char* text;
         int code;
     } cases[] = {{"FITCURVE=cubic", 3}, {"FITCURVE", 1},      {"FIT Exponential", 10}, {"fit 7", 7},
-                 {"FITCURVE=11", 11},   {"FITCURVE = 2", 2},  {"FIT arrhenius-y", 13}, {"FITCURVE=0", 0},
+                 {"FITCURVE=11", 11},   {"FITCURVE = 2", 2},  {"FIT arrhenius-y", 13}, {"FITCURVE=0", -1},
                  {"FITPAR-ORDER=5", 5}, {"FITPAR-ORDER 1", 1}};
     for (const auto& one : cases) {
         EXPECT_EQ(curveword(one.text), CurveWord::taken) << one.text;
@@ -58,6 +58,15 @@ TEST_F(CurveWords, AnOptionFileAsksForTheCurvesOfItsRun) {
     sets({{"1x1", "2x4", "3x9", "4x16"}, {"1x3", "2x5", "3x7"}});
     EXPECT_EQ(curve(1).fitmodel, quadraticFit);
     EXPECT_EQ(curve(2).fitmodel, quadraticFit);
+}
+
+TEST_F(CurveWords, ARunMayAskForNoCurves) {
+    sets({{"1x1", "2x4", "3x9"}}, {linearFit});
+    ASSERT_EQ(curve().fitmodel, linearFit);
+    curveword("FITCURVE=0");
+    calcplot();
+    EXPECT_EQ(curve().fitmodel, noFit);
+    EXPECT_EQ(session.FITKIND(1), noFit);
 }
 
 TEST(CurveModels, NamesAndCodesBelongTogether) {
