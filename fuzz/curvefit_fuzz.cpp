@@ -44,7 +44,8 @@ void checklist(std::string_view text) {
 void checkfits(std::string_view text, int code) {
     gridclear();
     for (int j = 1; !text.empty() && j <= 100; ++j) gridset(1, j, takeline(text));
-    session.fitKindList[0] = static_cast<float>(code);
+    session.fitKindList[0] = 0;
+    session.FITKIND(1) = static_cast<int16_t>(code); // 14 and 15 are no model
     session.fillMissing = 1;
     calcplot();
     const SetCurve& curve = session.curves(1);
