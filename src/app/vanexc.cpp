@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "curvefit/curvesmain.h"
+#include "curvefit/models.h"
 #include "data/datafilesave.h"
 #include "data/importtable.h"
 #include "data/report.h"
@@ -36,18 +38,18 @@ enum ExitStatus { done = 0, noResult = 1, wrongUse = 2 };
 constexpr const char* helpHead =
     "Usage: vanexc [FILE|-] [switches] [--report FILE|-] [--json FILE|-]\n"
     "              [--plot FILE [--plot-size WxH] [--plot-kind NAME] [--scale NAME]]\n"
-    "              [--save FILE] [--sample K]\n"
+    "              [--fit NAME] [--save FILE] [--sample K]\n"
     "              [--format LETTER] [--decimal SYMBOL] [--language NAME]\n"
     "\n"
-    "Fits a line to life data, writes a report and draws the plot. FILE is a data file of the\n"
-    "program or plain text, one cell a line or several cells a line, each column a set; - reads standard "
-    "input. Without FILE the\n"
-    "built-in leukemia sample is analysed on the life side.\n"
+    "Fits a line to life data, or curves to X-Y data, writes a report and draws the plot. FILE\n"
+    "is a data file of the program or plain text, one cell a line or several cells a line, each\n"
+    "column a set; - reads standard input. Without FILE the built-in leukemia sample is analysed\n"
+    "on the life side.\n"
     "\n"
     "Cells   X, -X (suspension) or XxYxQxZ_label: 6x0x3 is three failures at 6, -9 one\n"
     "        suspension at 9, 10x0x1x20 with -i 5 a failure between 10 and 20. A label\n"
     "        ends at a word that begins like a number; with tabs between the cells it\n"
-    "        may hold any word.\n"
+    "        may hold any word. On the visual side XxY or XxYxQ: 2x5x3 is three points at X 2 and Y 5.\n"
     "\n"
     "Switches (the value follows the letter; a value that is not understood is told, has no effect\n"
     "and makes the exit status 2)\n";
@@ -70,15 +72,22 @@ constexpr const char* helpTail =
     "  --sample K        built-in sample 1 to 11 in place of FILE; 7 and 9 are of the X-Y side\n"
     "  --help, --version\n"
     "\n"
+    "Curves (-p V)\n"
+    "  --fit NAME        a curve for every set: linear, quadratic, cubic, a number 1 to 9 for a polynomial\n"
+    "                    of that order, exponential y=a*b^x, power y=a*x^b, arrhenius-x y=a*b^(1/x),\n"
+    "                    arrhenius-y x=a*b^(1/y). Each point counts by its quantity Q.\n"
+    "\n"
     "Input\n"
     "  --format LETTER   what the columns of the text hold, as in the format menu: E, K2, ...; an\n"
     "                    unknown letter lists them all; text, or nothing, tells it from the text\n"
     "  --decimal SYMBOL  comma or point: what a comma between digits is, where a text leaves it open\n"
     "\n"
-    "Exit status 0, 1 when no set could be analysed or a script failed, 2 for a usage error.\n"
+    "Exit status 0, 1 when no set could be analysed, a set got no curve or a script failed, 2 for a usage\n"
+    "error.\n"
     "\n"
     "Examples\n"
     "  vanexc bearings.txt -p W -e LOGNORMAL -b M2D90\n"
+    "  vanexc -p V trend.txt --fit quadratic --json - --plot trend.svg\n"
     "  vanexc -s '[WVW {-m 3} [bearings.txt] R results.txt P plot.svg]'\n"
     "  printf '150\\n230\\n-400\\n310\\n' | vanexc - -p W --json -\n";
 
@@ -95,6 +104,7 @@ struct Outputs {
     std::optional<std::string> sample;
     int sampleNumber = 2; ///< leukemia
     std::optional<std::string> decimal;
+    std::optional<std::string> fit;
     int pixelsAcross = 1200;
     int pixelsDown = 900;
 };
@@ -124,7 +134,7 @@ constexpr LongOption longOptions[] = {
     {"--report", &Outputs::report},      {"--json", &Outputs::json},         {"--plot", &Outputs::plot},
     {"--plot-size", &Outputs::plotSize}, {"--language", &Outputs::language}, {"--format", &Outputs::format},
     {"--save", &Outputs::save},          {"--sample", &Outputs::sample},     {"--decimal", &Outputs::decimal},
-    {"--plot-kind", &Outputs::plotKind}, {"--scale", &Outputs::scale}};
+    {"--plot-kind", &Outputs::plotKind}, {"--scale", &Outputs::scale},       {"--fit", &Outputs::fit}};
 
 /// The help: usage, every switch in columns, outputs and examples.
 std::string helptext() {
@@ -225,6 +235,24 @@ bool takedecimal(const Outputs& outputs) {
     return false;
 }
 
+/// Notes the kind of curve that was asked for. False, with the list of all, when there is none of that name.
+bool takefit(const Outputs& outputs) {
+    if (!outputs.fit) return true;
+    const auto code = modelofname(*outputs.fit);
+    if (code) session.fitKindList[0] = *code;
+    if (!code)
+        complainof(Word::Unknown, " ", Word::Curve, " ", Word::Fit, ": ", AsTyped{*outputs.fit}, "\n",
+                   AsTyped{modelnames()});
+    return code.has_value();
+}
+
+/// Curves belong to X-Y data.
+bool fitofside(const Outputs& outputs) {
+    if (!outputs.fit || session.progSide == visualSide) return true;
+    complainof(Word::Curve, " ", Word::Fit, " ... -p V: --fit ", AsTyped{*outputs.fit});
+    return false;
+}
+
 /// Takes the number of the sample. False when there is none of that number.
 bool takesample(Outputs& outputs) {
     if (!outputs.sample) return true;
@@ -291,10 +319,17 @@ bool plotpossible(Outputs& outputs) {
 
 /// Why nothing was analysed, when no message has said it.
 void complainempty(const HeadlessPlatform& console) {
-    if (session.progSide != lifeSide)
-        complainof(Word::No, " ", Word::Fit, " ... ", Word::Life, " ", Word::Analysis, " = -p W");
-    else if (console.messages.empty())
-        complainof(Word::Not, " ", Word::Enough, " ", Word::Data);
+    if (console.messages.empty()) complainof(Word::Not, " ", Word::Enough, " ", Word::Data);
+}
+
+/// Without a side the data were taken as X-Y data, which have no line of their own: who meant another thing
+/// is told how to ask for it.
+void hintside(const Outputs& outputs) {
+    if (session.progSide != visualSide || session.cmdSide != 0 || outputs.plot || outputs.fit) return;
+    for (int k = 1; k <= setcount(); ++k)
+        if (hascurve(k)) return;
+    complainof(Word::No, " ", Word::Fit, " ... ", Word::Life, " ", Word::Analysis, " = -p W, ", Word::Curve,
+               " ", Word::Fit, " = --fit");
 }
 
 bool writeoutput(const std::optional<std::string>& path, const std::string& text) {
@@ -316,8 +351,9 @@ int writeall(const Outputs& outputs, HeadlessPlatform& console) {
     const bool plotted = !outputs.plot || plotfile(*outputs.plot, outputs.pixelsAcross, outputs.pixelsDown);
     for (const std::string& message : console.messages) complain(message);
     if (!plotted) complainof(Word::Cannot, " ", Word::Plot, ": ", AsTyped{*outputs.plot});
-    const bool analysed = anyresult() && (session.progSide == lifeSide || outputs.plot);
+    const bool analysed = anyresult() && curvesstand();
     if (!analysed) complainempty(console);
+    if (analysed) hintside(outputs);
     std::string json;
     if (outputs.json) writeresults(json);
     bool written = writeoutput(outputs.report, reportastext()) && writeoutput(outputs.json, json);
@@ -380,7 +416,7 @@ bool formatofside() {
 int start(std::vector<std::string> arguments, const char* name, HeadlessPlatform& console) {
     Outputs outputs;
     if (!takeoutputs(arguments, outputs) || !plotpossible(outputs) || !takeformat(outputs)
-        || !takedecimal(outputs) || !takelanguage(outputs) || !takesample(outputs))
+        || !takedecimal(outputs) || !takelanguage(outputs) || !takesample(outputs) || !takefit(outputs))
         return wrongUse;
     const StartEnd end = startup(arguments, name, false);
     if (end == StartEnd::wrongUse) {
@@ -403,6 +439,7 @@ int start(std::vector<std::string> arguments, const char* name, HeadlessPlatform
         if (!sizearrays()) return noResult;
         cmdapply();
     }
+    if (!fitofside(outputs)) return wrongUse;
     if (!load(outputs.sampleNumber, console)) {
         for (const std::string& message : console.messages) complain(message);
         return status(noResult);

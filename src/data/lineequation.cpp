@@ -2,9 +2,50 @@
 
 #include <cmath>
 
+#include "curvefit/models.h"
+#include "data/numbertext.h"
 #include "data/report.h"
 
+namespace {
+
+void appendterm(std::string& text, double coefficient, std::size_t power) {
+    if (power > 0) text += coefficient < 0 ? " - " : " + ";
+    append(text, power > 0 ? std::fabs(coefficient) : coefficient);
+    if (power > 0) text += " * x";
+    if (power > 1) (text += " ^ ") += std::to_string(power);
+}
+
+std::string curveequation(const SetCurve& curve) {
+    const auto model = modelofcode(static_cast<int>(curve.fitmodel));
+    if (!model || curve.coefficients.empty()) return noAnswerText;
+    std::string text = "y = ";
+    if (model->ispolynomial()) {
+        for (std::size_t i = 0; i < curve.coefficients.size(); ++i)
+            appendterm(text, curve.coefficients[i], i);
+        return text;
+    }
+    const double logA = curve.noLogarithm ? curve.coefficients[0] : std::log(curve.coefficients[0]);
+    const double slope = curve.coefficients[1];
+    if (model->swapped) return extend(text, slope, " / (ln(x) - ", logA, ")");
+    const char* const across = model->across == Coordinate::logarithm    ? " * ln(x))"
+                               : model->across == Coordinate::reciprocal ? " / x)"
+                                                                         : " * x)";
+    return extend(text, "exp(", logA, " + ", slope, across);
+}
+
+} // namespace
+
+std::vector<double> equationcoefficients(const SetCurve& curve) {
+    std::vector<double> coefficients = curve.coefficients;
+    const auto model = modelofcode(static_cast<int>(curve.fitmodel));
+    if (!model || model->ispolynomial() || coefficients.size() != 2) return coefficients;
+    if (curve.noLogarithm) coefficients[0] = std::exp(coefficients[0]);
+    if (model->code != powerFit) coefficients[1] = std::exp(coefficients[1]);
+    return coefficients;
+}
+
 std::string lineequation(int k) {
+    if (k >= 1 && k <= setcount() && session.progSide == visualSide) return curveequation(session.curves(k));
     if (k < 1 || k > setcount() || session.progSide != lifeSide || session.setFitted(k) != 1)
         return noAnswerText;
     const int row = static_cast<int>(rowofset(static_cast<float>(k)));

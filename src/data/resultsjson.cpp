@@ -2,9 +2,11 @@
 
 #include <cmath>
 
+#include "curvefit/models.h"
 #include "data/boundvalues.h"
 #include "data/cell.h"
 #include "data/json.h"
+#include "data/lineequation.h"
 #include "data/methodlabels.h"
 #include "data/reportgoodness.h"
 #include "data/settitle.h"
@@ -70,13 +72,15 @@ void writepoint(JsonWriter& json, int k, int j) {
     const bool interval = type == Intv || type == intvComplement;
     const bool placed = session.progSide == lifeSide && type != Susp;
     const bool grouped = session.setInputType(k) >= prbt2 && session.setInputType(k) <= km4;
+    const bool counted = grouped || (session.progSide == visualSide && session.v1(k, j) > 0);
     const bool ranked = placed && !grouped;
     json.open('{');
     json.field("x", session.progSide == lifeSide ? static_cast<float>(pointvalue(k, j)) : session.X(row, j));
+    if (session.progSide == visualSide) json.field("y", session.Y(row, j));
     json.field("upper", interval ? session.v2(k, j) : none);
     json.name("type");
     writetype(json, type);
-    json.field("quantity", grouped ? static_cast<double>(session.v1(k, j)) : pointquantity(k, j));
+    json.field("quantity", counted ? static_cast<double>(session.v1(k, j)) : pointquantity(k, j));
     json.field("position", placed ? session.Y(row, j) : none);
     json.field("rank", ranked ? session.plotRank(row, j) : none);
     session.msg.clear();
@@ -140,6 +144,44 @@ void writetext(JsonWriter& json, void (*appendtext)(std::string&)) {
     json.value(std::string_view(text));
 }
 
+// ---- fitted curves of the visual side ----
+
+bool hascurve(int k) { return session.curves(k).fitmodel != 0; }
+
+void writemodel(JsonWriter& json, int k) {
+    const auto model = modelofcode(static_cast<int>(session.curves(k).fitmodel));
+    if (!model) return json.null();
+    json.value(std::string_view(scriptname(*model)));
+}
+
+/// By the letters of the equation; one that no double can hold is null.
+void writecoefficients(JsonWriter& json, int k) {
+    if (!hascurve(k)) return json.null();
+    json.open('[');
+    for (const double coefficient : equationcoefficients(session.curves(k))) json.value(coefficient);
+    json.close(']');
+}
+
+void writestandarderror(JsonWriter& json, int k) {
+    const double error = session.curves(k).standardError;
+    json.value(hascurve(k) && error != 9e30 ? error : noAnswer);
+}
+
+void writeequation(JsonWriter& json, int k) {
+    const std::string equation = lineequation(k);
+    if (equation == noAnswerText) return json.null();
+    json.value(std::string_view(equation));
+}
+
+/// Correlation of the line, or of the coordinates beside a curve.
+double correlationof(int k) {
+    if (session.progSide != visualSide)
+        return session.setFitted(k) == 1 ? session.setCorrelation(k) : noAnswer;
+    return session.curves(k).hasR ? session.curves(k).r : noAnswer;
+}
+
+double squared(double r) { return r == noAnswer ? noAnswer : r * r; }
+
 constexpr SetField setFields[] = {
     {"set", [](JsonWriter& json, int k) { json.value(k); }},
     {"title", [](JsonWriter& json, int k) { json.value(titleofset(k)); }},
@@ -154,9 +196,8 @@ constexpr SetField setFields[] = {
     {"beta", [](JsonWriter& json, int k) { fitted(json, k, session.betaFit(dataRow(k), 1)); }},
     {"t0", [](JsonWriter& json, int k) { json.value(session.t0(k)); }},
     {"fixedSlope", [](JsonWriter& json, int) { json.value(session.fixedSlope); }},
-    {"r", [](JsonWriter& json, int k) { fitted(json, k, session.setCorrelation(k)); }},
-    {"r2",
-     [](JsonWriter& json, int k) { fitted(json, k, session.setCorrelation(k) * session.setCorrelation(k)); }},
+    {"r", [](JsonWriter& json, int k) { json.value(correlationof(k)); }},
+    {"r2", [](JsonWriter& json, int k) { json.value(squared(correlationof(k))); }},
     {"ccc2", [](JsonWriter& json, int k) { regressionfigure(json, k, session.cccSquared(k)); }},
     {"pve", [](JsonWriter& json, int k) { regressionfigure(json, k, session.pvePercent(k)); }},
     {"pAD", [](JsonWriter& json, int k) { percentage(json, k, session.pADPercent(k)); }},
@@ -166,6 +207,10 @@ constexpr SetField setFields[] = {
          fitted(json, k, session.LOGLYKMLE(k) > noLowLimit ? session.LOGLYKMLE(k) : noAnswer);
      }},
     {"bounds", writebounds},
+    {"model", writemodel},
+    {"coefficients", writecoefficients},
+    {"standardError", writestandarderror},
+    {"equation", writeequation},
     {"messages", writemessages},
     {"points", writepoints},
 };

@@ -152,7 +152,7 @@ void paramlines(std::vector<BlockLine>& lines, BlockKind kind) {
 
 bool anycurve() {
     for (int k = 1; k <= setcount(); ++k)
-        if (setshown(k) && hascurve(k)) return true;
+        if (setshown(k) && curveshown(k)) return true;
     return false;
 }
 
@@ -202,7 +202,7 @@ void curvelines(std::vector<BlockLine>& lines, BlockKind kind) {
         if (!lines.empty() && kind == fullBlock) lines.push_back({});
     };
     for (int k = 1; k <= setcount(); ++k) {
-        if (!setshown(k) || !hascurve(k)) continue;
+        if (!setshown(k) || !curveshown(k)) continue;
         space();
         curveofset(lines, k, kind);
     }

@@ -281,7 +281,7 @@ void plotpoints(const Layout& layout) {
         linestatus(k);
         session.setCounter = rowofset(static_cast<float>(k));
         lineofset(k);
-        if (hascurve(k)) plotcurve(k);
+        if (curveshown(k)) plotcurve(k);
     }
     if (functiontyped()) plottyped();
     for (int k = 1; k <= sets && plotting() && session.pointHide == 0; ++k) {

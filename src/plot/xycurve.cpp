@@ -216,7 +216,7 @@ std::string shorttext(const char* start, std::string_view code, std::span<const 
 
 } // namespace
 
-bool hascurve(int k) {
+bool curveshown(int k) {
     if (!xyplotted() || session.fitLinesHidden == 1 || k > session.curves.bound()) return false;
     const SetCurve& curve = session.curves(k);
     return curve.fitmodel != 0 && !curve.code.empty() && fittedfunction(k).drawable();

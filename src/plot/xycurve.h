@@ -7,7 +7,7 @@
 /// Curves through an X-Y plot: those fitted to the sets, and the function that the user typed.
 
 /// True when set k has a curve to be drawn.
-bool hascurve(int k);
+bool curveshown(int k);
 
 /// True when the typed function is drawn: it is shown, can run, and asks for no data column.
 bool functiontyped();

@@ -4,6 +4,7 @@
 #include <cctype>
 #include <string>
 
+#include "curvefit/curvewords.h"
 #include "data/numbertext.h"
 #include "data/textpieces.h"
 #include "numeric/sngguard.h"
@@ -58,6 +59,7 @@ void optionfiletake(std::string_view text) {
             part = *named;
             continue;
         }
+        if (curveword(line) != CurveWord::none) continue;
         const bool lettered = !line.empty() && std::isalpha(static_cast<unsigned char>(line[0]))
                               && (line.size() == 1 || line[1] == ' ' || line[1] == '\t' || line[1] == '=');
         if (!lettered) continue;

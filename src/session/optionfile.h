@@ -9,7 +9,8 @@
 ///   RISK     A to L the usage of steps 1 to 12, M to X the production of the same
 ///   LIBRARY  A to Z the library titles 1 to 26
 ///   KEY      letters that this version gives no meaning
-/// Lines of no part, and letters without a meaning, count for nothing.
+/// The words of a curve fit stand in any place (curvefit/curvewords.h). Lines of no part, and letters without
+/// a meaning, count for nothing.
 void optionfiletake(std::string_view text);
 
 /// Reads and takes the file. False when it cannot be read.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "curvefit/curvewords.h"
 #include "platform/files.h"
 #include "platform/platform.h"
 #include "session/commandline.h"
@@ -71,6 +72,12 @@ bool takesettings(const std::string& settings) {
         std::string_view word = rest.substr(0, end);
         rest.remove_prefix(std::min(end + 1, rest.size()));
         const auto equals = word.find('=');
+        const CurveWord curve = curveword(word);
+        if (curve == CurveWord::taken) continue;
+        if (curve == CurveWord::wrong) {
+            compose(session.msg, Word::Unknown, ": ", AsTyped{word});
+            return false;
+        }
         const bool named = equals != std::string_view::npos && !word.starts_with('-');
         if (!named) {
             switches.append(" ").append(word);

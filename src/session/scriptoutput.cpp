@@ -48,7 +48,15 @@ void fittedsets(Use use) {
         if (session.setFitted(k) == 1) use(k);
 }
 
+/// Runs over the sets of the visual side that have a curve.
+template <class Use>
+void fittedcurves(Use use) {
+    for (int k = 1; k <= setcount(); ++k)
+        if (session.curves(k).fitmodel != 0) use(k);
+}
+
 void results() {
+    fittedcurves([](int k) { reportend(1, AsTyped{session.curves(k).text}); });
     fittedsets([](int k) {
         reportcell(0, Word::Set, " ", k, ": ", parametername(session.dist, 1), "=",
                    Reported{session.etaFit(dataRow(k), 1)});
@@ -61,7 +69,12 @@ void results() {
 
 void equations() {
     fittedsets([](int k) { report(Word::Set, " ", k, ": ", AsTyped{lineequation(k)}); });
-    if (session.progSide != lifeSide) report(noAnswerText);
+    bool any = false;
+    fittedcurves([&any](int k) {
+        reportend(1, Word::Set, " ", k, ": ", AsTyped{lineequation(k)}); // an asterisk is no note there
+        any = true;
+    });
+    if (session.progSide != lifeSide && !any) report(noAnswerText);
 }
 
 double quantity() {

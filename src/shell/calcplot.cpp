@@ -4,6 +4,7 @@
 
 #include "analysis/calcsmain.h"
 #include "analysis/notices.h"
+#include "curvefit/curvesmain.h"
 #include "data/cell.h"
 #include "data/report.h"
 #include "data/reportanalysis.h"
@@ -102,11 +103,23 @@ bool readdata() {
     return true;
 }
 
+/// The curves of an X-Y plot. What they fill is a change of the data: the former ones are kept for undo while
+/// the points are still theirs.
+void fitcurves() {
+    curvesmain();
+    const auto fills = curvefills();
+    if (fills.empty()) return;
+    curvefillsput(fills);
+    undonotice();
+    curvefillstake(fills);
+}
+
 void writereport() {
     reportstart();
     report(session.productName, " ", VANEX_VERSION);
     reportsetup();
     if (session.progSide == lifeSide) reportanalysis();
+    if (session.progSide == visualSide) reportcurves();
     if (session.progSide != lifeSide || setcount() > 1)
         if (setcount() > 0) reportsummary();
 }
@@ -140,6 +153,7 @@ void calcplot() {
     if (!readdata()) return;
     status(Word::Calculation);
     if (session.progSide == lifeSide) calcsmain();
+    if (session.progSide == visualSide) fitcurves();
 
     session.replotNeeded = 1;
     window([](MainWindow& w) { w.repaintgrid(); });

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "curvefit/curvesmain.h"
 #include "platform/platform.h"
 #include "plot/markerline.h"
 #include "session/session.h"
@@ -26,6 +27,16 @@ void commitfit() {
     replot();
 }
 
+/// The curves are fitted as they are asked for, and their coefficients become the list in force; where there
+/// is nothing to commit the user is told so.
+void commitcurves() {
+    commitfit();
+    for (int k = 1; k <= setcount(); ++k)
+        if (hascurve(k) || session.FITKIND(k) != 0) return; // a curve that failed has been told
+    compose(session.msg, Word::No, " ", Word::Curve, " ", Word::Fit);
+    tellok();
+}
+
 /// Asks for each marker line in use whether it goes.
 void walkmarkers() {
     for (const MarkerLine& marker : markerlines()) {
@@ -42,7 +53,7 @@ void visualmode(int mode) {
     if (oneof(mode, {9, 17}))
         opens<OptionPage::zoom>();
     else if (mode == 18)
-        commitfit();
+        commitcurves();
     else if (oneof(mode, {30, 31, 36, 38})) {
         session.activeMode = 0;
         session.pressed.clear();

@@ -51,7 +51,7 @@ constexpr Command table[] = {
      opens<OptionPage::confidence>},
     {14, both, "label", LABEL(W::Label, " / ", W::Style, " ", W::Select), nullptr, opens<OptionPage::style>},
     {15, life, "method", LABEL(W::Method, " / ", W::Input), nullptr, methodinput},
-    {16, visual, "curve", LABEL(W::Curve, " ", W::Fit), nullptr, notthere},
+    {16, visual, "curve", LABEL(W::Curve, " ", W::Fit), nullptr, opens<OptionPage::curveFit>},
     {16, life, "marker", LABEL(W::Marker, " ", W::Line), nullptr, opens<OptionPage::markerLine>},
     {17, visual, "transform", LABEL(W::Transform), nullptr, opens<OptionPage::transform>},
     {17, life, "threshold", LABEL(W::T0, " (3-", W::Parameter, ")"), nullptr, opens<OptionPage::threshold>},

@@ -114,17 +114,21 @@ TEST_F(Vanexc, TakesEachColumnAsASet) {
 TEST_F(Vanexc, TheNameVanexwChoosesTheLifeSide) {
     fs::create_symlink(VANEXC, folder / "vanexw");
     write("data.txt", "10\n20\n30\n");
-    EXPECT_EQ(run("data.txt").status, 1);
-    EXPECT_EQ(run("data.txt", "", "./vanexw").status, 0);
-    EXPECT_EQ(run("data.txt -p V", "", "./vanexw").status, 1);
+    const auto side = [&](const std::string& arguments, const std::string& program) {
+        return Json::parse(run(arguments, "", program).out)["side"];
+    };
+    EXPECT_EQ(side("data.txt --json -", VANEXC), "visual");
+    EXPECT_EQ(side("data.txt --json -", "./vanexw"), "life");
+    EXPECT_EQ(side("data.txt --json - -p V", "./vanexw"), "visual");
 }
 
 TEST_F(Vanexc, TheVisualSideIsTheDefaultAndSaysHowToGetALine) {
     write("data.txt", "10x3\n20x4\n30x7\n");
     const Outcome outcome = run("data.txt --json -");
-    EXPECT_EQ(outcome.status, 1);
-    EXPECT_NE(outcome.err.find("Life Analysis = -p W"), std::string::npos) << outcome.err;
+    EXPECT_EQ(outcome.status, 0); // a summary was asked for, and that is one
+    EXPECT_NE(outcome.err.find("Life Analysis = -p W, Curve Fit = --fit"), std::string::npos) << outcome.err;
     EXPECT_EQ(Json::parse(outcome.out)["side"], "visual");
+    EXPECT_EQ(run("data.txt -p V").err, ""); // the side was chosen
 }
 
 TEST_F(Vanexc, ReadsTheDistributionGrammar) {

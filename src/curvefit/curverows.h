@@ -1,0 +1,20 @@
+#pragma once
+
+#include <vector>
+
+#include "curvefit/fitsolve.h"
+
+/// The rows of set k of the session as a fit takes them: in order of entry, the quantity of the point as its
+/// weight. Out of the fit stay suspensions, discoveries (the value of neither is known) and cells without Y.
+struct CurveRows {
+    std::vector<FitRow> rows;
+    int withoutY = 0; ///< cells that have an X but no Y
+};
+CurveRows curverows(int k);
+
+/// A cell that has an X but no Y.
+struct OpenCell {
+    std::size_t place = 0; ///< in the set's column of the grid, from 0
+    int point = 0;         ///< of the set, from 1
+};
+std::vector<OpenCell> opencells(int k);
