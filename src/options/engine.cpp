@@ -255,7 +255,10 @@ void append(std::string& text, const Label& label) {
         const LabelPart& part = label.parts[i];
         const std::string_view fixed = part.text ? part.text : "";
         if (i > 0 && blankbetween(text, fixed)) text += ' ';
-        if (part.text)
+        // The sign of a product is no mark of a text that the language leaves alone.
+        if (part.text && fixed.find('*') != std::string_view::npos)
+            append(text, AsTyped{fixed});
+        else if (part.text)
             append(text, fixed);
         else
             append(text, part.word);

@@ -83,7 +83,7 @@ void appendfunction(std::string& text) {
     constexpr std::size_t shown = 60;
     const Keep keep{session.functionMode};
     session.functionMode = functionCurve;
-    std::string line = functionline();
+    std::string line = functionline().substr(1); // behind a blank of its own
     if (line.size() > shown) line = "... " + line.substr(line.size() - shown);
     append(text, AsTyped{line});
 }

@@ -67,7 +67,7 @@ TEST_F(FunctionPage, OffersTheFunctionItsRangeAndItsParameter) {
     session.fk = .1f;
     page();
     EXPECT_EQ(desk.shown[0].header, "Function");
-    EXPECT_EQ(item('F'), "F...Function Input =  Y = ");
+    EXPECT_EQ(item('F'), "F...Function Input = Y = ");
     EXPECT_EQ(item('R'), "R...X-Range = -1.5 ... 2");
     EXPECT_EQ(item('K'), "K...k-Value = .1");
     for (const char letter : std::string("P3SUN")) EXPECT_EQ(item(letter), "") << letter;
@@ -80,7 +80,7 @@ TEST_F(FunctionPage, TakesAFunctionAndShowsItOnThePlot) {
     desk.expectmenu("Function Save To File", no);
     desk.expectkey("", 'P');
     page();
-    EXPECT_EQ(item('F'), "F...Function Input =  Y = k*x^2");
+    EXPECT_EQ(item('F'), "F...Function Input = Y = k*x^2");
     EXPECT_EQ(item('P'), "P...Function On Plot = Yes (/ No)");
     EXPECT_EQ(session.functionShown, 1);
     EXPECT_EQ(std::count(desk.windowCalls.begin(), desk.windowCalls.end(), "repaintplot"), 1);

@@ -63,7 +63,7 @@ TEST_F(AxisChoices, ATruncatedLineEndsWithThePointsOfItsSet) {
     const auto lowestofline = [](const RecordingDevice& device) {
         double lowest = 0;
         for (const auto& line : device.lines)
-            if (line.width == 2) lowest = std::max({lowest, line.y1, line.y2});
+            if (line.pen.colour == 1 && line.width == 2) lowest = std::max({lowest, line.y1, line.y2});
         return lowest;
     };
     session.linewidth = 1;
