@@ -1,5 +1,6 @@
 #include "data/boundvalues.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "plot/transforms.h"
@@ -60,10 +61,9 @@ ValueBounds valuepercentages(int k) {
     return {high > 0 ? 100 - high : 0, low > 0 ? 100 - low : 0};
 }
 
-std::vector<double> reportlevels() {
-    std::vector<double> levels;
-    for (const double percent : session.reportValue)
-        if (percent > 0 && percent < 100) levels.push_back(percent);
-    if (levels.empty()) levels.assign(std::begin(bLives), std::end(bLives));
-    return levels;
+std::span<const double> reportlevels() {
+    const auto& named = session.reportValue;
+    const bool serve =
+        std::all_of(named.begin(), named.end(), [](double percent) { return percent > 0 && percent < 100; });
+    return named.empty() || !serve ? std::span(bLives) : std::span(named);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <vector>
+#include <span>
 
 /// The bounds of a set as the report, the results and the plot read them from its rows.
 
@@ -27,5 +27,5 @@ ValueBounds valuebounds(int k, double p);
 ValueBounds valuepercentages(int k);
 
 /// Percentages of the population that the report tells the values of: those that the user named, else the
-/// usual ones.
-std::vector<double> reportlevels();
+/// usual ones; a list with anything but percentages in it counts as none.
+std::span<const double> reportlevels();

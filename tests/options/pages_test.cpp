@@ -71,6 +71,13 @@ std::string difference(const std::string& a, const std::string& b) {
     return "";
 }
 
+/// A level is asked for where a side of the bounds is picked; a curve, or a change of the data, wants data.
+bool asksormore(OptionPage page) {
+    constexpr OptionPage all[] = {OptionPage::limitKind, OptionPage::fitKind, OptionPage::extrapolation,
+                                  OptionPage::intervalTransform, OptionPage::transform};
+    return std::find(std::begin(all), std::end(all), page) != std::end(all);
+}
+
 class Pages : public testing::Test {
 protected:
     Pages() {
@@ -265,9 +272,7 @@ TEST_F(Pages, ACancelledNumberChangesNothing) {
 TEST_F(Pages, APickIsMarkedAtTheNextShowing) {
     for (const Page* const page : tables())
         for (const Item& item : page->items) {
-            // A level is asked for where a side of the bounds is picked; a curve is one of sets with data.
-            if (item.kind != ItemKind::pick || page->page == OptionPage::limitKind) continue;
-            if (page->page == OptionPage::fitKind || page->page == OptionPage::extrapolation) continue;
+            if (item.kind != ItemKind::pick || asksormore(page->page)) continue;
             SCOPED_TRACE(titleof(*page) + " " + item.letter);
             desktop.expectkey("", item.letter);
             if (!page->list) desktop.expectmenu("", 0);

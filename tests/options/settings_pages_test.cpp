@@ -284,7 +284,7 @@ TEST_F(SettingsPages, TheValuesPutOutAreThoseThatTheUserNames) {
     desktop.expectkey("", 'X');
     EXPECT_TRUE(optionpage(OptionPage::output));
     EXPECT_EQ(session.reportValue, (std::vector<double>{10, 0.5, 50}));
-    EXPECT_EQ(reportlevels(), session.reportValue);
+    EXPECT_EQ(reportlevels().data(), session.reportValue.data());
     desktop.expectkey("", 'M');
     desktop.expecttext("", "10 100");
     desktop.expectmessage("0 < B% < 100");
