@@ -18,12 +18,22 @@ std::optional<double> numberof(std::string_view text) {
     return number;
 }
 
+/// A model by its name, its order, or its code: files and scripts of the program speak of codes.
+std::optional<int16_t> kindof(std::string_view value) {
+    if (const auto named = modelofname(value)) return named;
+    const auto code = numberof(value);
+    if (!code || std::fabs(*code) > 100 || *code != std::floor(*code)
+        || !modelofcode(static_cast<int>(*code)))
+        return std::nullopt;
+    return static_cast<int16_t>(*code);
+}
+
 bool takekind(std::string_view value) {
     if (value == "0") {
         session.fitKindList[0] = noCurveWanted;
         return true;
     }
-    const auto code = value.empty() ? std::optional<int16_t>(linearFit) : modelofname(value);
+    const auto code = value.empty() ? std::optional<int16_t>(linearFit) : kindof(value);
     if (code) session.fitKindList[0] = *code;
     return code.has_value();
 }

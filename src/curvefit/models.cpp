@@ -60,7 +60,8 @@ std::optional<int16_t> modelofname(std::string_view name) {
     int16_t code = 0;
     const char* const end = lower.data() + lower.size();
     const auto read = std::from_chars(lower.data(), end, code);
-    if (read.ec != std::errc() || read.ptr != end || !modelofcode(code)) return std::nullopt;
+    const bool isOrder = read.ec == std::errc() && read.ptr == end && code >= 1 && code <= highestOrder;
+    if (!isOrder) return std::nullopt; // 12 is no code here: who asks for order 12 must not get another model
     return code;
 }
 

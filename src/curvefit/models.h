@@ -52,8 +52,7 @@ std::span<const CurveModel> curvemodels();
 /// The model of a code; nothing for a code that is none.
 std::optional<CurveModel> modelofcode(int code);
 
-/// The code of a name in either case, "cubic", of a number from 1 to 9, or of a model code itself, 10 to 13;
-/// nothing for any other text.
+/// The code of a name in either case, "cubic", or of an order from 1 to 9; nothing for any other text.
 std::optional<int16_t> modelofname(std::string_view name);
 
 /// The names that modelofname takes, a blank between them.

@@ -78,5 +78,7 @@ TEST(CurveModels, NamesAndCodesBelongTogether) {
     EXPECT_EQ(scriptname(*modelofcode(6)), "order 6");
     EXPECT_FALSE(modelofname("").has_value());
     EXPECT_FALSE(modelofname("0").has_value());
+    EXPECT_FALSE(modelofname("10").has_value()) << "an order that is not offered, and no code";
+    EXPECT_FALSE(modelofname("12").has_value());
     EXPECT_FALSE(modelofname("2 ").has_value());
 }
