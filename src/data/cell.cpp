@@ -113,13 +113,19 @@ Cell cellsplit(std::string_view text) {
     const Parts parts = partsof(text);
     cell.label = parts.label;
     readx(parts.fields[0], cell);
-    cell.y = readfield(parts.fields[1]).value;
+    const Field ordinate = readfield(parts.fields[1]);
+    cell.y = ordinate.value;
+    cell.hasY = ordinate.given;
     if (const Field quantity = readfield(parts.fields[2]); quantity.given) cell.quantity = quantity.value;
     if (const Field z = readfield(parts.fields[3]); z.value != 0) cell.z = z.value;
     return cell;
 }
 
 bool cellhasy(std::string_view text) { return readfield(partsof(text).fields[1]).given; }
+
+bool hasordinate(int k, int j) {
+    return session.progSide != visualSide || session.pointTypes(k, j) != noOrdinate;
+}
 
 bool cellstore(const Cell& cell, int k, int j) {
     if (!cell.hasValue || !ispoint(j) || k < 1 || static_cast<float>(k) > session.maxSets) return false;
@@ -128,6 +134,7 @@ bool cellstore(const Cell& cell, int k, int j) {
     session.Y(row, j) = session.entryY(row, j) = cell.y;
     session.v1(k, j) = cell.quantity;
     session.v2(k, j) = cell.z;
+    if (session.progSide == visualSide) session.pointTypes(k, j) = cell.hasY ? int16_t{Occr} : noOrdinate;
     pointlabelput(k, j, cell.label);
     return true;
 }
@@ -135,7 +142,9 @@ bool cellstore(const Cell& cell, int k, int j) {
 void celltext(std::string& text, int k, int j) {
     const int row = datarow(k);
     appendtrimmed(text, session.entryX(row, j));
-    for (const float field : {session.entryY(row, j), session.v1(k, j), session.v2(k, j)}) {
+    text += 'x';
+    if (hasordinate(k, j)) appendtrimmed(text, session.entryY(row, j));
+    for (const float field : {session.v1(k, j), session.v2(k, j)}) {
         text += 'x';
         appendtrimmed(text, field);
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -15,6 +16,7 @@ struct Cell {
     float x = 0, y = 0, quantity = 1, z = 0;
     std::string_view label; ///< text behind the first "_", blanks included
     bool hasValue = false;  ///< false when no number stands where X is expected: the cell is no point
+    bool hasY = true;       ///< false when no number stands in the second field
 };
 
 /// Cuts one cell string. The view in `label` points into `text`. No allocation.
@@ -22,6 +24,13 @@ Cell cellsplit(std::string_view text);
 
 /// True when a number stands in the second field of a cell: cellsplit reads 0 where there is none.
 bool cellhasy(std::string_view text);
+
+/// What pointTypes holds, on the visual side, of a point whose cell has no Y. It counts as 0, but it was not
+/// measured: no plot shows it, no fit takes it, and a file keeps it missing.
+inline constexpr int16_t noOrdinate = 9;
+
+/// False for such a point.
+bool hasordinate(int k, int j);
 
 /// Stores a cell as point j of set k, its label included; n of the row is the caller's. False when the cell
 /// holds no value, or j is beyond maxPoints or k beyond maxSets: it is dropped. Allocates only for a label.

@@ -103,7 +103,8 @@ bool takenumber(std::string_view& line, float& value) {
 bool takepoint(std::string_view line, FilePoint& point, std::string_view& label) {
     line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
     const bool valued = takenumber(line, point.x);
-    for (float* field : {&point.y, &point.v1, &point.v2}) takenumber(line, *field);
+    point.hasY = takenumber(line, point.y);
+    for (float* field : {&point.v1, &point.v2}) takenumber(line, *field);
     label = line.starts_with(labelMark) ? line.substr(labelMark.size()) : std::string_view();
     return valued;
 }
@@ -210,10 +211,11 @@ bool blocksend() {
 void appendcell(std::string& cell, const FilePoint& point, std::string_view label) {
     appendtrimmed(cell, point.x);
     const float fields[] = {point.y, point.v1, point.v2};
-    int last = point.v2 != 0 ? 3 : point.v1 != 1 ? 2 : point.y != 0 || session.progSide != lifeSide ? 1 : 0;
+    const bool written = point.y != 0 || (point.hasY && session.progSide != lifeSide);
+    const int last = point.v2 != 0 ? 3 : point.v1 != 1 ? 2 : written ? 1 : 0;
     for (int i = 0; i < last; ++i) {
         cell += 'x';
-        appendtrimmed(cell, fields[i]);
+        if (i > 0 || point.hasY) appendtrimmed(cell, fields[i]);
     }
     if (!label.empty()) (cell += '_') += label;
 }
@@ -260,6 +262,8 @@ void putset(FileSet& set, int k) {
         const int j = static_cast<int>(i) + 1;
         session.entryX(row, j) = point.x;
         session.entryY(row, j) = point.y;
+        if (session.progSide == visualSide)
+            session.pointTypes(k, j) = point.hasY ? int16_t{Occr} : noOrdinate;
         session.v1(k, j) = point.v1;
         session.v2(k, j) = point.v2;
         if (i < set.data.labels.size()) pointlabelput(k, j, set.data.labels[i]);
@@ -315,7 +319,7 @@ void setwrite(int k) {
     for (int j = 1; j <= static_cast<int>(session.n(row)); ++j) {
         line.clear();
         appendvalue(line, session.entryX(row, j));
-        appendfield(line, session.entryY(row, j));
+        appendfield(line, hasordinate(k, j) ? session.entryY(row, j) : static_cast<float>(noAnswer));
         appendfield(line, session.v1(k, j));
         appendfield(line, session.v2(k, j));
         const auto place = static_cast<std::size_t>(j);

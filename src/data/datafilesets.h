@@ -11,6 +11,7 @@
 /// A point as its line gives it.
 struct FilePoint {
     float x = 0, y = 0, v1 = 1, v2 = 0;
+    bool hasY = true; ///< false: Y was not measured, which the file tells by a number that is no value
 };
 
 /// The points of one row, aside from the session until the whole file is known to be good.

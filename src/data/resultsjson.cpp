@@ -68,7 +68,7 @@ void writemessages(JsonWriter& json, int k) {
 void writepoint(JsonWriter& json, int k, int j) {
     constexpr auto none = static_cast<float>(noAnswer);
     const int row = dataRow(k);
-    const int16_t type = session.pointTypes(k, j);
+    const int16_t type = session.progSide == visualSide ? int16_t{Occr} : session.pointTypes(k, j);
     const bool interval = type == Intv || type == intvComplement;
     const bool placed = session.progSide == lifeSide && type != Susp;
     const bool grouped = session.setInputType(k) >= prbt2 && session.setInputType(k) <= km4;
@@ -76,7 +76,7 @@ void writepoint(JsonWriter& json, int k, int j) {
     const bool ranked = placed && !grouped;
     json.open('{');
     json.field("x", session.progSide == lifeSide ? static_cast<float>(pointvalue(k, j)) : session.X(row, j));
-    if (session.progSide == visualSide) json.field("y", session.Y(row, j));
+    if (session.progSide == visualSide) json.field("y", hasordinate(k, j) ? session.Y(row, j) : none);
     json.field("upper", interval ? session.v2(k, j) : none);
     json.name("type");
     writetype(json, type);

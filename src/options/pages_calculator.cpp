@@ -18,6 +18,7 @@
 #include "numeric/normal.h"
 #include "numeric/saddlepoint.h"
 #include "options/page.h"
+#include "shell/calcplot.h"
 #include "shell/commandactions.h"
 #include "shell/prompts.h"
 
@@ -247,6 +248,7 @@ FamilyLine line() {
 double threshold() { return static_cast<double>(session.t0(lineset())); }
 
 bool renewal() {
+    calcpending();
     return calculate({{mtbfname(), Word::With, Word::Planned, Word::Renewal},
                       {{{Word::Planned, Word::Renewal, Word::Time}, 1, 1e-30, 9e30}},
                       [](const std::vector<double>& v) -> std::vector<Result> {
@@ -273,6 +275,7 @@ Ends endsofset() {
 /// How likely a sample of the line has an end as far out as that of the set: the ends are those of the sample
 /// of that size, suspensions and all.
 bool outlier() {
+    calcpending();
     const Ends ends = endsofset();
     return calculate({{Word::Outlier, "...", Word::Extreme, Word::Point, "P-", Word::Value},
                       {{{Word::Minimum, "X"}, ends.low, -9e30, 9e30},
@@ -298,6 +301,7 @@ bool andersondarlings() {
 }
 
 bool reading() {
+    calcpending();
     precisereading();
     return false;
 }
@@ -329,6 +333,7 @@ constexpr Page pages[] = {{OptionPage::calculator, {Word::Calculator}, items}};
 } // namespace
 
 bool lifeleft() {
+    calcpending(); // cells may have been typed since the line was fitted
     return calculate(
         {{Word::Life, Word::Remaining, "...", Word::After, Word::Former, Word::Usage},
          {{{Word::Former, Word::Usage}, 0, 0, 9e30},

@@ -38,7 +38,8 @@ const char* scalename() { return session.scaleAsRecorded == 1 ? "AR" : "NAR"; }
 ShownPoint shownpoint(int k, int j) {
     const int row = static_cast<int>(rowofset(static_cast<float>(k)));
     if (session.plotMode != 1)
-        return {static_cast<double>(session.X(row, j)), static_cast<double>(session.Y(row, j))};
+        return hasordinate(k, j) ? ShownPoint{session.X(row, j), session.Y(row, j)}
+                                 : ShownPoint{session.X(row, j), std::nan(""), false, false};
     const int type = session.pointTypes(k, j);
     const double shift = scaleshift(k);
     ShownPoint point;

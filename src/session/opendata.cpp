@@ -84,12 +84,21 @@ void taken(const Source& source, FileRead read) {
         return;
     }
     session.fileName = source.path;
-    if (session.dataFileRead == 0) session.mixFlag = 0;
+    if (session.dataFileRead == 0) {
+        session.mixFlag = 0;
+        forgetchoices();
+    }
     session.resultsDirty = session.dataFileRead != 0 ? 0 : 1;
     gridaccept();
 }
 
 } // namespace
+
+void forgetchoices() {
+    session.FITKIND.fill(0);
+    session.lineHide.fill(0);
+    session.curveType.fill({});
+}
 
 void appendsets(const std::vector<std::vector<std::string>>& cells, std::vector<std::string> titles) {
     session.gridTitles.resize(session.gridCells.size());

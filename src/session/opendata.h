@@ -19,6 +19,10 @@ enum class DataRead {
 /// refused changes no data. dataFileRead says whether options came with it.
 DataRead opendata(const std::string& name, bool further = false);
 
+/// Forgets what the user chose of the sets that other data take the place of: kinds of fit and curve, hide
+/// marks.
+void forgetchoices();
+
 /// Puts sets behind those of the grid.
 void appendsets(const std::vector<std::vector<std::string>>& cells, std::vector<std::string> titles);
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "data/samples.h"
+#include "session/opendata.h"
 #include "session/session.h"
 #include "session/snapshots.h"
 #include "session/undo.h"
@@ -96,6 +97,7 @@ bool sampleload(int number) {
     session.gridTitles = std::move(columns.titles);
     session.fileName = sampletitle(*sample);
     session.inputType = sample->inputType;
+    forgetchoices();
     gridreplaced();
     undopush(before);
     return true;

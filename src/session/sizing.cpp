@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string>
+#include <vector>
 
 #include "session/session.h"
 #include "shell/prompts.h"
@@ -17,6 +19,32 @@ void tellshortage() {
             " ", Word::Change, " ", Word::Possible, "?");
     tellok();
 }
+
+/// What the user chose of the sets.
+class SetChoices {
+public:
+    SetChoices() {
+        for (int k = 1; k <= static_cast<int>(session.maxSets); ++k)
+            sets.push_back({session.FITKIND(k), session.lineHide(k), session.curveType(k), session.t0(k)});
+    }
+    void putback() const {
+        for (std::size_t i = 0; i < sets.size() && static_cast<float>(i) < session.maxSets; ++i) {
+            const int k = static_cast<int>(i) + 1;
+            session.FITKIND(k) = sets[i].fitKind;
+            session.lineHide(k) = sets[i].hidden;
+            session.curveType(k) = sets[i].curve;
+            session.t0(k) = sets[i].threshold;
+        }
+    }
+
+private:
+    struct Choice {
+        int16_t fitKind, hidden;
+        std::string curve;
+        float threshold;
+    };
+    std::vector<Choice> sets;
+};
 
 } // namespace
 
@@ -53,5 +81,8 @@ bool roomfor(std::size_t cells) {
     const auto wanted = static_cast<double>(cells);
     if (static_cast<double>(session.maxPoints) >= wanted) return true;
     while (static_cast<double>(pointswanted()) < wanted && session.sizeExponent < 10) ++session.sizeExponent;
-    return sizearrays();
+    const SetChoices choices;
+    if (!sizearrays()) return false;
+    choices.putback();
+    return true;
 }

@@ -17,5 +17,6 @@ float pointswanted();
 void raisefor(double sets, double points);
 
 /// Room for a column of that many cells: sizes the arrays anew, up to the largest there is, where the present
-/// ones are too small. What the session held is lost. False as sizearrays.
+/// ones are too small. Points and results that the session held are lost; what the user chose of the sets,
+/// kinds of fit and curve, thresholds and hide marks, stays. False as sizearrays.
 bool roomfor(std::size_t cells);

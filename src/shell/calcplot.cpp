@@ -11,6 +11,7 @@
 #include "platform/platform.h"
 #include "session/session.h"
 #include "session/snapshots.h"
+#include "session/undo.h"
 #include "shell/grid.h"
 #include "shell/prompts.h"
 #include "shell/shellbusy.h"
@@ -109,7 +110,10 @@ void fitcurves() {
     curvesmain();
     const auto fills = curvefills();
     if (fills.empty()) return;
+    const History::Snapshot before = undosnapshot();
+    if (!undoable(before)) return;
     curvefillsput(fills);
+    undopush(before);
     undonotice();
     curvefillstake(fills);
 }

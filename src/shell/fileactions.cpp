@@ -79,7 +79,7 @@ bool saveto(const std::string& name) {
     calcpending();
     session.u = 0;
     if (!datafilesave(name)) return false;
-    session.gridSaved = gridhash();
+    session.gridSaved = session.resultsDirty == 0 ? gridhash() : History::emptyGrid; // all of it was saved
     recentpush(session.fileName);
     if (platform) platform->window().repainticons();
     return true;
@@ -185,6 +185,7 @@ bool openrecovered(const std::string& name) {
     session.msg.clear();
     if (!takefile((session.tempPath + name).c_str())) return false;
     session.fileName.clear();
+    calcplot(); // without the name in title and report
     session.resultsDirty = 1;
     session.gridSaved = History::emptyGrid;
     return true;

@@ -290,7 +290,9 @@ void gridput(int set, int point) {
         shown(value);
     };
     const bool fourth = z != 0 && !marked;
-    if (y != 0 || quantity != 1 || fourth || session.progSide != lifeSide) field(y);
+    const bool open = !hasordinate(set, point);
+    if (!open && (y != 0 || quantity != 1 || fourth || session.progSide != lifeSide)) field(y);
+    if (open && (quantity != 1 || fourth)) text += 'x'; // an empty field
     if (quantity != 1 || fourth) field(quantity);
     if (fourth) field(z);
     const Keep keep{session.msg};

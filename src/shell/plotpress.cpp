@@ -4,6 +4,7 @@
 #include <cmath>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "data/cell.h"
@@ -13,7 +14,9 @@
 #include "plot/functionplot.h"
 #include "plot/markerline.h"
 #include "plot/readout.h"
+#include "plot/shown.h"
 #include "session/session.h"
+#include "session/snapshots.h"
 #include "shell/calcplot.h"
 #include "shell/commands.h"
 #include "shell/grid.h"
@@ -45,8 +48,13 @@ void awaittext() {
     statusline();
 }
 
+/// A row of a group says more than its age.
+bool groupedinput() {
+    return session.progSide == lifeSide && session.inputType != standard0 && session.inputType != intv5;
+}
+
 bool hasplaces() {
-    if (functionplotted()) return false;
+    if (functionplotted() || (session.activeMode == addPointMode && groupedinput())) return false;
     return session.plotMode == 1 || session.plotKind == xyPlot;
 }
 
@@ -80,9 +88,12 @@ std::optional<PlotPlace> pressedplace(const PlotWindow& window, double x, double
 
 /// The point goes behind the last cell of the active set.
 void addpoint(const PlotPlace& at) {
-    const auto set = static_cast<std::size_t>(std::max(session.activeSet, 1));
+    const int k = std::max(session.activeSet, 1);
+    const auto set = static_cast<std::size_t>(k);
+    // The plot shows the age less a threshold, unless its scale is kept as recorded.
+    const double shift = session.plotMode == 1 ? static_cast<double>(session.t0(k)) - scaleshift(k) : 0;
     const std::size_t row = session.gridCells.size() < set ? 1 : session.gridCells[set - 1].size() + 1;
-    std::string text = celltext(at.x);
+    std::string text = celltext(at.x + shift);
     if (session.plotMode != 1) text += "x" + celltext(at.y);
     gridset(static_cast<int>(set), static_cast<int>(row), text);
     calcplot();
@@ -111,7 +122,11 @@ void selectpoint(const PlotWindow& window, double x, double y) {
     constexpr int actions[] = {editDelete, editCut, editCopy};
     std::vector<std::string> entries;
     for (const Word name : names) wordclean(entries.emplace_back(word(name)));
-    const int chosen = choosefrom({Word::Point}, entries);
+    std::string cell;
+    compose(cell, Word::Set, " ", nearest->set, ", ", Word::Row, " ", row, " = ",
+            AsTyped{gridcell(nearest->set, row)});
+    wordclean(cell);
+    const int chosen = choosefrom({cell.c_str()}, entries);
     if (chosen >= 0) editaction(actions[chosen]);
 }
 
@@ -130,14 +145,16 @@ void markerpress(const PlotPlace& at) {
 } // namespace
 
 void plotpressbegin(int mode) {
+    const int16_t former = std::exchange(session.activeMode, static_cast<int16_t>(mode));
     if (!hasplaces()) {
+        session.activeMode = former;
         compose(session.msg, Word::Select, " ", Word::On, " ", Word::Plot, " ... ", Word::Not, " ",
                 Word::Possible);
         tellok();
         return;
     }
-    session.activeMode = static_cast<int16_t>(mode);
     session.pressed.clear();
+    calcpending(); // the plot that is pressed shows the cells as they stand
     if (platform) {
         platform->window().showview(ViewTab::plot);
         platform->window().repainticons();
@@ -151,10 +168,14 @@ bool plotpressawaited() {
 }
 
 void plotpress(const PlotWindow& window, double canvasx, double canvasy) {
-    const auto at = pressedplace(window, canvasx, canvasy);
-    if (!at || !hasplaces()) return;
     const ShellBusy busy;
     gridsettle();
+    if (gridhash() != session.gridAccepted) {
+        calcplot(); // cells were typed since: the press was at a plot that is no more
+        return;
+    }
+    const auto at = pressedplace(window, canvasx, canvasy);
+    if (!at || !hasplaces()) return;
     switch (session.activeMode) {
     case addPointMode: addpoint(*at); break;
     case selectPointMode: selectpoint(window, canvasx, canvasy); break;

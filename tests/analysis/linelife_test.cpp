@@ -78,3 +78,41 @@ TEST(LineLife, AQuestionWithoutAnAnswerHasNone) {
     EXPECT_TRUE(std::isnan(renewedmtbf(line, 500, 100))) << "nothing fails before the threshold";
     EXPECT_TRUE(std::isnan(largestbeyond(line, 0, 10, 0)));
 }
+
+TEST(LineLife, AnOldItemKeepsItsDigits) {
+    // The summed hazard at the age is 32, 36.2 and 36: two quantiles there do not differ in enough digits.
+    EXPECT_NEAR(liferemaining(weibullline(100, 5), 0, 200, 0.1),
+                200 * (std::pow(1 - std::log(0.9) / 32, 0.2) - 1), 1e-12);
+    EXPECT_GT(liferemaining(weibullline(100, 5), 0, 205, 0.1), 0.118);
+    EXPECT_NEAR(liferemaining(weibullline(100, 2), 0, 600, 0.1), 0.8767, 1e-4);
+    EXPECT_NEAR(liferemaining(weibullline(100, 2), 0, 0, 1e-9), 100 * std::sqrt(1e-9), 1e-12);
+}
+
+TEST(LineLife, EveryFamilyAnswersWhatItsReliabilitySays) {
+    const FamilyLine lines[] = {{lognormal, -1, 100, 1.6},
+                                {normal, -1, 100, 15},
+                                {gumbel, -1, 100, 12},
+                                {gumbel, 1, 100, 12},
+                                {weibull, -1, 100, 3}};
+    for (const FamilyLine& line : lines)
+        for (const double age : {60.0, 100.0, 140.0})
+            for (const double p : {1e-7, 1e-3, 0.1, 0.9}) {
+                const double t = liferemaining(line, 0, age, p);
+                const double gone = std::log(probabilityofx(line, age).q / probabilityofx(line, age + t).q);
+                EXPECT_NEAR(gone, -std::log1p(-p), 1e-8 * -std::log1p(-p) + 4e-15)
+                    << line.family << " " << line.extreme << " " << age << " " << p;
+            }
+}
+
+TEST(LineLife, RenewalOfASteepLineOrOneWithAThreshold) {
+    // By the incomplete gamma function, computed with another program to ten digits.
+    EXPECT_NEAR(renewedmtbf(weibullline(100, 0.7), 50, 200), 167.60417, 1e-5);
+    EXPECT_NEAR(renewedmtbf(weibullline(100, 2), 50, 200), 151.597051, 1e-6);
+    EXPECT_NEAR(renewedmtbf(weibullline(100, 50), 0, 1000), 98.88442, 1e-5);
+    EXPECT_NEAR(renewedmtbf(weibullline(100, 5), 0, 1e5), 91.8168744, 1e-7);
+    // Renewed hardly ever: the mean of the line.
+    EXPECT_NEAR(renewedmtbf({lognormal, -1, 100, 1.6}, 0, 1e5),
+                100 * std::exp(std::log(1.6) * std::log(1.6) / 2), 1e-7);
+    EXPECT_NEAR(renewedmtbf({normal, -1, 100, 1}, 0, 1e4), 100, 1e-8);
+    EXPECT_NEAR(renewedmtbf({gumbel, 1, 100, 5}, 0, 1e4), 100 + 5 * std::numbers::egamma, 1e-8);
+}
