@@ -72,6 +72,36 @@ TEST_F(BarPlot, PointsOfASetAtOneXAreOneBarOfTheirSum) {
     }
 }
 
+TEST_F(BarPlot, APointCountsAsOftenAsItsQuantitySays) {
+    sets({{"1x5x3", "2x-2x4", "3x4", "3x1x2"}});
+    for (const PlotKind kind : {barsStacked, barsSideBySide, bars3D}) {
+        const auto bars = barsof(kind);
+        ASSERT_EQ(bars.size(), 3u);
+        EXPECT_EQ(bars[0].to, 15) << "three points of 5";
+        EXPECT_EQ(bars[0].count, 1);
+        EXPECT_EQ(bars[1].to, -8);
+        EXPECT_EQ(bars[2].to, 6);
+        EXPECT_EQ(bars[2].count, 2);
+        drawn();
+        EXPECT_GE(session.yAxisHigh, 15);
+    }
+}
+
+TEST_F(BarPlot, AFarPointLeavesTheOthersApart) {
+    sets({{"1x2", "2x3", "3x4", "5x1", "20000000x9"}});
+    for (const PlotKind kind : {barsStacked, barsSideBySide, bars3D}) {
+        const auto bars = barsof(kind);
+        const double heights[] = {2, 3, 4, 1, 9};
+        ASSERT_EQ(bars.size(), std::size(heights));
+        for (std::size_t i = 0; i < bars.size(); ++i) EXPECT_EQ(bars[i].to, heights[i]);
+        EXPECT_NEAR(bars[0].high - bars[0].low, 0.8, 1e-12);
+    }
+    sets({{"20241118x2", "20241122x3", "20241122x4"}});
+    const auto days = barsof(barsStacked);
+    ASSERT_EQ(days.size(), 2u) << "days written as numbers differ in their last digits";
+    EXPECT_EQ(days[1].to, 7);
+}
+
 TEST_F(BarPlot, ZeroIsInTheWindowAndEveryBarHasRoom) {
     sets({{"10x50", "20x60", "30x55"}});
     for (const PlotKind kind : {barsStacked, barsSideBySide, bars3D}) {
