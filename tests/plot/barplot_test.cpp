@@ -179,6 +179,20 @@ TEST_F(BarPlot, TheReadOutFindsTheEndOfABar) {
     EXPECT_EQ(points[3].point, 2);
 }
 
+TEST_F(BarPlot, TheReadOutTellsTheValueOfABarAndOfHowManyPointsItIs) {
+    sets({{"1x2x3_pumps", "4x5", "4x-7"}, {"4x1.5"}});
+    for (const PlotKind kind : {barsStacked, barsSideBySide, bars3D}) {
+        session.plotKind = kind;
+        drawn();
+        const auto points = placedpoints(session.window);
+        ASSERT_EQ(points.size(), 3u);
+        const auto text = [&](std::size_t i) { return readouttext({9, 8}, points[i]); };
+        EXPECT_EQ(text(0), "X = 9   Y = 8   Set 1 Point 1: X = 1   Y = 6 _pumps");
+        EXPECT_EQ(text(1), "X = 9   Y = 8   Set 1: X = 4   Y = -2 (2 Point)");
+        EXPECT_EQ(text(2), "X = 9   Y = 8   Set 2 Point 1: X = 4   Y = 1.5");
+    }
+}
+
 TEST_F(BarPlot, OneInkTellsBarsApartByTheirHatch) {
     sets({{"1x10"}, {"1x10"}});
     session.plotKind = barsSideBySide;
