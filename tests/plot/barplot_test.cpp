@@ -250,6 +250,69 @@ TEST_F(PiePlot, AValueThatIsNotAboveZeroIsToldAndLeftOut) {
     EXPECT_NEAR(pieslices()[0].share, 0.75, 1e-12);
 }
 
+TEST_F(PiePlot, APointCountsAsOftenAsItsQuantitySays) {
+    session.plotKind = pie2D;
+    sets({{"1x5x3", "2x5"}});
+    ASSERT_EQ(pieslices().size(), 2u);
+    EXPECT_EQ(pieslices()[0].value, 15) << "three points of 5";
+    EXPECT_NEAR(pieslices()[0].share, 0.75, 1e-12);
+    sets({{"1x5x3", "2x1x5"}, {"1x60"}});
+    EXPECT_EQ(pieslices()[0].value, 20);
+    EXPECT_NEAR(pieslices()[1].share, 0.75, 1e-12);
+}
+
+TEST_F(PiePlot, ANegativeValueIsNotTakenOffItsSet) {
+    session.plotKind = pie2D;
+    sets({{"1x10", "2x-4", "3x0"}, {"1x30"}, {"1x-1", "2x-2"}});
+    desktop.messages.clear();
+    const RecordingDevice device = drawn();
+    ASSERT_EQ(desktop.messages.size(), 1u);
+    EXPECT_NE(desktop.messages[0].find("Y-Value <= 0 ... 4 Point, 1 Set Not On Plot"), std::string::npos)
+        << desktop.messages[0];
+    const auto slices = pieslices();
+    ASSERT_EQ(slices.size(), 2u);
+    EXPECT_EQ(slices[0].value, 10);
+    EXPECT_NEAR(slices[0].share, 0.25, 1e-12);
+    EXPECT_NEAR(slices[1].share, 0.75, 1e-12);
+}
+
+TEST_F(PiePlot, ThePictureSaysWhatWasLeftOut) {
+    session.plotKind = pie2D;
+    sets({{"1x10", "2x-4", "3x0"}, {"1x30"}, {"1x-1"}});
+    for (const bool legend : {true, false}) {
+        session.legendPlace = legend ? 1 : 0;
+        const RecordingDevice device = drawn();
+        EXPECT_TRUE(shows(device, "Y <= 0 = 3 Point"));
+        EXPECT_TRUE(shows(device, "Y <= 0 = 1 Set"));
+    }
+    session.legendPlace = 1;
+    Cells many(40, "1x1");
+    many.push_back("2x-1");
+    sets({many});
+    EXPECT_TRUE(shows(drawn(400, 200), "Y <= 0 = 1 Point")) << "however long the legend";
+    sets({{"1x10"}});
+    EXPECT_FALSE(shows(drawn(), "Y <="));
+}
+
+TEST_F(PiePlot, NoShareIsRoundedToTheWholeOrToNothing) {
+    session.plotKind = pie2D;
+    const struct {
+        const char *small, *rest, *share;
+    } cases[] = {{"2x1", "X = 1 99.999%", "X = 2 .001%"},
+                 {"2x50", "X = 1 99.95%", "X = 2 .05%"},
+                 {"2x.0001", "X = 1 >99.9999%", "X = 2 1E-07%"},
+                 {"2x1e-30", "X = 1 >99.9999%", "X = 2 1E-33%"}};
+    for (const auto& one : cases) {
+        sets({{"1x99999", one.small}});
+        const RecordingDevice device = drawn();
+        EXPECT_TRUE(shows(device, one.rest)) << one.rest;
+        EXPECT_TRUE(shows(device, one.share)) << one.share;
+        EXPECT_FALSE(shows(device, "100%"));
+    }
+    sets({{"1x7"}});
+    EXPECT_TRUE(shows(drawn(), "X = 1 100%"));
+}
+
 TEST_F(PiePlot, TheSmallestOfManySlicesAreOneTogether) {
     session.plotKind = pie2D;
     Cells cells;
