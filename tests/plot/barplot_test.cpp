@@ -421,6 +421,45 @@ TEST_F(SpacePlot, LimitsOfZLeaveOutWhatLiesBeyond) {
     EXPECT_EQ(marks(), 1);
 }
 
+TEST_F(SpacePlot, ALimitOfZBeyondTheDataHolds) {
+    sets({{"100x100x1x10", "200x200x1x20", "300x300x1x30"}});
+    const auto marks = [] { return drawn().marksBegun - 1; };
+    session.zLimitHigh = 5;
+    EXPECT_EQ(marks(), 0);
+    EXPECT_TRUE(shows(drawn(), "4.95")) << "the free end is a hundredth away";
+    session.zLimitHigh = 10;
+    EXPECT_EQ(marks(), 1);
+    EXPECT_TRUE(shows(drawn(), "9.9"));
+    session.zLimitHigh = 0;
+    session.zLimitLow = 500;
+    EXPECT_EQ(marks(), 0);
+    EXPECT_TRUE(shows(drawn(), "505"));
+    session.zLimitLow = 15;
+    session.zLimitHigh = 5;
+    EXPECT_EQ(marks(), 1) << "limits the wrong way round";
+    sets({{"100x100", "300x300"}});
+    session.zLimitLow = 0;
+    session.zLimitHigh = .5;
+    EXPECT_TRUE(shows(drawn(), ".5")) << "Z of 0 alone";
+}
+
+TEST_F(SpacePlot, PointsWithoutAZAreToldOnceASet) {
+    sets({{"1x1x1x1", "2x2x1x3.3E+33", "30x30x1x-3.3E+33"}, {"3x3x1x2"}, {"3x3x1x2", "4x4x1x2.9E+29"}});
+    desktop.messages.clear();
+    const RecordingDevice device = drawn();
+    ASSERT_EQ(desktop.messages.size(), 2u);
+    EXPECT_NE(desktop.messages[0].find("Set 1: Z-Value ... 2 Point Not On Plot"), std::string::npos)
+        << desktop.messages[0];
+    EXPECT_NE(desktop.messages[1].find("Set 3: Z-Value ... Point 2 Not On Plot"), std::string::npos)
+        << desktop.messages[1];
+    EXPECT_EQ(device.marksBegun, 3 + 3) << "three points and the legend";
+    EXPECT_LE(session.xhighd, 3) << "they have no part in the window";
+    session.plotKind = xyPlot;
+    desktop.messages.clear();
+    drawn();
+    EXPECT_TRUE(desktop.messages.empty()) << "an X-Y plot needs no Z";
+}
+
 TEST_F(SpacePlot, AxesCarryTheirNamesAndTicks) {
     sets({corners});
     const RecordingDevice device = drawn();
