@@ -27,6 +27,9 @@ bool lifesession() { return session.progSide == lifeSide; }
 bool samemode() { return session.fileSide == session.progSide; }
 bool lifefile() { return lifesession() && session.fileSide == lifeSide; }
 bool lifedata() { return lifefile() && session.fileHasData == 1; }
+bool visualfile() { return !lifesession() && session.fileSide == visualSide; }
+/// A list without a view has 0 for its angles, which would be a view of its own.
+bool spacefile() { return visualfile() && session.plotKind == spacePlot; }
 bool batchoff() { return session.batchActive == 0; }
 bool weibullfamily() { return session.dist == weibull; }
 /// A threshold is found on the life side alone, and not among discoveries of the interval form.
@@ -51,6 +54,12 @@ double notminusone(double value) { return value == -1 ? dropped : value; }
 double parameterchoice(double value) {
     const double most = session.dist == weibull || session.dist == gumbel ? 6 : 3;
     return value >= 0 && value <= most && value == std::floor(value) ? value : dropped;
+}
+
+double plotkindof(double value) {
+    for (const PlotKind kind : {barsStacked, barsSideBySide, bars3D, pie2D, pie3D, spacePlot})
+        if (value == static_cast<double>(kind)) return value;
+    return xyPlot;
 }
 
 // ---- positions of their own shape ----
@@ -405,6 +414,47 @@ constexpr ProgramField fields[] = {
      .high = 17,
      .shown = true},
     {.position = 129, .name = "t0Mode", .write = writethreshold, .read = readthreshold},
+    {.position = 130,
+     .name = "plotKind",
+     .at = placeof<&S::plotKind>,
+     .when = visualfile,
+     .settle = plotkindof,
+     .elseKept = true},
+    {.position = 131,
+     .name = "zLimitLow",
+     .kind = r8,
+     .at = placeof<&S::zLimitLow>,
+     .when = visualfile,
+     .elseKept = true},
+    {.position = 132,
+     .name = "zLimitHigh",
+     .kind = r8,
+     .at = placeof<&S::zLimitHigh>,
+     .when = visualfile,
+     .elseKept = true},
+    {.position = 133,
+     .name = "rangeLimit",
+     .kind = r8,
+     .at = placeof<&S::rangeLimit>,
+     .low = 0,
+     .when = visualfile,
+     .elseKept = true},
+    {.position = 134,
+     .name = "viewTurn",
+     .kind = r4,
+     .at = placeof<&S::viewTurn>,
+     .low = 0,
+     .high = 90,
+     .when = spacefile,
+     .elseKept = true},
+    {.position = 135,
+     .name = "viewTilt",
+     .kind = r4,
+     .at = placeof<&S::viewTilt>,
+     .low = 0,
+     .high = 90,
+     .when = spacefile,
+     .elseKept = true},
     {.position = 138, .name = "option", .low = 1, .high = 2},
     {.position = 139, .name = "wbConf", .at = placeof<&S::wbConf>, .low = 0, .high = 100},
     {.position = 140, .name = "wbFail", .kind = r8, .at = placeof<&S::wbFail>, .low = 0},
@@ -444,6 +494,12 @@ const ProgramField* fieldat(int position) {
 }
 
 bool applies(const ProgramField& field) { return !field.when || field.when(); }
+
+/// The field that a line of the list stands for in the session in hand.
+const ProgramField* fieldinforce(int position) {
+    const ProgramField* field = fieldat(position);
+    return field && field->elseKept && !applies(*field) ? nullptr : field;
+}
 
 std::string emptyline(const ProgramField* field) { return field && field->kind == str ? "" : "0"; }
 
@@ -510,7 +566,7 @@ std::string keptline(const ProgramField* field, int position) {
 }
 
 std::string programline(int position) {
-    const ProgramField* field = fieldat(position);
+    const ProgramField* field = fieldinforce(position);
     if (field && field->write) return applies(*field) ? field->write() : emptyline(field);
     if (field && field->kind == str) return applies(*field) ? *textin(*field) : std::string();
     return field && field->at ? linefor(*field) : keptline(field, position);
@@ -529,7 +585,7 @@ void takekept(const ProgramField* field, int position, std::string_view line) {
 }
 
 void takeoption(int position, std::string_view line) {
-    const ProgramField* field = fieldat(position);
+    const ProgramField* field = fieldinforce(position);
     if (field && !applies(*field)) return;
     if (field && field->read) return field->read(line);
     if (field && field->kind == str) return taketext(*field, line);

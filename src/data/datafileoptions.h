@@ -30,7 +30,8 @@ struct ProgramField {
     double (*settle)(double) = nullptr; ///< what becomes of a number, written or read
     std::string (*write)() = nullptr;   ///< a line of its own shape
     void (*read)(std::string_view line) = nullptr;
-    bool shown = false; ///< how things look, no option of the analysis: a reset leaves it
+    bool shown = false;    ///< how things look, no option of the analysis: a reset leaves it
+    bool elseKept = false; ///< where its conditions do not hold, the line is kept as it stands
 };
 
 /// The positions with a meaning, in order; what lies between is kept as it stands.

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "data/cell.h"
 #include "plot/drawing.h"
 #include "plot/numbermask.h"
 #include "plot/polygon.h"
@@ -13,15 +14,15 @@
 namespace {
 
 constexpr double usedPart = 0.8;    ///< of the room at one X
-constexpr double alike = 1e-6;      ///< X values nearer than this part of their range are the same
 constexpr double loneRoom = 0.1;    ///< of a single X value's size
 constexpr double depthPart = 0.26;  ///< of a bar's room: its depth to the right
 constexpr double mostDepth = 0.035; ///< of the plot's width
 constexpr double depthRoom = 0.06;  ///< of the plot's range: kept free above bars with a depth
 
 struct BarPoint {
-    double x, y;
+    double x, y; ///< y: as often as the quantity says
     int set, point;
+    int count = 1; ///< points in it
 };
 
 std::vector<BarPoint> pointsofbars() {
@@ -29,14 +30,16 @@ std::vector<BarPoint> pointsofbars() {
     for (int k = 1; k <= setcount(); ++k)
         for (int j = 1; setshown(k) && j <= pointcount(k); ++j) {
             const ShownPoint point = shownpoint(k, j);
-            if (hasplotx(point.x) && hasploty(point.y)) points.push_back({point.x, point.y, k, j});
+            if (hasplotx(point.x) && hasploty(point.y))
+                points.push_back({point.x, point.y * pointquantity(k, j), k, j});
         }
     std::stable_sort(points.begin(), points.end(),
                      [](const BarPoint& a, const BarPoint& b) { return a.x < b.x; });
     return points;
 }
 
-/// Points of one X, each set's points together in order of the sets.
+/// Points of one X, each set's points together in order of the sets. An X is the same only when its number
+/// is: however wide the plot, two values that were told apart are two bars.
 struct Place {
     double x;
     std::vector<BarPoint> parts; ///< one a set: its sum
@@ -44,17 +47,17 @@ struct Place {
 
 std::vector<Place> placesof(const std::vector<BarPoint>& points) {
     std::vector<Place> places;
-    if (points.empty()) return places;
-    const double same = alike * (points.back().x - points.front().x);
     for (const BarPoint& point : points) {
-        if (places.empty() || point.x - places.back().x > same) places.push_back({point.x, {}});
+        if (places.empty() || point.x > places.back().x) places.push_back({point.x, {}});
         auto& parts = places.back().parts;
         const auto at = std::lower_bound(parts.begin(), parts.end(), point.set,
                                          [](const BarPoint& part, int set) { return part.set < set; });
-        if (at != parts.end() && at->set == point.set)
-            at->y += point.y;
-        else
+        if (at == parts.end() || at->set != point.set) {
             parts.insert(at, point);
+            continue;
+        }
+        at->y += point.y;
+        ++at->count;
     }
     return places;
 }
@@ -69,13 +72,26 @@ double roomof(const std::vector<Place>& places) {
     return least;
 }
 
+PlotBar barof(const Place& place, const BarPoint& part) {
+    PlotBar bar;
+    bar.set = part.set;
+    bar.point = part.point;
+    bar.count = part.count;
+    bar.x = place.x;
+    bar.value = part.y;
+    return bar;
+}
+
 /// The bars of one X on each other.
 void stack(std::vector<PlotBar>& bars, const Place& place, double width) {
     double above = 0, below = 0;
     for (const BarPoint& part : place.parts) {
         double& end = part.y < 0 ? below : above;
-        bars.push_back({part.set, part.point, place.x - width / 2, place.x + width / 2, end, end + part.y});
-        end += part.y;
+        PlotBar& bar = bars.emplace_back(barof(place, part));
+        bar.low = place.x - width / 2;
+        bar.high = place.x + width / 2;
+        bar.from = end;
+        bar.to = end += part.y;
     }
 }
 
@@ -84,8 +100,10 @@ void stand(std::vector<PlotBar>& bars, const Place& place, double width, const s
     const double slot = width / static_cast<double>(sets.size());
     for (const BarPoint& part : place.parts) {
         const auto at = std::lower_bound(sets.begin(), sets.end(), part.set) - sets.begin();
-        const double left = place.x - width / 2 + slot * static_cast<double>(at);
-        bars.push_back({part.set, part.point, left, left + slot, 0, part.y});
+        PlotBar& bar = bars.emplace_back(barof(place, part));
+        bar.low = place.x - width / 2 + slot * static_cast<double>(at);
+        bar.high = bar.low + slot;
+        bar.to = part.y;
     }
 }
 

@@ -11,14 +11,16 @@
 struct PlotBar {
     int set = 0;
     int point = 0;            ///< the first of the points that it stands for
+    int count = 0;            ///< how many they are
+    double x = 0, value = 0;  ///< their X, and the sum of their Y, each as often as its quantity says
     double low = 0, high = 0; ///< on the X axis
     double from = 0, to = 0;
 };
 
-/// The bars of the shown sets, in order of X and set. They stand at their X; points of a set with the same X
-/// are one bar, of their sum. The least distance of two X values, of any set, is the room of the bars at one
-/// X, of which four fifths are used. Stacked ones stand on each other at one X, negative ones hang on each
-/// other below zero.
+/// The bars of the shown sets, in order of X and set. They stand at their X; a point counts as often as its
+/// quantity says, and points of a set with the same X, to the last digit, are one bar, of their sum. The
+/// least distance of two X values, of any set, is the room of the bars at one X, of which four fifths are
+/// used. Stacked ones stand on each other at one X, negative ones hang on each other below zero.
 std::vector<PlotBar> plotbars();
 
 /// What the bars cover, and zero; room for their depth above the bars with one.

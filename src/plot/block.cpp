@@ -295,6 +295,8 @@ std::string withoutcolumns(std::string_view name) {
 PlotBlock composeblock(BlockKind kind) {
     PlotBlock block;
     if (pieplotted()) {
+        // Ahead of the legend: it may be longer than its room, and what is missing must not go with its end.
+        for (const std::string& line : pieleftout()) block.lines.push_back({line, frameColour});
         if (session.legendPlace != 0) pielegend(block.lines);
         block.legendLines = block.lines.size();
         return block;

@@ -98,8 +98,7 @@ void intervalbar(int k, const ShownInterval& interval, double y) {
 }
 
 void marksofset(int k) {
-    const int interval = std::max<int>(session.pointInterval, 1);
-    for (int j = 1; j <= pointcount(k) && plotting(); j += interval) {
+    for (int j = 1; j <= pointcount(k) && plotting(); j += pointstep()) {
         const ShownPoint point = shownpoint(k, j);
         const Place place = placeof(point);
         if (const auto between = showninterval(k, j); between && hasploty(point.y))

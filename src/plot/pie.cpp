@@ -4,6 +4,7 @@
 #include <numbers>
 #include <utility>
 
+#include "data/cell.h"
 #include "data/settitle.h"
 #include "plot/block.h"
 #include "plot/drawing.h"
@@ -48,24 +49,36 @@ std::string nameofpoint(int k, int j) {
     return name;
 }
 
-/// Everything that asks for a slice, whatever its value; without names, for few of them may be shown.
-std::vector<PieSlice> wanted() {
+/// Everything that has a slice, without names, for few of them may be shown; and what has none.
+struct Shares {
     std::vector<PieSlice> slices;
+    int pointsRefused = 0;
+    int setsRefused = 0; ///< sets of several that are left without a point
+};
+
+Shares sharesofsession() {
+    Shares shares;
     const std::vector<int> sets = shownsets();
     for (const int k : sets) {
-        if (sets.size() > 1) slices.push_back({{}, 0, 0, colourofset(k), k});
+        PieSlice whole{{}, 0, 0, colourofset(k), k};
         for (int j = 1; j <= pointcount(k); ++j) {
             const double y = shownpoint(k, j).y;
-            if (sets.size() == 1)
-                slices.push_back({{}, y, 0, 0, k, j});
-            else
-                slices.back().value += y;
+            if (!(y > 0) || !std::isfinite(y)) {
+                ++shares.pointsRefused;
+                continue;
+            }
+            const double value = y * pointquantity(k, j);
+            whole.value += value;
+            if (sets.size() == 1) shares.slices.push_back({{}, value, 0, 0, k, j});
         }
+        if (sets.size() == 1) continue;
+        if (whole.value > 0)
+            shares.slices.push_back(std::move(whole));
+        else
+            ++shares.setsRefused;
     }
-    return slices;
+    return shares;
 }
-
-bool refused(const PieSlice& slice) { return !(slice.value > 0) || !std::isfinite(slice.value); }
 
 /// The smallest ones beyond the room become one; the others keep their order.
 void mergesmall(std::vector<PieSlice>& slices) {
@@ -96,8 +109,14 @@ void mergesmall(std::vector<PieSlice>& slices) {
     slices = std::move(kept);
 }
 
+/// A share in percent, with as many digits as it takes not to pass for the whole pie.
 std::string sharetext(double share) {
-    std::string text = axislabel(100 * share, 3);
+    constexpr int fewestDigits = 3, mostDigits = 6;
+    constexpr const char* whole = "100";
+    int digits = fewestDigits;
+    std::string text = axislabel(100 * share, digits);
+    while (share < 1 && text == whole && digits < mostDigits) text = axislabel(100 * share, ++digits);
+    if (share < 1 && text == whole) text = ">99.9999";
     wordnumber(text);
     return text + "%";
 }
@@ -220,15 +239,16 @@ void drawlabels(const Pie& disc, std::vector<SliceLabel>& labels, double size, T
 } // namespace
 
 std::vector<PieSlice> pieslices() {
-    std::vector<PieSlice> slices = wanted();
-    std::erase_if(slices, refused);
+    std::vector<PieSlice> slices = sharesofsession().slices;
     const bool ofpoints = shownsets().size() == 1;
     mergesmall(slices);
     double total = 0;
     for (const PieSlice& slice : slices) total += slice.value;
+    // A slice beside others is not the whole, however small they are.
+    const double mostShare = slices.size() > 1 ? std::nextafter(1.0, 0.0) : 1.0;
     int colour = 0;
     for (PieSlice& slice : slices) {
-        slice.share = slice.value / total;
+        slice.share = std::min(slice.value / total, mostShare);
         if (slice.set > 0)
             slice.name = slice.point > 0 ? nameofpoint(slice.set, slice.point) : nameofset(slice.set);
         if (ofpoints) slice.colour = ++colour;
@@ -237,12 +257,25 @@ std::vector<PieSlice> pieslices() {
 }
 
 void tellpierefused() {
-    const auto slices = wanted();
-    const auto count = std::count_if(slices.begin(), slices.end(), refused);
-    if (count == 0) return;
-    compose(session.msg, "Y-", Word::Value, " <= 0 ... ", static_cast<int>(count), " ", Word::Point, " ",
-            Word::Not, " ", Word::On, " ", Word::Plot);
+    const Shares shares = sharesofsession();
+    if (shares.pointsRefused == 0) return;
+    compose(session.msg, "Y-", Word::Value, " <= 0 ... ", shares.pointsRefused, " ", Word::Point);
+    if (shares.setsRefused > 0) extend(session.msg, ", ", shares.setsRefused, " ", Word::Set);
+    extend(session.msg, " ", Word::Not, " ", Word::On, " ", Word::Plot);
     tellok();
+}
+
+std::vector<std::string> pieleftout() {
+    const Shares shares = sharesofsession();
+    std::vector<std::string> lines;
+    const auto tellcount = [&lines](int count, Word unit) {
+        if (count == 0) return;
+        std::string& line = lines.emplace_back();
+        wordclean(compose(line, "Y <= 0 = ", count, " ", unit));
+    };
+    tellcount(shares.pointsRefused, Word::Point);
+    tellcount(shares.setsRefused, Word::Set);
+    return lines;
 }
 
 void pielegend(std::vector<BlockLine>& lines) {

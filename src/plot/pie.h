@@ -15,13 +15,17 @@ struct PieSlice {
     int set = 0, point = 0; ///< what it stands for; point 0: the whole set, set 0: the smallest together
 };
 
-/// The slices: the Y of each point where one set is shown, named by its label or its X; the sums of Y of the
-/// sets where several are. A value that is not above 0 has no slice. Beyond two dozen the smallest are one
+/// The slices: the Y of each point, as often as its quantity says, where one set is shown, named by its label
+/// or its X; the sums of those of the sets where several are. A point whose Y is not above 0 has no part in
+/// it, and a set of such points no slice. Beyond two dozen the smallest are one
 /// slice together, the last.
 std::vector<PieSlice> pieslices();
 
-/// Tells once which values have no slice.
+/// Tells once how many points have no part in the pie, and how many sets therefore no slice.
 void tellpierefused();
+
+/// The same as lines beside the pie: "Y <= 0 = 2 Point".
+std::vector<std::string> pieleftout();
 
 /// The lines of the legend: each slice with its share.
 void pielegend(std::vector<BlockLine>& lines);

@@ -53,13 +53,18 @@ std::string shownordinate(double y) {
 
 /// Points of one set, behind those of the sets before it.
 void placeset(std::vector<PlacedPoint>& placed, const PlotWindow& w, int k) {
-    for (int j = 1; j <= pointcount(k); ++j) {
+    for (int j = 1; j <= pointcount(k); j += pointstep()) {
         const ShownPoint point = shownpoint(k, j);
         if (!point.placed || !hasplotx(point.x) || (!point.suspended && !hasploty(point.y))) continue;
         const double x = w.left + (plotxof(point.x) - w.xlow) * w.xfactor;
         const double y = point.suspended ? w.bottom : w.bottom - (plotyof(point.y) - w.ylow) * w.yfactor;
         if (x < w.left || x > w.right || y < w.top || y > w.bottom) continue;
-        placed.push_back({static_cast<float>(x), static_cast<float>(y), k, j, point.suspended});
+        PlacedPoint& one = placed.emplace_back();
+        one.x = static_cast<float>(x);
+        one.y = static_cast<float>(y);
+        one.set = k;
+        one.point = j;
+        one.suspended = point.suspended;
     }
 }
 
@@ -70,7 +75,8 @@ std::vector<PlacedPoint> placedbars(const PlotWindow& w) {
         const double x = w.left + ((bar.low + bar.high) / 2 - w.xlow) * w.xfactor;
         const double y = w.bottom - (bar.to - w.ylow) * w.yfactor;
         if (x < w.left || x > w.right || y < w.top || y > w.bottom) continue;
-        placed.push_back({static_cast<float>(x), static_cast<float>(y), bar.set, bar.point, false});
+        placed.push_back({static_cast<float>(x), static_cast<float>(y), bar.set, bar.point, false, bar.count,
+                          bar.x, bar.value});
     }
     return placed;
 }
@@ -85,6 +91,13 @@ double distance(const PlacedPoint& point, double x, double y) {
     return std::hypot(x - static_cast<double>(point.x), down);
 }
 
+std::string labelof(const PlacedPoint& one) {
+    const Keep keep{session.msg};
+    session.msg.clear();
+    pointlabelget(one.set, one.point);
+    return session.msg.empty() ? std::string() : " _" + session.msg;
+}
+
 /// The point as it was entered: its value with the mark of a suspension, the ordinate of an X-Y plot, the
 /// label.
 std::string entered(const PlacedPoint& one) {
@@ -92,11 +105,17 @@ std::string entered(const PlacedPoint& one) {
     std::string text = one.suspended ? ">" : "";
     text += shownnumber(pointvalue(one.set, one.point));
     if (session.plotMode != 1) text += "x" + shownnumber(static_cast<double>(session.Y(row, one.point)));
-    const Keep keep{session.msg};
-    session.msg.clear();
-    pointlabelget(one.set, one.point);
-    if (!session.msg.empty()) text += " _" + session.msg;
-    return text;
+    return text + labelof(one);
+}
+
+void appendbar(std::string& text, const PlacedPoint& bar) {
+    extend(text, "   ", Word::Set, " ", bar.set);
+    if (bar.barCount == 1) extend(text, " ", Word::Point, " ", bar.point);
+    extend(text, ": X = ", AsTyped{shownnumber(bar.barX)}, "   Y = ", AsTyped{shownnumber(bar.barValue)});
+    if (bar.barCount == 1)
+        extend(text, AsTyped{labelof(bar)});
+    else
+        extend(text, " (", bar.barCount, " ", Word::Point, ")");
 }
 
 } // namespace
@@ -134,7 +153,9 @@ std::optional<PlotPlace> plotplace(const PlotWindow& w, double canvasx, double c
 std::string readouttext(const PlotPlace& place, const std::optional<PlacedPoint>& nearest) {
     std::string text;
     compose(text, "X = ", AsTyped{shownnumber(place.x)}, "   Y = ", AsTyped{shownordinate(place.y)});
-    if (nearest)
+    if (nearest && nearest->barCount > 0)
+        appendbar(text, *nearest);
+    else if (nearest)
         extend(text, "   ", Word::Set, " ", nearest->set, " ", Word::Point, " ", nearest->point, ": ",
                AsTyped{entered(*nearest)});
     wordclean(text);

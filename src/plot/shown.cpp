@@ -52,6 +52,8 @@ ShownPoint shownpoint(int k, int j) {
     return point;
 }
 
+int pointstep() { return std::max<int>(session.pointInterval, 1); }
+
 char curvekindof(int k) {
     if (session.rowKind(static_cast<int>(rowofset(static_cast<float>(k)))) != "P") return lineCurve;
     const std::string& kind = session.curveType(k);

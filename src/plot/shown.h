@@ -17,6 +17,9 @@ struct ShownPoint {
 };
 ShownPoint shownpoint(int k, int j);
 
+/// From one point of a set that is drawn to the next: session.pointInterval, 1 at least.
+int pointstep();
+
 /// How an X-Y plot draws set k: pointCurve, lineCurve or mixedCurve.
 char curvekindof(int k);
 

@@ -14,6 +14,7 @@
 #include "plot/strokes.h"
 #include "plot/textroom.h"
 #include "plot/ticks.h"
+#include "plot/window.h"
 #include "shell/words.h"
 
 namespace {
@@ -37,22 +38,22 @@ template <class Visit>
 void eachpoint(Visit visit) {
     for (int k = 1; k <= setcount(); ++k)
         for (int j = 1; setshown(k) && j <= pointcount(k); ++j)
-            if (std::fabs(zof(k, j)) < largestZ) visit(k, j);
+            if (hasz(k, j)) visit(k, j);
 }
 
-/// The Z axis: the manual limits in place of the points' ends, no wider than the limit of its range.
+/// The Z axis: the manual limits hold as those of the other axes do; no wider than the limit of its range.
 AxisSpan zspan() {
     DrawnRange range;
     eachpoint([&](int k, int j) { range.add(zof(k, j)); });
     if (range.empty()) range = {0, 1};
-    AxisSpan span{AxisScale::linear, range.low, range.high};
-    if (session.zLimitLow != 0) span.low = session.zLimitLow;
-    if (session.zLimitHigh != 0) span.high = session.zLimitHigh;
+    const AxisLimits limits =
+        usablelimits(session.zLimitLow, session.zLimitHigh, [](double) { return true; });
+    const AxisLimits window = limitedwindow({range.low, range.high}, limits);
+    AxisSpan span{AxisScale::linear, window.low, window.high};
     const bool narrowed = session.rangeLimit > 0 && span.high - span.low > session.rangeLimit;
     if (narrowed) span.high = span.low + session.rangeLimit;
     if (!(span.high > span.low)) span.high = span.low + std::max(std::fabs(span.low) / 100, 1e-30);
-    if (range.low == 0 && range.high == 0) span.high = std::max(span.high, 1.0);
-    return roundedspan(span, session.zLimitLow != 0, narrowed || session.zLimitHigh != 0);
+    return roundedspan(span, limits.low != 0, narrowed || limits.high != 0);
 }
 
 /// The view of the box on the canvas.
@@ -260,6 +261,8 @@ double labelwidth(const std::array<SpaceAxis, 3>& axes, double size) {
 }
 
 } // namespace
+
+bool hasz(int k, int j) { return std::fabs(zof(k, j)) < largestZ; }
 
 bool haszvalues() {
     bool any = false;

@@ -5,6 +5,9 @@
 /// X, Y and Z of the points in space: a box seen along parallel lines of sight, turned about its upright axis
 /// by viewTurn and tilted by viewTilt.
 
+/// False for a point without a place in space: its Z marks a kind of point, as a suspension.
+bool hasz(int k, int j);
+
 /// True when a shown point has a Z other than 0.
 bool haszvalues();
 

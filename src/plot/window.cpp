@@ -12,6 +12,7 @@
 #include "plot/pie.h"
 #include "plot/plotkind.h"
 #include "plot/shown.h"
+#include "plot/spaceplot.h"
 #include "plot/xycurve.h"
 #include "session/session.h"
 #include "shell/prompts.h"
@@ -32,11 +33,15 @@ struct Extents {
 };
 
 struct RefusedOfSet {
-    Refused x, y;
+    Refused x, y, z;
 };
 
 void addpoint(Extents& extents, RefusedOfSet& refused, int k, int j) {
     const ShownPoint point = shownpoint(k, j);
+    if (spaceplotted() && !hasz(k, j)) {
+        refused.z.add(j);
+        return;
+    }
     if (!hasplotx(point.x)) {
         refused.x.add(j);
         return;
@@ -58,9 +63,9 @@ void addpoint(Extents& extents, RefusedOfSet& refused, int k, int j) {
     }
 }
 
-void tellrefused(int k, const char* axis, const Refused& refused) {
+void tellrefused(int k, const char* axis, const char* fault, const Refused& refused) {
     if (refused.count == 0) return;
-    compose(session.msg, Word::Set, " ", k, ": ", axis, Word::Value, " <= 0 ... ");
+    compose(session.msg, Word::Set, " ", k, ": ", axis, Word::Value, fault, " ... ");
     if (refused.count == 1)
         extend(session.msg, Word::Point, " ", refused.point);
     else
@@ -76,60 +81,28 @@ Extents extentsofpoints() {
         if (!setshown(k)) continue;
         RefusedOfSet refused;
         for (int j = 1; j <= pointcount(k); ++j) addpoint(extents, refused, k, j);
-        tellrefused(k, "X-", refused.x);
-        tellrefused(k, "Y-", refused.y);
+        tellrefused(k, "X-", " <= 0", refused.x);
+        tellrefused(k, "Y-", " <= 0", refused.y);
+        tellrefused(k, "Z-", "", refused.z);
     }
     return extents;
 }
 
-/// One end of the window each; 0 automatic.
-struct Limits {
-    double low = 0;
-    double high = 0;
-};
-
-/// The manual limits that can be used: numbers that have a place on the axis, the smaller one low.
-Limits usable(double low, double high, bool (*hasplace)(double)) {
-    Limits limits{low, high};
-    if (!std::isfinite(low) || !hasplace(low)) limits.low = 0;
-    if (!std::isfinite(high) || !hasplace(high)) limits.high = 0;
-    if (limits.low != 0 && limits.high != 0 && limits.low > limits.high) std::swap(limits.low, limits.high);
-    return limits;
-}
-
-/// A window needs a width: a hundredth of the value, and one unit about 0.
-void widen(double& low, double& high) {
-    if (high != low) return;
-    high = low < 0 ? 0.99 * low : 1.01 * low;
-    if (low == 0) high = 1;
-}
-
-/// Takes the limits in place of the points' own ends. A limit beyond the points stands, and the free end
-/// moves to its other side, a hundredth of it away.
-void takelimits(double& low, double& high, const Limits& limits) {
-    if (limits.low != 0) low = limits.low;
-    if (limits.high != 0) high = limits.high;
+void marklimits(const AxisLimits& limits) {
     if (limits.low != 0 || limits.high != 0) session.manualScale = 1;
-    if (low <= high) return;
-    const double step = std::fabs(limits.low != 0 ? low : high) / 100;
-    if (limits.low != 0)
-        high = low + step;
-    else
-        low = high - step;
 }
 
 /// Window of one plain or logarithmic axis.
-Limits plainwindow(const DrawnRange& points, bool positive, const Limits& limits) {
-    Limits window{points.low, points.high};
-    if (points.empty()) window = {positive ? 1.0 : 0.0, 100.0};
-    takelimits(window.low, window.high, limits);
-    widen(window.low, window.high);
-    return window;
+AxisLimits plainwindow(const DrawnRange& points, bool positive, const AxisLimits& limits) {
+    AxisLimits ends{points.low, points.high};
+    if (points.empty()) ends = {positive ? 1.0 : 0.0, 100.0};
+    marklimits(limits);
+    return limitedwindow(ends, limits);
 }
 
 void xwindow(const DrawnRange& points) {
-    const Limits limits = usable(session.xLimitLow, session.xLimitHigh, hasplotx);
-    const Limits window = plainwindow(points, xaxisscale() != AxisScale::linear, limits);
+    const AxisLimits limits = usablelimits(session.xLimitLow, session.xLimitHigh, hasplotx);
+    const AxisLimits window = plainwindow(points, xaxisscale() != AxisScale::linear, limits);
     session.xlowd = window.low;
     session.xhighd = window.high;
 }
@@ -154,16 +127,20 @@ double footofladder(double p) {
 }
 
 void probabilitywindow(const DrawnRange& points) {
-    session.ylowd = footofladder(points.empty() ? 0.01 : points.low);
-    session.yhighd = topofladder(points.empty() ? 0.99 : points.high);
-    takelimits(session.ylowd, session.yhighd, usable(session.yLimitLow, session.yLimitHigh, hasploty));
+    const AxisLimits limits = usablelimits(session.yLimitLow, session.yLimitHigh, hasploty);
+    const AxisLimits ends{footofladder(points.empty() ? 0.01 : points.low),
+                          topofladder(points.empty() ? 0.99 : points.high)};
+    const AxisLimits window = limitedends(ends, limits);
+    marklimits(limits);
+    session.ylowd = window.low;
+    session.yhighd = window.high;
     if (session.yhighd < 1) return;
     session.yhighd = std::nextafter(1.0, 0.0);
 }
 
 void plainywindow(const DrawnRange& points) {
-    const Limits limits = usable(session.yLimitLow, session.yLimitHigh, hasploty);
-    const Limits window = plainwindow(points, yaxisscale() != AxisScale::linear, limits);
+    const AxisLimits limits = usablelimits(session.yLimitLow, session.yLimitHigh, hasploty);
+    const AxisLimits window = plainwindow(points, yaxisscale() != AxisScale::linear, limits);
     session.ylowd = window.low;
     session.yhighd = window.high;
 }
@@ -197,6 +174,35 @@ void windowtext() {
 }
 
 } // namespace
+
+AxisLimits usablelimits(double low, double high, bool (*hasplace)(double)) {
+    AxisLimits limits{low, high};
+    if (!std::isfinite(low) || !hasplace(low)) limits.low = 0;
+    if (!std::isfinite(high) || !hasplace(high)) limits.high = 0;
+    if (limits.low != 0 && limits.high != 0 && limits.low > limits.high) std::swap(limits.low, limits.high);
+    return limits;
+}
+
+AxisLimits limitedends(AxisLimits ends, const AxisLimits& limits) {
+    if (limits.low != 0) ends.low = limits.low;
+    if (limits.high != 0) ends.high = limits.high;
+    const bool touching = ends.low == ends.high && limits.high != 0 && limits.low == 0;
+    if (ends.low <= ends.high && !touching) return ends;
+    const double step = std::fabs(limits.low != 0 ? ends.low : ends.high) / 100;
+    if (limits.low != 0)
+        ends.high = ends.low + step;
+    else
+        ends.low = ends.high - step;
+    return ends;
+}
+
+AxisLimits limitedwindow(const AxisLimits& ends, const AxisLimits& limits) {
+    AxisLimits window = limitedends(ends, limits);
+    if (window.high != window.low) return window;
+    window.high = window.low < 0 ? 0.99 * window.low : 1.01 * window.low;
+    if (window.low == 0) window.high = 1;
+    return window;
+}
 
 void LOCKZOOMOUT() {
     session.xLimitLow = session.xLimitHigh = 0;

@@ -355,6 +355,75 @@ TEST(VisualFile, APortionOfTheLifeSideIsTakenBack) {
     EXPECT_EQ(session.popPortion, 0);
 }
 
+TEST(VisualFile, TheKindOfPlotAndTheViewOfSpaceSurvive) {
+    ScriptedPlatform desktop;
+    for (const PlotKind kind : {xyPlot, barsStacked, barsSideBySide, bars3D, pie2D, pie3D, spacePlot}) {
+        SCOPED_TRACE(kind);
+        std::string text;
+        {
+            FreshSession saved(visualSide);
+            gridread({{"1x2x1x3"}});
+            session.plotKind = kind;
+            session.zLimitLow = -2.5;
+            session.zLimitHigh = 1e7 / 3;
+            session.rangeLimit = 40;
+            session.viewTurn = 0;
+            session.viewTilt = 62.5f;
+            text = written();
+        }
+        FreshSession visual(visualSide);
+        ASSERT_EQ(readfiletext(text), FileRead::read);
+        EXPECT_EQ(session.plotKind, kind);
+        EXPECT_EQ(session.zLimitLow, -2.5);
+        EXPECT_EQ(session.zLimitHigh, 1e7 / 3);
+        EXPECT_EQ(session.rangeLimit, 40);
+        EXPECT_EQ(session.viewTurn, kind == spacePlot ? 0 : 35);
+        EXPECT_EQ(session.viewTilt, kind == spacePlot ? 62.5f : 25);
+    }
+}
+
+TEST(VisualFile, ANumberThatIsNoKindOfPlotIsTheXYPlot) {
+    ScriptedPlatform desktop;
+    FreshSession visual(visualSide);
+    for (const char* number : {"0", "1", "-65", "65.5", "91", "1E+30", "pie", ""}) {
+        SCOPED_TRACE(number);
+        session.plotKind = pie2D;
+        ASSERT_EQ(readfiletext(visualhead(1, onePoint, "3")
+                               + optionlist(173, {{98, "2"}, {130, number}, {133, "-1"}, {134, "0"}})),
+                  FileRead::read);
+        EXPECT_EQ(session.plotKind, xyPlot);
+        EXPECT_EQ(session.rangeLimit, 0);
+        EXPECT_EQ(session.viewTurn, 35) << "the view of the session stays";
+    }
+    ASSERT_EQ(readfiletext(visualhead(1, onePoint, "3") + optionlist(173, {{130, "90"}, {134, "91"}})),
+              FileRead::read);
+    EXPECT_EQ(session.plotKind, spacePlot);
+    EXPECT_EQ(session.viewTurn, 35) << "no angle";
+}
+
+TEST_F(LifeFile, KnowsNoKindOfPlotAndKeepsWhatStandsThere) {
+    options({{130, "65"}, {131, "3"}, {134, "text"}});
+    EXPECT_EQ(session.plotKind, xyPlot);
+    EXPECT_EQ(session.zLimitLow, 0);
+    const auto lines = linesof(written());
+    const auto line = [&](int position) {
+        return lines[lineoftag(lines, "PROGRAM_SPECIFIC") + 1 + static_cast<std::size_t>(position)];
+    };
+    EXPECT_EQ(line(130), "65");
+    EXPECT_EQ(line(131), "3");
+    EXPECT_EQ(line(134), "text");
+    EXPECT_EQ(line(135), "0");
+}
+
+TEST(VisualFile, ALifeFileIsShownAsAnXYPlot) {
+    ScriptedPlatform desktop;
+    FreshSession visual(visualSide);
+    session.plotKind = bars3D;
+    ASSERT_EQ(readfiletext(lifehead(1, onePoint, "3") + optionlist(173, {{1, "1"}, {130, "65"}})),
+              FileRead::read);
+    EXPECT_EQ(session.plotKind, xyPlot);
+}
+
 TEST_F(LifeFile, TitlesWithPathsOfAnotherSystemAreTurned) {
     ASSERT_EQ(readfiletext(lifehead(2, "SET_disk/data:a/b\r\n1\r\n5 0 1 0\r\nSET_a:b/c\r\n0\r\n")),
               FileRead::read);

@@ -72,6 +72,36 @@ TEST_F(BarPlot, PointsOfASetAtOneXAreOneBarOfTheirSum) {
     }
 }
 
+TEST_F(BarPlot, APointCountsAsOftenAsItsQuantitySays) {
+    sets({{"1x5x3", "2x-2x4", "3x4", "3x1x2"}});
+    for (const PlotKind kind : {barsStacked, barsSideBySide, bars3D}) {
+        const auto bars = barsof(kind);
+        ASSERT_EQ(bars.size(), 3u);
+        EXPECT_EQ(bars[0].to, 15) << "three points of 5";
+        EXPECT_EQ(bars[0].count, 1);
+        EXPECT_EQ(bars[1].to, -8);
+        EXPECT_EQ(bars[2].to, 6);
+        EXPECT_EQ(bars[2].count, 2);
+        drawn();
+        EXPECT_GE(session.yAxisHigh, 15);
+    }
+}
+
+TEST_F(BarPlot, AFarPointLeavesTheOthersApart) {
+    sets({{"1x2", "2x3", "3x4", "5x1", "20000000x9"}});
+    for (const PlotKind kind : {barsStacked, barsSideBySide, bars3D}) {
+        const auto bars = barsof(kind);
+        const double heights[] = {2, 3, 4, 1, 9};
+        ASSERT_EQ(bars.size(), std::size(heights));
+        for (std::size_t i = 0; i < bars.size(); ++i) EXPECT_EQ(bars[i].to, heights[i]);
+        EXPECT_NEAR(bars[0].high - bars[0].low, 0.8, 1e-12);
+    }
+    sets({{"20241118x2", "20241122x3", "20241122x4"}});
+    const auto days = barsof(barsStacked);
+    ASSERT_EQ(days.size(), 2u) << "days written as numbers differ in their last digits";
+    EXPECT_EQ(days[1].to, 7);
+}
+
 TEST_F(BarPlot, ZeroIsInTheWindowAndEveryBarHasRoom) {
     sets({{"10x50", "20x60", "30x55"}});
     for (const PlotKind kind : {barsStacked, barsSideBySide, bars3D}) {
@@ -149,6 +179,20 @@ TEST_F(BarPlot, TheReadOutFindsTheEndOfABar) {
     EXPECT_EQ(points[3].point, 2);
 }
 
+TEST_F(BarPlot, TheReadOutTellsTheValueOfABarAndOfHowManyPointsItIs) {
+    sets({{"1x2x3_pumps", "4x5", "4x-7"}, {"4x1.5"}});
+    for (const PlotKind kind : {barsStacked, barsSideBySide, bars3D}) {
+        session.plotKind = kind;
+        drawn();
+        const auto points = placedpoints(session.window);
+        ASSERT_EQ(points.size(), 3u);
+        const auto text = [&](std::size_t i) { return readouttext({9, 8}, points[i]); };
+        EXPECT_EQ(text(0), "X = 9   Y = 8   Set 1 Point 1: X = 1   Y = 6 _pumps");
+        EXPECT_EQ(text(1), "X = 9   Y = 8   Set 1: X = 4   Y = -2 (2 Point)");
+        EXPECT_EQ(text(2), "X = 9   Y = 8   Set 2 Point 1: X = 4   Y = 1.5");
+    }
+}
+
 TEST_F(BarPlot, OneInkTellsBarsApartByTheirHatch) {
     sets({{"1x10"}, {"1x10"}});
     session.plotKind = barsSideBySide;
@@ -204,6 +248,69 @@ TEST_F(PiePlot, AValueThatIsNotAboveZeroIsToldAndLeftOut) {
     EXPECT_NE(desktop.messages[0].find("Y-Value <= 0 ... 2 Point"), std::string::npos) << desktop.messages[0];
     ASSERT_EQ(pieslices().size(), 2u);
     EXPECT_NEAR(pieslices()[0].share, 0.75, 1e-12);
+}
+
+TEST_F(PiePlot, APointCountsAsOftenAsItsQuantitySays) {
+    session.plotKind = pie2D;
+    sets({{"1x5x3", "2x5"}});
+    ASSERT_EQ(pieslices().size(), 2u);
+    EXPECT_EQ(pieslices()[0].value, 15) << "three points of 5";
+    EXPECT_NEAR(pieslices()[0].share, 0.75, 1e-12);
+    sets({{"1x5x3", "2x1x5"}, {"1x60"}});
+    EXPECT_EQ(pieslices()[0].value, 20);
+    EXPECT_NEAR(pieslices()[1].share, 0.75, 1e-12);
+}
+
+TEST_F(PiePlot, ANegativeValueIsNotTakenOffItsSet) {
+    session.plotKind = pie2D;
+    sets({{"1x10", "2x-4", "3x0"}, {"1x30"}, {"1x-1", "2x-2"}});
+    desktop.messages.clear();
+    const RecordingDevice device = drawn();
+    ASSERT_EQ(desktop.messages.size(), 1u);
+    EXPECT_NE(desktop.messages[0].find("Y-Value <= 0 ... 4 Point, 1 Set Not On Plot"), std::string::npos)
+        << desktop.messages[0];
+    const auto slices = pieslices();
+    ASSERT_EQ(slices.size(), 2u);
+    EXPECT_EQ(slices[0].value, 10);
+    EXPECT_NEAR(slices[0].share, 0.25, 1e-12);
+    EXPECT_NEAR(slices[1].share, 0.75, 1e-12);
+}
+
+TEST_F(PiePlot, ThePictureSaysWhatWasLeftOut) {
+    session.plotKind = pie2D;
+    sets({{"1x10", "2x-4", "3x0"}, {"1x30"}, {"1x-1"}});
+    for (const bool legend : {true, false}) {
+        session.legendPlace = legend ? 1 : 0;
+        const RecordingDevice device = drawn();
+        EXPECT_TRUE(shows(device, "Y <= 0 = 3 Point"));
+        EXPECT_TRUE(shows(device, "Y <= 0 = 1 Set"));
+    }
+    session.legendPlace = 1;
+    Cells many(40, "1x1");
+    many.push_back("2x-1");
+    sets({many});
+    EXPECT_TRUE(shows(drawn(400, 200), "Y <= 0 = 1 Point")) << "however long the legend";
+    sets({{"1x10"}});
+    EXPECT_FALSE(shows(drawn(), "Y <="));
+}
+
+TEST_F(PiePlot, NoShareIsRoundedToTheWholeOrToNothing) {
+    session.plotKind = pie2D;
+    const struct {
+        const char *small, *rest, *share;
+    } cases[] = {{"2x1", "X = 1 99.999%", "X = 2 .001%"},
+                 {"2x50", "X = 1 99.95%", "X = 2 .05%"},
+                 {"2x.0001", "X = 1 >99.9999%", "X = 2 1E-07%"},
+                 {"2x1e-30", "X = 1 >99.9999%", "X = 2 1E-33%"}};
+    for (const auto& one : cases) {
+        sets({{"1x99999", one.small}});
+        const RecordingDevice device = drawn();
+        EXPECT_TRUE(shows(device, one.rest)) << one.rest;
+        EXPECT_TRUE(shows(device, one.share)) << one.share;
+        EXPECT_FALSE(shows(device, "100%"));
+    }
+    sets({{"1x7"}});
+    EXPECT_TRUE(shows(drawn(), "X = 1 100%"));
 }
 
 TEST_F(PiePlot, TheSmallestOfManySlicesAreOneTogether) {
@@ -312,6 +419,45 @@ TEST_F(SpacePlot, LimitsOfZLeaveOutWhatLiesBeyond) {
     EXPECT_EQ(marks(), 2);
     session.zLimitLow = 10;
     EXPECT_EQ(marks(), 1);
+}
+
+TEST_F(SpacePlot, ALimitOfZBeyondTheDataHolds) {
+    sets({{"100x100x1x10", "200x200x1x20", "300x300x1x30"}});
+    const auto marks = [] { return drawn().marksBegun - 1; };
+    session.zLimitHigh = 5;
+    EXPECT_EQ(marks(), 0);
+    EXPECT_TRUE(shows(drawn(), "4.95")) << "the free end is a hundredth away";
+    session.zLimitHigh = 10;
+    EXPECT_EQ(marks(), 1);
+    EXPECT_TRUE(shows(drawn(), "9.9"));
+    session.zLimitHigh = 0;
+    session.zLimitLow = 500;
+    EXPECT_EQ(marks(), 0);
+    EXPECT_TRUE(shows(drawn(), "505"));
+    session.zLimitLow = 15;
+    session.zLimitHigh = 5;
+    EXPECT_EQ(marks(), 1) << "limits the wrong way round";
+    sets({{"100x100", "300x300"}});
+    session.zLimitLow = 0;
+    session.zLimitHigh = .5;
+    EXPECT_TRUE(shows(drawn(), ".5")) << "Z of 0 alone";
+}
+
+TEST_F(SpacePlot, PointsWithoutAZAreToldOnceASet) {
+    sets({{"1x1x1x1", "2x2x1x3.3E+33", "30x30x1x-3.3E+33"}, {"3x3x1x2"}, {"3x3x1x2", "4x4x1x2.9E+29"}});
+    desktop.messages.clear();
+    const RecordingDevice device = drawn();
+    ASSERT_EQ(desktop.messages.size(), 2u);
+    EXPECT_NE(desktop.messages[0].find("Set 1: Z-Value ... 2 Point Not On Plot"), std::string::npos)
+        << desktop.messages[0];
+    EXPECT_NE(desktop.messages[1].find("Set 3: Z-Value ... Point 2 Not On Plot"), std::string::npos)
+        << desktop.messages[1];
+    EXPECT_EQ(device.marksBegun, 3 + 3) << "three points and the legend";
+    EXPECT_LE(session.xhighd, 3) << "they have no part in the window";
+    session.plotKind = xyPlot;
+    desktop.messages.clear();
+    drawn();
+    EXPECT_TRUE(desktop.messages.empty()) << "an X-Y plot needs no Z";
 }
 
 TEST_F(SpacePlot, AxesCarryTheirNamesAndTicks) {

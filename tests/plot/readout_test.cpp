@@ -73,6 +73,17 @@ TEST_F(PlotReadout, HiddenPointsAndSetsAreNotFound) {
     EXPECT_TRUE(placedpoints(window).empty());
 }
 
+TEST_F(PlotReadout, PointsBetweenTheDrawnOnesAreNotFound) {
+    session.pointInterval = 3;
+    plot({{"10", "20", "30", "50", "90"}, {"15", "25"}});
+    const auto points = placedpoints(window);
+    ASSERT_EQ(points.size(), 3u);
+    EXPECT_EQ(points[0].point, 1);
+    EXPECT_EQ(points[1].point, 4);
+    EXPECT_EQ(points[2].set, 2);
+    EXPECT_EQ(points[2].point, 1);
+}
+
 TEST_F(PlotReadout, TheProbabilityIsSpeltAsTheAxisSpellsIt) {
     plot({{"10", "20", "30"}});
     const PlotPlace place{12.5, 0.25};

@@ -77,6 +77,14 @@ TEST_F(PlotWindowTest, ALimitBeyondTheDataStandsAndTheFreeEndMoves) {
     EXPECT_GT(session.xhighd, 400);
 }
 
+TEST_F(PlotWindowTest, AnUpperLimitAtTheLowestPointHolds) {
+    life({"100", "200", "300"});
+    session.xLimitHigh = 100;
+    xyanalyzw();
+    EXPECT_DOUBLE_EQ(session.xhighd, 100);
+    EXPECT_DOUBLE_EQ(session.xlowd, 99);
+}
+
 TEST_F(PlotWindowTest, ReversedLimitsAreTakenTheOtherWayRound) {
     life({"10", "20", "90"});
     session.xLimitLow = 200;
