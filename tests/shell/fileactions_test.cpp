@@ -329,4 +329,40 @@ TEST_F(FileActions, WithoutTheCautionForResultsOnlyChangedDataAreAskedAbout) {
     EXPECT_EQ(longestcolumn(), 2u) << "changed data are asked about still";
 }
 
+TEST_F(FileActions, CellsThatTheFileDoesNotHoldAreAskedAboutWhateverTheCaution) {
+    session.saveCaution = 0;
+    desk.expectmessage("Bad Data");
+    given({"150", "230", "1,5", "310"});
+    desk.expectfile("Save", folder.path("part.w"));
+    desk.expectmessage("Not Saved: 1 Point");
+    ASSERT_TRUE(savefileas());
+    desk.expectmenu("Save Active Data", 3);
+    newdata();
+    EXPECT_EQ(longestcolumn(), 4u);
+}
+
+TEST_F(FileActions, AMergeThatNeedsMoreRoomKeepsWhatWasChosenOfTheSets) {
+    sets({{"150", "230", "310"}, {"5", "6", "7"}});
+    session.t0(1) = 20;
+    session.lineHide(2) = 1;
+    calcplot();
+    const float room = session.maxPoints;
+    std::string rows;
+    for (int i = 0; i <= static_cast<int>(room); ++i) rows += std::to_string(100 + i) + "\n";
+    session.openMerges = 1;
+    ASSERT_TRUE(openfile(folder.write("long.txt", rows).c_str()));
+    EXPECT_GT(session.maxPoints, room);
+    EXPECT_EQ(session.t0(1), 20);
+    EXPECT_EQ(session.lineHide(2), 1);
+}
+
+TEST_F(FileActions, OtherDataForgetWhatWasChosenOfTheSetsBefore) {
+    sets({{"150", "230", "310"}, {"5", "6", "7"}});
+    session.lineHide(2) = 1;
+    session.FITKIND(1) = 5;
+    ASSERT_TRUE(openfile(folder.write("b.txt", "15\t1\n23\t2\n31\t3\n").c_str()));
+    EXPECT_EQ(session.lineHide(2), 0);
+    EXPECT_EQ(session.FITKIND(1), 0);
+}
+
 } // namespace

@@ -116,4 +116,39 @@ TEST_F(PlotPress, WhereThePlotHasNoPlacesItSaysSo) {
     EXPECT_EQ(session.activeMode, 0);
 }
 
+TEST_F(PlotPress, UnderAThresholdAPressAddsTheAgeAsRecorded) {
+    for (int k = 1; k <= static_cast<int>(session.maxSets); ++k) session.t0(k) = 100;
+    given({"150", "230", "310", "420"});
+    plotpressbegin(addPointMode);
+    press(130, 0.5); // where 230 stands, less the threshold
+    ASSERT_EQ(column().size(), 5u);
+    EXPECT_NEAR(session.entryX(3, 5), 230, 2);
+    session.scaleAsRecorded = 1;
+    calcplot();
+    press(230, 0.5);
+    ASSERT_EQ(column().size(), 6u);
+    EXPECT_NEAR(session.entryX(3, 6), 230, 2);
+}
+
+TEST_F(PlotPress, CellsTypedSinceThePlotWasDrawnAreCalculatedFirst) {
+    given({"10", "20", "30", "40"});
+    plotpressbegin(selectPointMode);
+    draw();
+    const PlotWindow before = session.windowSaved;
+    const double x = plotxof(30), y = plotyof(session.Y(3, 3));
+    gridset(1, 1, "");
+    plotpress(before, before.left + (x - before.xlow) * before.xfactor,
+              before.bottom - (y - before.ylow) * before.yfactor);
+    EXPECT_EQ(column(), (Cells{"", "20", "30", "40"})) << "that press was at another plot";
+    EXPECT_EQ(pointcount(1), 3);
+}
+
+TEST_F(PlotPress, ARowOfAGroupIsNotAddedByAPress) {
+    session.inputType = prbt2;
+    given({"100x0x2x10", "200x0x5x10", "300x0x8x10"});
+    desk.expectmessage("Not Possible");
+    plotpressbegin(addPointMode);
+    EXPECT_EQ(session.activeMode, 0);
+}
+
 } // namespace
