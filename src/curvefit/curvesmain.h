@@ -27,8 +27,8 @@ struct FilledCell {
 };
 
 /// The cells without Y that the curves can fill, when session.fillMissing asks for it; it asks once, so that
-/// an undo does not fill them again. A set whose coefficients do not tell its curve precisely is told and not
-/// filled; so is a run without any curve. The label of a filled cell ends with fillLabel. The grid stands
+/// an undo does not fill them again. The label of a filled cell ends with fillLabel. A set whose coefficients
+/// do not tell its curve precisely is told and not filled, and so is a run without any curve. The grid stands
 /// untouched.
 std::vector<FilledCell> curvefills();
 
