@@ -14,11 +14,12 @@ namespace {
 
 constexpr std::string_view separators = "xX*";
 
-/// The text of a cell with its second field replaced, all else as it was typed.
+/// The text of a cell with its second field replaced and its label marked, all else as it was typed.
 std::string withordinate(std::string_view text, float y) {
     std::string number;
     appendtrimmed(number, y);
-    const auto end = std::min(text.find_first_of("_\r\n\t"), text.size());
+    const auto stop = std::min(text.find_first_of("\r\n\t"), text.size());
+    const auto end = std::min(text.find('_'), stop);
     const auto first = text.substr(0, end).find_first_of(separators);
     std::string filled(text.substr(0, std::min(first, end)));
     const auto second = first == std::string_view::npos
@@ -26,7 +27,12 @@ std::string withordinate(std::string_view text, float y) {
                             : std::min(text.substr(0, end).find_first_of(separators, first + 1), end);
     filled += 'x';
     filled += number;
-    filled += text.substr(second);
+    filled += text.substr(second, stop - second);
+    if (const std::string_view label = text.substr(end, stop - end); !isfilled(label)) {
+        filled += label.empty() ? "_" : label == "_" ? "" : " ";
+        filled += fillLabel;
+    }
+    filled += text.substr(stop);
     return filled;
 }
 
@@ -49,7 +55,8 @@ void fillset(int k, std::vector<FilledCell>& fills) {
         const Cell again = cellsplit(fill.text);
         const bool holds = precise && std::isfinite(value) && std::fabs(value) < 9e29 && cellhasy(fill.text)
                            && again.x == cell.x && again.y == fill.y && again.quantity == cell.quantity
-                           && again.z == cell.z && again.label == cell.label;
+                           && again.z == cell.z && again.label.starts_with(cell.label)
+                           && isfilled(again.label);
         ++(holds ? filled : cannot);
         if (holds) fills.push_back(std::move(fill));
     }
@@ -65,8 +72,13 @@ std::vector<FilledCell> curvefills() {
     std::vector<FilledCell> fills;
     if (session.fillMissing == 0 || session.progSide != visualSide) return fills;
     session.fillMissing = 0;
-    for (int k = 1; k <= setcount(); ++k)
-        if (hascurve(k)) fillset(k, fills);
+    bool any = false;
+    for (int k = 1; k <= setcount(); ++k) {
+        if (!hascurve(k)) continue;
+        any = true;
+        fillset(k, fills);
+    }
+    if (!any) tellrun(Word::Point, " ", Word::Fill, ": ", Word::No, " ", Word::Curve, " ", Word::Fit);
     return fills;
 }
 
@@ -79,5 +91,6 @@ void curvefillstake(const std::vector<FilledCell>& fills) {
     for (const FilledCell& fill : fills) {
         const int row = static_cast<int>(rowofset(static_cast<float>(fill.set)));
         session.Y(row, fill.point) = session.entryY(row, fill.point) = fill.y;
+        pointlabelput(fill.set, fill.point, cellsplit(fill.text).label);
     }
 }

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "data/cell.h"
+#include "data/gridpoints.h"
 #include "session/session.h"
 
 namespace {
@@ -24,38 +25,39 @@ double countof(int k, int j) {
     return count > 0 ? count : 1;
 }
 
-/// A comma that is not the decimal symbol may have been meant as one: such a cell is no point.
-bool ispoint(std::string_view text) {
-    const bool strangeComma =
-        session.decimalSeparator != "," && text.substr(0, text.find('_')).find(',') != std::string_view::npos;
-    return cellsplit(text).hasValue && !strangeComma;
+/// The points of a set, and where they stand in its column of the grid, from 0.
+struct PlacedPoint {
+    std::size_t place;
+    GridPoint point;
+};
+
+std::vector<PlacedPoint> placedpoints(int k) {
+    std::vector<PlacedPoint> placed;
+    const auto cells = gridpoints(k);
+    for (std::size_t place = 0; place < cells.size(); ++place)
+        if (cells[place]) placed.push_back({place, *cells[place]});
+    if (const auto read = static_cast<std::size_t>(pointcount(k)); placed.size() > read) placed.resize(read);
+    return placed;
 }
 
 } // namespace
 
 std::vector<OpenCell> opencells(int k) {
     std::vector<OpenCell> open;
-    const auto column = static_cast<std::size_t>(k - 1);
-    if (k < 1 || column >= session.gridCells.size()) return open;
-    const auto& cells = session.gridCells[column];
-    int point = 0;
-    for (std::size_t place = 0; place < cells.size() && point < pointcount(k); ++place) {
-        if (!ispoint(cells[place])) continue;
-        ++point;
-        if (!cellhasy(cells[place])) open.push_back({place, point});
-    }
+    const auto points = placedpoints(k);
+    for (std::size_t i = 0; i < points.size(); ++i)
+        if (!points[i].point.hasY) open.push_back({points[i].place, static_cast<int>(i) + 1});
     return open;
 }
 
 CurveRows curverows(int k) {
     CurveRows set;
-    const std::vector<OpenCell> open = opencells(k);
-    auto next = open.begin();
+    const auto points = placedpoints(k);
     for (int j = 1; j <= pointcount(k); ++j) {
-        if (next != open.end() && next->point == j) {
-            ++next;
-            ++set.withoutY;
-            continue;
+        if (const auto i = static_cast<std::size_t>(j - 1); i < points.size()) {
+            const auto& [cell, hasY] = points[i].point;
+            set.withoutY += hasY ? 0 : 1;
+            if (!hasY || isfilled(cell.label)) continue;
         }
         if (isopenended(k, j)) continue;
         set.rows.push_back({session.X(datarow(k), j), session.Y(datarow(k), j), countof(k, j)});

@@ -27,8 +27,9 @@ struct FilledCell {
 };
 
 /// The cells without Y that the curves can fill, when session.fillMissing asks for it; it asks once, so that
-/// an undo does not fill them again. A set whose coefficients do not tell its curve precisely is told and not
-/// filled. The grid stands untouched.
+/// an undo does not fill them again. The label of a filled cell ends with fillLabel. A set whose coefficients
+/// do not tell its curve precisely is told and not filled, and so is a run without any curve. The grid stands
+/// untouched.
 std::vector<FilledCell> curvefills();
 
 /// Puts them into the grid, and then, once the former data have been kept for undo, into the points.

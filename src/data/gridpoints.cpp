@@ -15,22 +15,24 @@ bool ispointtext(std::string_view text, const Cell& cell) {
                || text.substr(0, text.find('_')).find(',') == std::string_view::npos);
 }
 
-std::vector<std::optional<Cell>> gridpoints(int k) {
-    std::vector<std::optional<Cell>> points;
+std::vector<std::optional<GridPoint>> gridpoints(int k) {
+    std::vector<std::optional<GridPoint>> points;
     for (const std::string& text : gridcellsof(k)) {
         const Cell cell = cellsplit(text);
-        points.push_back(ispointtext(text, cell) ? std::optional(cell) : std::nullopt);
+        points.emplace_back();
+        if (ispointtext(text, cell)) points.back() = GridPoint{cell, cellhasy(text)};
     }
     return points;
 }
 
-std::optional<std::string> pointtext(const Cell& cell, bool hasY) {
+std::optional<std::string> pointtext(const GridPoint& point) {
+    const Cell& cell = point.cell;
     std::string text;
     appendtrimmed(text, cell.x);
     const float fields[] = {cell.y, cell.quantity, cell.z};
     const float silent[] = {0, 1, 0};
     int last = 2;
-    const int least = hasY ? 0 : -1;
+    const int least = point.hasY ? 0 : -1;
     while (last > least && fields[last] == silent[last]) --last;
     for (int i = 0; i <= last; ++i) {
         text += 'x';

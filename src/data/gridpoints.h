@@ -16,11 +16,17 @@ const std::vector<std::string>& gridcellsof(int k);
 /// decimal symbol may have been meant as one.
 bool ispointtext(std::string_view text, const Cell& cell);
 
+/// A point of the grid. Y is missing where hasY is false, and its 0 is no value.
+struct GridPoint {
+    Cell cell;
+    bool hasY = false;
+};
+
 /// The points of set k by row of the grid, from index 0; nothing where the cell is no point. The labels are
 /// views into the cells.
-std::vector<std::optional<Cell>> gridpoints(int k);
+std::vector<std::optional<GridPoint>> gridpoints(int k);
 
 /// The text of a point without the fields at its end that say nothing: "10", "10x3", "10x3x2_label". A Y of 0
 /// is written where the point has a Y: on an X-Y plot a cell without one is missing it. Nothing when the text
 /// would not read back as the same point: a reserved number, written there, would empty its field.
-std::optional<std::string> pointtext(const Cell& cell, bool hasY);
+std::optional<std::string> pointtext(const GridPoint& point);

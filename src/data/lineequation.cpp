@@ -33,14 +33,20 @@ std::string curveequation(const SetCurve& curve) {
     return extend(text, "exp(", logA, " + ", slope, across);
 }
 
+/// The value of a logarithm; not-a-number where no double holds it with all its digits.
+double ofthelogarithm(double logarithm) {
+    const double value = std::exp(logarithm);
+    return std::isnormal(value) ? value : std::nan("");
+}
+
 } // namespace
 
 std::vector<double> equationcoefficients(const SetCurve& curve) {
     std::vector<double> coefficients = curve.coefficients;
     const auto model = modelofcode(static_cast<int>(curve.fitmodel));
     if (!model || model->ispolynomial() || coefficients.size() != 2) return coefficients;
-    if (curve.noLogarithm) coefficients[0] = std::exp(coefficients[0]);
-    if (model->code != powerFit) coefficients[1] = std::exp(coefficients[1]);
+    if (curve.noLogarithm) coefficients[0] = ofthelogarithm(coefficients[0]);
+    if (model->code != powerFit) coefficients[1] = ofthelogarithm(coefficients[1]);
     return coefficients;
 }
 

@@ -10,5 +10,6 @@
 std::string lineequation(int k);
 
 /// Coefficients of a curve by the letters of its equation, y = a*b^x: for the models 10 to 13 a and b, one
-/// that no double can hold as an infinity or 0; for a polynomial those from the constant up.
+/// that no double can hold, for its size or its smallness, as not-a-number; for a polynomial those from the
+/// constant up.
 std::vector<double> equationcoefficients(const SetCurve& curve);

@@ -33,6 +33,15 @@ void RowFailures::tell(int set) const {
     }
 }
 
+void RowsWithout::tell(int set) const {
+    if (rows == 0) return;
+    const Keep keep{session.msg, session.menuTitle};
+    session.menuTitle.clear();
+    compose(session.msg, Word::Set, " ", set, ": ", Word::No, " ", Word::Results, " (", rows, ") ... ",
+            Word::Row, " ", static_cast<int>(first + 1));
+    tellok();
+}
+
 void tellfunctionfault(const FunctionProgram& program) {
     const Keep keep{session.msg, session.menuTitle};
     session.menuTitle.clear();

@@ -24,6 +24,20 @@ private:
     std::map<int, Rows> kinds;
 };
 
+/// Rows of a set that had no result; the first of them as its row of the grid, from 0.
+class RowsWithout {
+public:
+    void add(std::size_t row) {
+        if (rows++ == 0) first = row;
+    }
+    /// Tells how many they are, and the first of them; nothing for none.
+    void tell(int set) const;
+
+private:
+    int rows = 0;
+    std::size_t first = 0;
+};
+
 void tellfunctionfault(const FunctionProgram& program); ///< a function that cannot run, and where it fails
 void telltwodimensional(int set);                       ///< a target without a second coordinate
 void tellnotarget();                                    ///< a target that is no set

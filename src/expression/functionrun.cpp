@@ -33,12 +33,12 @@ public:
     }
     const double* row(std::size_t at) {
         for (std::size_t d = 0; d < points.size(); ++d)
-            values[d] = at < points[d].size() && points[d][at] ? valueofx(points[d][at]->x) : 0;
+            values[d] = at < points[d].size() && points[d][at] ? valueofx(points[d][at]->cell.x) : 0;
         return values.data();
     }
 
 private:
-    std::array<std::vector<std::optional<Cell>>, columnOperands> points;
+    std::array<std::vector<std::optional<GridPoint>>, columnOperands> points;
     std::array<double, columnOperands> values{};
 };
 
@@ -49,41 +49,90 @@ struct RunRow {
     FunctionRow values;
 };
 
-/// The rows of a set, or those that both of two sets have.
-std::vector<RunRow> rowsofrun(int set) {
-    const bool two = oftwosets(session.functionMode);
-    const bool ofY = session.functionMode == functionTwoSetsY;
-    const bool hasK = session.functionMode < functionY;
-    const auto first = gridpoints(set);
-    const auto second = two ? gridpoints(session.functionSetB) : std::vector<std::optional<Cell>>();
+struct RunRows {
     std::vector<RunRow> rows;
+    RowsWithout without; ///< rows of the set that lack what the function reads
+};
+
+bool reads(const FunctionProgram& program, StepKind kind) {
+    return std::any_of(program.steps.begin(), program.steps.end(),
+                       [kind](const Step& step) { return step.kind == kind; });
+}
+
+/// The rows that both of two sets have, with the Y of both where the operands are those.
+RunRows rowsofboth(int set) {
+    const bool ofY = session.functionMode == functionTwoSetsY;
+    const auto first = gridpoints(set), second = gridpoints(session.functionSetB);
+    const auto operand = [ofY](const GridPoint& point) {
+        return ofY ? point.cell.y : valueofx(point.cell.x);
+    };
+    RunRows run;
     for (std::size_t at = 0; at < first.size(); ++at) {
-        if (!first[at] || (two && (at >= second.size() || !second[at]))) continue;
+        if (!first[at]) continue;
+        if (at >= second.size() || !second[at] || (ofY && !(first[at]->hasY && second[at]->hasY))) {
+            run.without.add(at);
+            continue;
+        }
         FunctionRow values;
-        const auto operand = [ofY](const Cell& cell) { return ofY ? cell.y : valueofx(cell.x); };
         values.x = operand(*first[at]);
-        values.y = two ? operand(*second[at]) : hasK ? session.fk : first[at]->y;
-        values.row = static_cast<double>(rows.size() + 1);
-        rows.push_back({at, static_cast<float>(valueofx(first[at]->x)), values});
+        values.y = operand(*second[at]);
+        values.row = static_cast<double>(run.rows.size() + 1);
+        run.rows.push_back({at, static_cast<float>(valueofx(first[at]->cell.x)), values});
     }
-    for (RunRow& row : rows) {
-        row.values.rows = static_cast<double>(rows.size());
-        row.values.lastX = rows.back().values.x;
-        row.values.lastY = two ? rows.back().values.y : first[rows.back().place]->y;
+    for (RunRow& row : run.rows) {
+        row.values.rows = static_cast<double>(run.rows.size());
+        row.values.lastX = run.rows.back().values.x;
+        row.values.lastY = run.rows.back().values.y;
     }
-    return rows;
+    return run;
+}
+
+/// The rows of a set. One without a Y keeps its number where the function reads Y, and has no result; the
+/// last y is the last that there is.
+RunRows rowsofone(int set, const FunctionProgram& program) {
+    const bool hasK = session.functionMode < functionY;
+    const bool readsY = !hasK && reads(program, StepKind::y);
+    RunRows run;
+    FunctionRow last;
+    bool anyY = false;
+    const auto points = gridpoints(set);
+    for (std::size_t at = 0; at < points.size(); ++at) {
+        if (!points[at]) continue;
+        const auto& [cell, hasY] = *points[at];
+        last.x = valueofx(cell.x);
+        if (hasY) last.y = cell.y;
+        anyY = anyY || hasY;
+        ++last.row;
+        if (readsY && !hasY)
+            run.without.add(at);
+        else
+            run.rows.push_back({at,
+                                static_cast<float>(last.x),
+                                {.x = last.x, .y = hasK ? session.fk : cell.y, .row = last.row}});
+    }
+    if (!anyY && reads(program, StepKind::lastY)) {
+        for (const RunRow& row : run.rows) run.without.add(row.place);
+        run.rows.clear();
+    }
+    for (RunRow& row : run.rows) {
+        row.values.rows = last.row;
+        row.values.lastX = last.x;
+        row.values.lastY = last.y;
+    }
+    return run;
 }
 
 /// The text of the cell with the result in it; nothing when the cell cannot hold it.
-std::optional<std::string> textofresult(Cell cell, bool hasY, float result) {
+std::optional<std::string> textofresult(GridPoint point, float result) {
     const bool isX = givesx(session.functionMode);
-    float& field = isX ? cell.x : cell.y;
+    float& field = isX ? point.cell.x : point.cell.y;
     if (isX && signmarks()) {
         if (!(result > 0)) return std::nullopt;
-        result = std::copysign(result, cell.x);
+        result = std::copysign(result, point.cell.x);
     }
     field = result;
-    return pointtext(cell, hasY || !isX);
+    point.hasY = point.hasY || !isX;
+    return pointtext(point);
 }
 
 struct Result {
@@ -98,23 +147,24 @@ std::vector<Result> resultsofrun(const FunctionProgram& program, int target, Row
     Columns columns(program.columns, set);
     std::vector<FunctionMemory> memory(static_cast<std::size_t>(program.memories));
     std::vector<Result> results;
-    for (RunRow& row : rowsofrun(set)) {
+    RunRows run = oftwosets(session.functionMode) ? rowsofboth(set) : rowsofone(set, program);
+    for (RunRow& row : run.rows) {
         if (program.columns) row.values.columns = columns.row(row.place);
         const FunctionValue value = functionrow(program, row.values, memory);
         if (value.fault) {
             failures.add(value.fault, row.values.row);
             continue;
         }
-        Cell cell;
-        cell.x = row.x;
-        if (row.place < present.size() && present[row.place]) cell = *present[row.place];
-        const bool hasY = row.place < present.size() && cellhasy(gridcellsof(target)[row.place]);
-        auto text = textofresult(cell, hasY, sngguard(value.value));
+        GridPoint point;
+        point.cell.x = row.x;
+        if (row.place < present.size() && present[row.place]) point = *present[row.place];
+        auto text = textofresult(point, sngguard(value.value));
         if (text)
             results.push_back({row.place, std::move(*text)});
         else
             failures.add(outsideRange, row.values.row);
     }
+    run.without.tell(set);
     return results;
 }
 
@@ -164,11 +214,11 @@ bool inwindow(const FunctionPoint& point, const FunctionWindow& window) {
 /// The last x and y of the current set, for a curve drawn through it.
 void lastofset(FunctionRow& row) {
     const auto points = gridpoints(session.functionSet);
-    const auto last =
-        std::find_if(points.rbegin(), points.rend(), [](const auto& p) { return p.has_value(); });
-    if (last == points.rend()) return;
-    row.lastX = valueofx((*last)->x);
-    row.lastY = (*last)->y;
+    for (const auto& point : points) {
+        if (!point) continue;
+        row.lastX = valueofx(point->cell.x);
+        if (point->hasY) row.lastY = point->cell.y;
+    }
 }
 
 std::vector<FunctionPoint> tracecurve(int points, const FunctionWindow& window, bool& any) {

@@ -8,9 +8,10 @@
 /// Evaluates the function for every row of the target set and writes the results into its cells: X with
 /// functionX and functionTwoSets, else Y. With functionCurve x is the target's own and the second operand k.
 /// Else x and y come from functionSet; with functionTwoSets x and y are the X of functionSet and
-/// functionSetB, with functionTwoSetsY their Y, for the rows that both have. Rows are those of the grid; a
-/// cell that is no point is passed over, and j counts the points. A target without a cell at a row gets one
-/// there.
+/// functionSetB, with functionTwoSetsY their Y, for the rows that both have. A row without a Y that the
+/// function reads has no result; the last y is that of the last point that has one. Rows are those of the
+/// grid; a cell that is no point is passed over, and j counts the points. A target without a cell at a row
+/// gets one there.
 ///
 /// A row that has no result keeps what stands in its cell, and the run goes on; what went wrong is told once
 /// at the end. Where a minus sign marks a suspension, x is the value without it and the mark stays; a result

@@ -6,6 +6,7 @@
 #include "curvefit/equationlist.h"
 #include "curvefit/models.h"
 #include "data/settitle.h"
+#include "expression/functionrun.h"
 #include "options/page.h"
 #include "platform/paths.h"
 #include "platform/platform.h"
@@ -135,6 +136,11 @@ bool chooseextrapolation() {
         from = session.curveFrom;
         if (!asknumberwithin({Word::Extrapolate, Word::From, "X-", Word::Value}, from, -9e29, 9e29))
             return false;
+        if (from == 0) { // kept as 0 it would stand for the whole window
+            tell(Word::Extrapolate, " ", Word::From, " X-", Word::Value, " = 0 ... ", Word::Not, " ",
+                 Word::Possible);
+            return false;
+        }
     }
     const bool changed = session.curveExtrapolated != (chosen > 0) || session.curveFrom != from;
     session.curveExtrapolated = chosen > 0 ? 1 : 0;
@@ -236,6 +242,7 @@ bool getequation() {
     session.flitcount = static_cast<float>(equation.literals.size());
     session.functionMode = functionCurve;
     session.functionShown = 1;
+    functionkeep(); // else a run without a result would bring an older function back
     return true;
 }
 

@@ -23,8 +23,10 @@ constexpr Item transformitem(char letter, const Label& label, bool (*run)()) {
 constexpr Item transformItems[] = {
     transformitem('1', {Word::New, "X = F(", Word::Former, "X ...", Word::Former, "Y)"}, functiontox),
     transformitem('2', {Word::New, "Y = F(", Word::Former, "X ...", Word::Former, "Y)"}, functiontoy),
-    transformitem('3', {Word::New, "X = F(X", Word::From, Word::Set, "A, X", Word::From, Word::Set, "B)"},
-                  functionoftwox),
+    transformitem(
+        '3',
+        {Word::New, "X = F(", Word::Former, "X ...", Word::Former, "Y) ...", Word::Set, "A,", Word::Set, "B"},
+        functionoftwox),
     transformitem('4', {Word::New, "Y = F(Y", Word::From, Word::Set, "A, Y", Word::From, Word::Set, "B)"},
                   functionoftwoy),
     transformitem('5', {Word::New, "X", Word::For, Word::Set, "B = Y", Word::From, Word::Set, "A"},

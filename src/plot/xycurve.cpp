@@ -3,9 +3,11 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <optional>
 #include <span>
 #include <vector>
 
+#include "curvefit/models.h"
 #include "expression/functionrun.h"
 #include "expression/functiontext.h"
 #include "expression/program.h"
@@ -29,12 +31,40 @@ struct Range {
     double low, high;
 };
 
+/// Where a fitted curve has a value. Outside the function machine would make numbers up: a logarithm of
+/// -9e14, a power of e that is 0 on both sides.
+class Domain {
+public:
+    Domain() = default; ///< everywhere
+    explicit Domain(const SetCurve& curve) : model(modelofcode(static_cast<int>(curve.fitmodel))) {
+        if (model && !model->ispolynomial() && curve.coefficients.size() == 2) {
+            const double first = curve.coefficients[0];
+            constant = curve.noLogarithm ? first : std::log(first);
+            slope = curve.coefficients[1];
+        } else {
+            model.reset();
+        }
+    }
+    bool holds(double x) const {
+        if (!model) return true;
+        if (model->swapped) return std::fabs(coordinateof(model->up, x) - constant) > 0;
+        return std::fabs(constant + slope * coordinateof(model->across, x)) <= mostExponent;
+    }
+
+private:
+    static constexpr double mostExponent = 70; ///< that the machine takes
+    std::optional<CurveModel> model;           ///< of a curve that has bounds
+    double constant = 0, slope = 0;
+};
+
 /// A function of x that a plot can draw.
 class Traceable {
 public:
-    Traceable(std::string_view code, std::span<const double> literals, int16_t modSetting)
+    Traceable(std::string_view code, std::span<const double> literals, int16_t modSetting,
+              const Domain& where = {})
         : program(functionprogram(code, literals, modSetting)),
-          memory(static_cast<std::size_t>(program.memories)) {}
+          memory(static_cast<std::size_t>(program.memories)),
+          domain(where) {}
 
     bool drawable() const { return program.fault == FunctionFault::none && program.columns == 0; }
     /// True when a value depends on the step it is taken at, or on those before it.
@@ -46,6 +76,7 @@ public:
 
     /// Not a number where the function has no value.
     double at(double x, int step = 1) {
+        if (!domain.holds(x)) return std::nan("");
         row.x = x;
         row.row = step;
         const FunctionValue result = functionrow(program, row, memory);
@@ -57,12 +88,14 @@ public:
 private:
     FunctionProgram program;
     std::vector<FunctionMemory> memory;
+    Domain domain;
 };
 
 Traceable fittedfunction(int k) {
     const SetCurve& curve = session.curves(k);
-    return {curve.code, curve.literals, modRemainder};
+    return {curve.code, curve.literals, modRemainder, Domain(curve)};
 }
+
 Traceable typedfunction() {
     Traceable function{session.fcode, functionliterals(), session.modSetting};
     function.row.y = session.fk;

@@ -10,6 +10,7 @@
 #include "numeric/sngguard.h"
 #include "platform/files.h"
 #include "session/session.h"
+#include "shell/words.h"
 
 namespace {
 
@@ -48,6 +49,12 @@ void takevalue(std::string_view part, std::size_t letter, std::string_view value
     if (part == "LIBRARY") putat(session.libraryTitles, letter, std::string(value));
 }
 
+void noteunknown(std::string_view line) {
+    std::string note;
+    wordclean(compose(note, Word::Unknown, ": ", AsTyped{line}));
+    session.cmdNotes.push_back(note);
+}
+
 } // namespace
 
 void optionfiletake(std::string_view text) {
@@ -59,7 +66,10 @@ void optionfiletake(std::string_view text) {
             part = *named;
             continue;
         }
-        if (curveword(line) != CurveWord::none) continue;
+        if (const CurveWord taken = curveword(line); taken != CurveWord::none) {
+            if (taken == CurveWord::wrong) noteunknown(line);
+            continue;
+        }
         const bool lettered = !line.empty() && std::isalpha(static_cast<unsigned char>(line[0]))
                               && (line.size() == 1 || line[1] == ' ' || line[1] == '\t' || line[1] == '=');
         if (!lettered) continue;

@@ -4,8 +4,9 @@
 #include <optional>
 #include <utility>
 
+#include "curvefit/curvesmain.h"
+#include "curvefit/curvevalue.h"
 #include "data/gridpoints.h"
-#include "expression/program.h"
 #include "numeric/sngguard.h"
 #include "plot/plotprob.h"
 #include "session/session.h"
@@ -17,6 +18,10 @@
 /// Transforms that make a new set: totals, histograms, and the data of one set beside the curve of another.
 
 namespace {
+
+// The points of a set that a new one can be made of.
+bool hasy(std::size_t, GridPoint& point) { return point.hasY; }
+bool anypoint(std::size_t, GridPoint&) { return true; }
 
 /// The points that a record stands for.
 double quantityof(const Cell& cell) { return std::max(1.0, std::floor(double{cell.quantity})); }
@@ -32,9 +37,10 @@ std::string titleof(const Parts&... parts) {
 
 bool runningtotal(int set) {
     double sum = 0;
-    const auto points = pointsmadeof(set, [&sum](std::size_t, Cell& cell) {
-        sum += cell.y * quantityof(cell);
-        return putresult(cell.y, sum);
+    const auto points = pointsmadeof(set, [&sum](std::size_t, GridPoint& point) {
+        if (!point.hasY) return false;
+        sum += point.cell.y * quantityof(point.cell);
+        return putresult(point.cell.y, sum);
     });
     return appendset(points, titleof(Word::Total, " Y ... ", Word::Set, " ", set));
 }
@@ -42,8 +48,8 @@ bool runningtotal(int set) {
 std::vector<SetValue> valuesofall() {
     std::vector<SetValue> values;
     for (const int set : setswithpoints())
-        for (const auto& point : gridpoints(set))
-            if (point) values.push_back({point->x, set, point->y * quantityof(*point)});
+        for (const Cell& cell : pointsmadeof(set, hasy))
+            values.push_back({cell.x, set, cell.y * quantityof(cell)});
     return values;
 }
 
@@ -70,60 +76,27 @@ bool totalofall() {
 
 // ---- data and curve ----
 
-/// The fitted curve of a set as a function of x.
-class Curve {
-public:
-    explicit Curve(int set) {
-        const SetCurve& curve = session.curves(set);
-        if (curve.fitmodel != 0) program = functionprogram(curve.code, curve.literals, modRemainder);
-        memory.resize(static_cast<std::size_t>(program.memories));
-    }
-    /// A curve is a function of x alone.
-    bool there() const { return program.fault == FunctionFault::none && program.columns == 0; }
-    std::optional<double> at(double x) {
-        FunctionRow row;
-        row.x = x;
-        const FunctionValue value = functionrow(program, row, memory);
-        return value.fault ? std::nullopt : std::optional(value.value);
-    }
-
-private:
-    FunctionProgram program;
-    std::vector<FunctionMemory> memory;
-};
-
-/// Makes a set from the points of one set and what the curve of another gives at their X.
+/// Makes a set from the points of one set and what the curve of another gives at their X, where it has a
+/// value there.
 bool withcurve(const std::function<bool(Cell&, double)>& rule, std::string_view sign) {
     calcpending(); // the curves are those of the last cycle
     const int data = askset({Word::Set, "1", Word::Data}, 1);
     const int fit = data == 0 ? 0 : askset({Word::Set, "2", Word::Fit}, 2);
     if (fit == 0) return false;
-    Curve curve(fit);
-    if (!curve.there()) {
+    if (!hascurve(fit)) {
         tell(Word::Set, " ", fit, ": ", Word::No, " ", Word::Curve, " ", Word::Fit);
         return false;
     }
     return changegrid([&] {
-        const auto points = pointsmadeof(data, [&](std::size_t, Cell& cell) {
-            const auto fitted = curve.at(cell.x);
-            return fitted && rule(cell, *fitted);
+        const auto points = pointsmadeof(data, [&](std::size_t, GridPoint& point) {
+            const double fitted = fitusex2y(session.curves(fit), point.cell.x);
+            return point.hasY && std::isfinite(fitted) && rule(point.cell, fitted);
         });
         return appendset(points, titleof(Word::Set, " ", data, sign, Word::Set, " ", fit, " ", Word::Fit));
     });
 }
 
 // ---- histograms ----
-
-struct WeightedPoint {
-    double x = 0, y = 0, quantity = 1;
-};
-
-std::vector<WeightedPoint> pointsofset(int set) {
-    std::vector<WeightedPoint> points;
-    for (const auto& point : gridpoints(set))
-        if (point) points.push_back({point->x, point->y, quantityof(*point)});
-    return points;
-}
 
 /// Makes a histogram of weighted values a new set, and the plot one of bars. A value that counts several
 /// times is as many values for the number of bars.
@@ -140,15 +113,15 @@ bool drawbars(const std::vector<WeightedValue>& values, double count, std::strin
 }
 
 /// What a point counts for in a histogram.
-using ValueOf = WeightedValue (*)(const WeightedPoint&);
+using ValueOf = WeightedValue (*)(const Cell&);
 
-bool histogram(int set, ValueOf valueof, std::string_view title) {
+bool histogram(int set, const PointRule& counted, ValueOf valueof, std::string_view title) {
     return changegrid([&] {
         std::vector<WeightedValue> values;
         double count = 0;
-        for (const WeightedPoint& point : pointsofset(set)) {
-            values.push_back(valueof(point));
-            count += point.quantity;
+        for (const Cell& cell : pointsmadeof(set, counted)) {
+            values.push_back(valueof(cell));
+            count += quantityof(cell);
         }
         return drawbars(values, count, title);
     });
@@ -184,16 +157,16 @@ bool histogramofaxis() {
     switch (choosefrom({Word::Histogram, "...", Word::Axis}, axes, 0)) {
     case 0:
         return histogram(
-            set,
-            [](const WeightedPoint& p) {
-                return WeightedValue{p.x, p.quantity};
+            set, anypoint,
+            [](const Cell& p) {
+                return WeightedValue{p.x, quantityof(p)};
             },
             titleof(Word::Histogram, " X ... ", Word::Set, " ", set));
     case 1:
         return histogram(
-            set,
-            [](const WeightedPoint& p) {
-                return WeightedValue{p.y, p.quantity};
+            set, hasy,
+            [](const Cell& p) {
+                return WeightedValue{p.y, quantityof(p)};
             },
             titleof(Word::Histogram, " Y ... ", Word::Set, " ", set));
     default: return false;
@@ -204,9 +177,9 @@ bool histogramofboth() {
     const int set = askset({Word::Histogram, Word::From, "2-", Word::Axis}, session.activeSet);
     if (set == 0) return false;
     return histogram(
-        set,
-        [](const WeightedPoint& p) {
-            return WeightedValue{p.x, p.y * p.quantity};
+        set, hasy,
+        [](const Cell& p) {
+            return WeightedValue{p.x, p.y * quantityof(p)};
         },
         titleof(Word::Histogram, " X, Y ... ", Word::Set, " ", set));
 }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "data/gridpoints.h"
+#include "expression/functionnotices.h"
 #include "session/session.h"
 #include "session/snapshots.h"
 #include "session/undo.h"
@@ -53,15 +54,6 @@ std::size_t usedcolumns() {
     return std::max(used, titled);
 }
 
-/// Rows that had no result.
-struct Without {
-    int rows = 0;
-    std::size_t first = 0;
-    void add(std::size_t row) {
-        if (rows++ == 0) first = row;
-    }
-};
-
 } // namespace
 
 std::vector<int> setswithpoints() {
@@ -106,15 +98,14 @@ bool changegrid(const std::function<bool()>& change) {
     return true;
 }
 
-bool rewriteset(int set, bool givesY, const PointRule& rule) {
+bool rewriteset(int set, const PointRule& rule) {
     auto points = gridpoints(set);
     std::vector<std::pair<std::size_t, std::string>> results;
-    Without without;
+    RowsWithout without;
     for (std::size_t row = 0; row < points.size(); ++row) {
         if (!points[row]) continue;
         std::optional<std::string> text;
-        const bool hasY = givesY || cellhasy(gridcellsof(set)[row]);
-        if (rule(row, *points[row])) text = pointtext(*points[row], hasY);
+        if (rule(row, *points[row])) text = pointtext(*points[row]);
         if (text)
             results.emplace_back(row, std::move(*text));
         else
@@ -122,7 +113,7 @@ bool rewriteset(int set, bool givesY, const PointRule& rule) {
     }
     for (auto& [row, text] : results)
         session.gridCells[static_cast<std::size_t>(set - 1)][row] = std::move(text);
-    tellwithout(set, without.rows, without.first);
+    without.tell(set);
     return !results.empty();
 }
 
@@ -139,7 +130,7 @@ bool appendset(const std::vector<Cell>& points, std::string_view title) {
         return false;
     }
     std::vector<std::string> cells;
-    for (const Cell& point : points) cells.push_back(pointtext(point, true).value_or(std::string()));
+    for (const Cell& point : points) cells.push_back(pointtext({point, true}).value_or(std::string()));
     if (session.gridCells.size() <= column) session.gridCells.resize(column + 1);
     if (session.gridTitles.size() <= column) session.gridTitles.resize(column + 1);
     session.gridCells[column] = std::move(cells);
@@ -149,16 +140,16 @@ bool appendset(const std::vector<Cell>& points, std::string_view title) {
 
 std::vector<Cell> pointsmadeof(int set, const PointRule& rule) {
     std::vector<Cell> made;
-    Without without;
+    RowsWithout without;
     auto points = gridpoints(set);
     for (std::size_t row = 0; row < points.size(); ++row) {
         if (!points[row]) continue;
-        if (rule(row, *points[row]) && pointtext(*points[row], true))
-            made.push_back(*points[row]);
+        if (rule(row, *points[row]) && pointtext({points[row]->cell, true}))
+            made.push_back(points[row]->cell);
         else
             without.add(row);
     }
-    tellwithout(set, without.rows, without.first);
+    without.tell(set);
     return made;
 }
 
@@ -166,10 +157,4 @@ bool putresult(float& field, double value) {
     const auto number = cellnumber(value);
     if (number) field = *number;
     return number.has_value();
-}
-
-void tellwithout(int set, int rows, std::size_t firstRow) {
-    if (rows == 0) return;
-    tell(Word::Set, " ", set, ": ", Word::No, " ", Word::Results, " (", rows, ") ... ", Word::Row, " ",
-         static_cast<int>(firstRow + 1));
 }

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "data/cell.h"
+#include "data/gridpoints.h"
 #include "options/page.h"
 
 /// The sets of the grid as the transforms take and give them.
@@ -26,13 +26,13 @@ int asksets(const Label& title);
 /// results of the session are those of the grid when it is called. False when nothing changed.
 bool changegrid(const std::function<bool()>& change);
 
-/// What a rule makes of the point at a row of the grid, from index 0: false leaves the cell as it stands.
-using PointRule = std::function<bool(std::size_t row, Cell& point)>;
+/// What a rule makes of the point at a row of the grid, from index 0: false leaves the cell as it stands. A
+/// rule that reads Y has no result where the point has none; one that does not read it keeps it missing.
+using PointRule = std::function<bool(std::size_t row, GridPoint& point)>;
 
 /// Rewrites the points of a set in place. A cell that is no point stays as it is, and so does one that has no
-/// result; how many these are is told once. `givesY`: the rule makes a Y where the cell had none. False when
-/// no cell was written.
-bool rewriteset(int set, bool givesY, const PointRule& rule);
+/// result; how many these are is told once. False when no cell was written.
+bool rewriteset(int set, const PointRule& rule);
 
 /// Makes a new set behind the last one out of points, told where there is no room for it. False then, and
 /// when there are no points.
@@ -44,6 +44,3 @@ std::vector<Cell> pointsmadeof(int set, const PointRule& rule);
 
 /// Puts a result into a field of a point; false, and the field as it was, when no cell can hold it.
 bool putresult(float& field, double value);
-
-/// Tells how many rows of a set had no result, and the first of them; nothing for none.
-void tellwithout(int set, int rows, std::size_t firstRow);

@@ -25,8 +25,9 @@ using Move = std::function<PlanePoint(PlanePoint)>;
 
 bool movepoints(int set, const Move& move) {
     return changegrid([&] {
-        return rewriteset(set, true, [&](std::size_t, Cell& cell) {
-            return putpoint(cell, move({cell.x, cell.y}));
+        return rewriteset(set, [&](std::size_t, GridPoint& point) {
+            Cell& cell = point.cell;
+            return point.hasY && putpoint(cell, move({cell.x, cell.y}));
         });
     });
 }
@@ -43,14 +44,15 @@ bool sumdown(float& field, double& sum) {
     return putresult(field, sum);
 }
 
+/// A row without the Y that is asked for has no result, but its X is part of the way to those behind it.
 bool suminterval(bool ofX, bool ofY) {
     const int set = askset({Word::Interval, Word::Transform}, session.activeSet);
     if (set == 0) return false;
     double sumX = 0, sumY = 0;
     return changegrid([&] {
-        return rewriteset(set, ofY, [&](std::size_t, Cell& cell) {
-            const bool x = !ofX || sumdown(cell.x, sumX);
-            const bool y = !ofY || sumdown(cell.y, sumY);
+        return rewriteset(set, [&](std::size_t, GridPoint& point) {
+            const bool x = !ofX || sumdown(point.cell.x, sumX);
+            const bool y = !ofY || (point.hasY && sumdown(point.cell.y, sumY));
             return x && y;
         });
     });
@@ -64,9 +66,9 @@ bool axisofset() {
     if (b == 0) return false;
     return changegrid([&] {
         const auto source = gridpoints(a);
-        return rewriteset(b, false, [&](std::size_t row, Cell& cell) {
-            if (row >= source.size() || !source[row]) return false;
-            cell.x = source[row]->y;
+        return rewriteset(b, [&](std::size_t row, GridPoint& point) {
+            if (row >= source.size() || !source[row] || !source[row]->hasY) return false;
+            point.cell.x = source[row]->cell.y;
             return true;
         });
     });
@@ -99,7 +101,7 @@ bool orderbyx() {
             if (points[row]) rows.push_back(row);
         std::vector<std::size_t> order = rows;
         std::stable_sort(order.begin(), order.end(),
-                         [&](std::size_t a, std::size_t b) { return points[a]->x < points[b]->x; });
+                         [&](std::size_t a, std::size_t b) { return points[a]->cell.x < points[b]->cell.x; });
         if (order == rows) return false;
         std::vector<std::string> texts;
         for (const std::size_t row : order) texts.push_back(gridcellsof(set)[row]);

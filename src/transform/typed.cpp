@@ -1,4 +1,3 @@
-#include "data/gridpoints.h"
 #include "expression/functionedit.h"
 #include "expression/functionrun.h"
 #include "expression/tokens.h"
@@ -10,17 +9,6 @@
 
 namespace {
 
-/// Rows of set A that have no partner in set B are left as they stand.
-void tellalone(int a, int b) {
-    const auto first = gridpoints(a), second = gridpoints(b);
-    int alone = 0;
-    std::size_t row = 0;
-    for (std::size_t at = 0; at < first.size(); ++at)
-        if (first[at] && (at >= second.size() || !second[at]))
-            if (alone++ == 0) row = at;
-    tellwithout(a, alone, row);
-}
-
 /// Takes the function in the names of a mode, and runs it over set a, with set b beside it in a mode of two.
 bool runtyped(int16_t mode, int a, int b) {
     const Keep keep{session.functionMode, session.functionSet, session.functionSetB};
@@ -28,11 +16,7 @@ bool runtyped(int16_t mode, int a, int b) {
     session.functionSet = a;
     session.functionSetB = b;
     if (!functionedit()) return false;
-    return changegrid([&] {
-        if (!functionrun(a)) return false;
-        if (oftwosets(mode)) tellalone(a, b);
-        return true;
-    });
+    return changegrid([a] { return functionrun(a); });
 }
 
 bool ofoneset(int16_t mode) {

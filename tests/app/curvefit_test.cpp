@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
+#include <cmath>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -40,6 +41,21 @@ protected:
         const int status = std::system(command.c_str());
         return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, contents(folder / "stdout"),
                 contents(folder / "stderr")};
+    }
+
+    /// The results of the first set of the saved file.
+    Json reopened() {
+        const std::string command = "cd '" + folder.string() + "' && HOME='" + folder.string()
+                                    + "' XDG_CONFIG_HOME= XDG_DATA_HOME= '" VANEXC
+                                      "' kept.v -p V --json - >stdout";
+        EXPECT_EQ(std::system(command.c_str()), 0);
+        return Json::parse(contents(folder / "stdout"))["sets"][0];
+    }
+    static void expectcurve(const Json& set, const Json& expected) {
+        for (const char* field : {"model", "coefficients", "standardError", "r", "equation"}) {
+            EXPECT_FALSE(expected[field].is_null()) << field;
+            EXPECT_EQ(set[field], expected[field]) << field;
+        }
     }
 
     fs::path folder;
@@ -101,13 +117,30 @@ TEST_F(VanexcFit, CurvesBelongToTheVisualSide) {
     EXPECT_NE(outcome.err.find("-p V"), std::string::npos) << outcome.err;
 }
 
-TEST_F(VanexcFit, ASavedFileKeepsItsKindAndCoefficients) {
-    ASSERT_EQ(run("-p V --fit quadratic --save kept.v", "1x1\n2x4\n3x9\n").status, 0);
-    const std::string kept = contents(folder / "kept.v");
-    EXPECT_NE(kept.find("SOLCOEF"), std::string::npos);
-    const std::string command = "cd '" + folder.string() + "' && HOME='" + folder.string()
-                                + "' XDG_CONFIG_HOME= XDG_DATA_HOME= '" VANEXC
-                                  "' kept.v -p V --json - >stdout";
-    EXPECT_EQ(std::system(command.c_str()), 0);
-    EXPECT_EQ(Json::parse(contents(folder / "stdout"))["sets"][0]["model"], "quadratic");
+TEST_F(VanexcFit, ASavedFileKeepsItsKindAndGivesTheSameCurve) {
+    const Outcome first = run("-p V --fit quadratic --json - --save kept.v", "1x1\n2x4.5\n3x8\n4x17\n5x24\n");
+    ASSERT_EQ(first.status, 0) << first.err;
+    EXPECT_NE(contents(folder / "kept.v").find("SOLCOEF"), std::string::npos);
+    const Json before = Json::parse(first.out)["sets"][0];
+    EXPECT_EQ(before["model"], "quadratic");
+    expectcurve(reopened(), before);
+}
+
+TEST_F(VanexcFit, ASavedFileKeepsFilledValuesApartFromMeasuredOnes) {
+    std::ofstream(folder / "run.opt") << "FITFILL\n";
+    const Outcome first =
+        run("-p V --fit linear -a run.opt --json - --save kept.v", "1x2\n2x1\n3\n4x5\n5x4\n6_a\n");
+    ASSERT_EQ(first.status, 0) << first.err;
+    const Json before = Json::parse(first.out)["sets"][0];
+    EXPECT_NEAR(before["standardError"], std::sqrt(1.8), 1e-12);
+    const Json after = reopened();
+    expectcurve(after, before);
+    EXPECT_NEAR(after["points"][5]["y"], 5.4, 1e-6); // .6 + .8 * 6
+}
+
+TEST_F(VanexcFit, AWrongSettingOfAnOptionFileIsToldAsWrongUse) {
+    std::ofstream(folder / "run.opt") << "FIT=foo\n";
+    const Outcome outcome = run("-p V -a run.opt");
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_NE(outcome.err.find("Unknown: FIT=foo"), std::string::npos) << outcome.err;
 }

@@ -157,6 +157,21 @@ TEST_F(Curves, AConstantOutsideSinglesIsKeptAsItsLogarithm) {
     EXPECT_NEAR(a, std::pow(2.0, -100), 1e-12 * std::pow(2.0, -100));
 }
 
+TEST_F(Curves, ACoefficientThatNoDoubleHoldsIsNull) {
+    // b = e^-7991.7: an activation energy of 0.69 eV
+    set({"300x2.6e-12", "350x1.2e-10", "400x2.1e-9", "450x1.9e-8", "500x1.1e-7"}, arrheniusXFit);
+    EXPECT_NEAR(curve().coefficients[1], -7991.7, .1);
+    auto coefficients = json()["sets"][0]["coefficients"];
+    EXPECT_NEAR(coefficients[0], .9788, 1e-4);
+    EXPECT_TRUE(coefficients[1].is_null()) << coefficients;
+    session.curves(1).coefficients[1] = -720; // held with four digits only
+    EXPECT_TRUE(json()["sets"][0]["coefficients"][1].is_null());
+    session.curves(1).coefficients[1] = 800;
+    EXPECT_TRUE(json()["sets"][0]["coefficients"][1].is_null());
+    session.curves(1).coefficients[1] = -700;
+    EXPECT_EQ(json()["sets"][0]["coefficients"][1], std::exp(-700.0));
+}
+
 TEST_F(Curves, OnAProbabilityScaleTheFitIsComparedAsItIsSeen) {
     session.plotMode = 1;
     session.progSide = visualSide;
@@ -179,14 +194,37 @@ TEST_F(Curves, MissingValuesAreFilledOnceFromTheCurve) {
     session.fillMissing = 1;
     set({"1x3", "2", "3x7", "4xx2", "5_late one", "6*"}, linearFit);
     const Cells& cells = session.gridCells[0];
-    EXPECT_EQ(cells[1], "2x5");
-    EXPECT_EQ(cells[3], "4x9x2");
-    EXPECT_EQ(cells[4], "5x11_late one");
-    EXPECT_EQ(cells[5], "6x13");
+    EXPECT_EQ(cells[1], "2x5_(fill)");
+    EXPECT_EQ(cells[3], "4x9x2_(fill)");
+    EXPECT_EQ(cells[4], "5x11_late one (fill)");
+    EXPECT_EQ(cells[5], "6x13_(fill)");
+    std::string point;
+    celltext(point, 1, 5);
+    EXPECT_EQ(point, "5x11x1x0_late one (fill)");
     EXPECT_EQ(cells[0], "1x3");
     EXPECT_EQ(session.Y(1, 2), 5);
     EXPECT_EQ(session.fillMissing, 0);
     EXPECT_EQ(curve().dataHigh, 3); // the curve is that of what was measured
+}
+
+TEST_F(Curves, FilledValuesAreNoMeasurementsOfTheNextCycle) {
+    session.fillMissing = 1;
+    set({"1x2", "2x1", "3", "4x5", "5x4", "6_a", "7_", "8_a (fill)"}, linearFit); // se = sqrt(3.6/2)
+    const double error = curve().standardError;
+    EXPECT_NEAR(error, std::sqrt(1.8), 1e-14);
+    EXPECT_EQ(session.gridCells[0][5].substr(session.gridCells[0][5].find('_')), "_a (fill)");
+    EXPECT_EQ(session.gridCells[0][6].substr(session.gridCells[0][6].find('_')), "_(fill)");
+    EXPECT_EQ(session.gridCells[0][7].substr(session.gridCells[0][7].find('_')), "_a (fill)");
+    const auto coefficients = curve().coefficients;
+    for (int cycle = 0; cycle < 2; ++cycle) {
+        calcplot();
+        EXPECT_EQ(curve().standardError, error);
+        EXPECT_EQ(curve().coefficients, coefficients);
+        EXPECT_EQ(told()[0], "Set 1: Linear Fit: Point Quantity = 4 (4 Not Possible)");
+    }
+    gridset(1, 3, "3x3_(filled)"); // another label is a measurement's
+    calcplot();
+    EXPECT_NE(curve().standardError, error);
 }
 
 TEST_F(Curves, AnUndoGivesTheOpenCellsBack) {
@@ -196,12 +234,12 @@ TEST_F(Curves, AnUndoGivesTheOpenCellsBack) {
     set({"1x3", "2", "3x7"}, linearFit);
     session.fillMissing = 1;
     calcplot();
-    ASSERT_EQ(session.gridCells[0][1], "2x5");
+    ASSERT_EQ(session.gridCells[0][1], "2x5_(fill)");
     ASSERT_TRUE(undo());
     EXPECT_EQ(session.gridCells[0][1], "2");
     EXPECT_EQ(session.FITKIND(1), linearFit);
     ASSERT_TRUE(redo());
-    EXPECT_EQ(session.gridCells[0][1], "2x5");
+    EXPECT_EQ(session.gridCells[0][1], "2x5_(fill)");
 }
 
 TEST_F(Curves, ACellOutsideTheDomainOfTheCurveStaysOpen) {
@@ -209,7 +247,7 @@ TEST_F(Curves, ACellOutsideTheDomainOfTheCurveStaysOpen) {
     desk.expectmessage("Cannot Fill (1)");
     set({"1x3", "2x6", "-4", "4x12", "8"}, powerFit);
     EXPECT_EQ(session.gridCells[0][2], "-4");
-    EXPECT_EQ(session.gridCells[0][4], "8x24");
+    EXPECT_EQ(session.gridCells[0][4], "8x24_(fill)");
 }
 
 /// An order 5 over years: its coefficients lose the digits that a filled value must have.
@@ -227,8 +265,11 @@ TEST_F(Curves, ACurveThatItsCoefficientsDoNotTellFillsNothing) {
 
 TEST_F(Curves, WithoutACurveNothingIsFilled) {
     session.fillMissing = 1;
+    desk.expectmessage("Point Fill: No Curve Fit");
     set({"1x3", "2", "3x7"});
+    desk.verify();
     EXPECT_EQ(session.gridCells[0][1], "2");
+    EXPECT_EQ(session.fillMissing, 0);
 }
 
 // ---- what is told ----

@@ -60,6 +60,13 @@ TEST_F(CurveWords, AnOptionFileAsksForTheCurvesOfItsRun) {
     EXPECT_EQ(curve(2).fitmodel, quadraticFit);
 }
 
+TEST_F(CurveWords, AWrongSettingOfAnOptionFileIsNoted) {
+    optionfiletake("FIT=foo\r\nFITFILL\r\nOPTREPL\r\nFITPAR-ORDER 12\r\nF My plot\r\n");
+    EXPECT_EQ(session.cmdNotes, (Cells{"Unknown: FIT=foo", "Unknown: FITPAR-ORDER 12"}));
+    EXPECT_EQ(session.fillMissing, 1);
+    EXPECT_EQ(session.titleWanted, "My plot");
+}
+
 TEST_F(CurveWords, ARunMayAskForNoCurves) {
     sets({{"1x1", "2x4", "3x9"}}, {linearFit});
     ASSERT_EQ(curve().fitmodel, linearFit);

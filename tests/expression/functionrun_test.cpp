@@ -55,9 +55,10 @@ TEST_F(FunctionRun, WritesYFromTheYOfTwoSets) {
     session.functionMode = functionTwoSetsY;
     set(1, {"1x10", "2x20", "", "4x40_d"});
     set(2, {"5x3", "6", "7x8", "9x2"});
+    platform.expectmessage("Set 1: No Results (1) ... Row 2");
     EXPECT_TRUE(run("A*B+n+yL"));
-    // 3 rows that both have, B of the last is 2; a missing Y counts as 0
-    EXPECT_EQ(cells(1), (Cells{"1x35", "2x5", "", "4x85_d"}));
+    // 2 rows whose Y both have, B of the last is 2
+    EXPECT_EQ(cells(1), (Cells{"1x34", "2x20", "", "4x84_d"}));
     EXPECT_EQ(functionline(), " Y = A*B+n+yL");
 }
 
@@ -76,8 +77,29 @@ TEST_F(FunctionRun, WritesXInItsMode) {
 
 TEST_F(FunctionRun, KeepsQuantityZAndLabel) {
     set(1, {"1x10x3x4_pump 7", "2x20x1x0_ x", "3_ "});
-    EXPECT_TRUE(run("2*y+1"));
-    EXPECT_EQ(cells(1), (Cells{"1x21x3x4_pump 7", "2x41_ x", "3x1_ "}));
+    EXPECT_TRUE(run("2*x+1"));
+    EXPECT_EQ(cells(1), (Cells{"1x3x3x4_pump 7", "2x5_ x", "3x7_ "}));
+}
+
+TEST_F(FunctionRun, ARowWithoutTheYThatTheFunctionReadsHasNoResult) {
+    set(1, {"1x10", "2", "3x30_c", "4xx2"});
+    platform.expectmessage("Set 1: No Results (2) ... Row 2");
+    EXPECT_TRUE(run("2*y+j+n"));
+    EXPECT_EQ(cells(1), (Cells{"1x25", "2", "3x67_c", "4xx2"}));
+    session.functionMode = functionX;
+    platform.expectmessage("Set 1: No Results (2) ... Row 2");
+    EXPECT_TRUE(run("x*100+sum(y)"));
+    EXPECT_EQ(cells(1), (Cells{"125x25", "2", "392x67_c", "4xx2"}));
+}
+
+TEST_F(FunctionRun, TheLastYIsTheLastThatThereIs) {
+    set(1, {"1x10", "2x20", "3"});
+    EXPECT_TRUE(run("x+yL"));
+    EXPECT_EQ(cells(1), (Cells{"1x21", "2x22", "3x23"}));
+    set(1, {"1", "2", ""});
+    platform.expectmessage("Set 1: No Results (2) ... Row 1");
+    EXPECT_FALSE(run("x+yL"));
+    EXPECT_EQ(cells(1), (Cells{"1", "2", ""}));
 }
 
 TEST_F(FunctionRun, PassesOverCellsThatAreNoPoints) {
@@ -119,6 +141,7 @@ TEST_F(FunctionRun, TakesTheRowsThatBothOfTwoSetsHave) {
     session.functionMode = functionTwoSets;
     set(1, {"1", "2", "3"});
     set(2, {"10", "", "30", "40"});
+    platform.expectmessage("Set 1: No Results (1) ... Row 2");
     EXPECT_TRUE(run("A+B", 3));
     EXPECT_EQ(cells(3), (Cells{"11", "", "33"}));
 }

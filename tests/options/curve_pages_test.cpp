@@ -4,6 +4,7 @@
 
 #include "curvefit/curvesmain.h"
 #include "curvefit/models.h"
+#include "expression/functionrun.h"
 #include "options/pages.h"
 #include "platform/files.h"
 #include "session/script.h"
@@ -117,6 +118,17 @@ TEST_F(CurvePages, ACurveIsDrawnOverItsDataTheWindowOrFromAnX) {
     EXPECT_EQ(kind(1), powerFit);
 }
 
+TEST_F(CurvePages, ACurveCannotBeToldToBeginAtZero) {
+    session.curveExtrapolated = 0;
+    desk.expectkey("", '0');
+    desk.expectmenu("", 3);
+    desk.expectnumber("Extrapolate From X-Value", "0");
+    desk.expectmessage("Extrapolate From X-Value = 0 ... Not Possible");
+    EXPECT_FALSE(press(OptionPage::extrapolation, "X"));
+    EXPECT_EQ(session.curveExtrapolated, 0);
+    EXPECT_EQ(session.curveFrom, 0);
+}
+
 TEST_F(CurvePages, PointFillAsksForTheNextCycle) {
     EXPECT_TRUE(press(OptionPage::curveFit, "FX"));
     EXPECT_EQ(session.fillMissing, 1);
@@ -149,6 +161,11 @@ TEST_F(CurvePages, EquationsAreSavedAndOneIsTakenAsTheFunction) {
     EXPECT_EQ(session.fcode, session.curves(2).code);
     EXPECT_EQ(session.flitcount, static_cast<float>(session.curves(2).literals.size()));
     EXPECT_EQ(session.functionShown, 1);
+    session.fcode = "0102"; // x y: what cannot run gives way to the function that was taken
+    desk.expectmessage("Function: Error");
+    EXPECT_FALSE(functionrun(1));
+    EXPECT_EQ(session.fcode, session.curves(2).code);
+    EXPECT_EQ(functionliterals().size(), session.curves(2).literals.size());
 }
 
 TEST_F(CurvePages, AFileThatHoldsNoEquationsLeavesTheFunction) {

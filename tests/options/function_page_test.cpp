@@ -202,6 +202,7 @@ TEST_F(FunctionPage, ItemsOfTheTransformsReadAsTheyShould) {
     EXPECT_EQ(desk.shown.back().header, "Transform");
     EXPECT_EQ(item('1'), "1...New X = F(Former X ... Former Y)");
     EXPECT_EQ(item('2'), "2...New Y = F(Former X ... Former Y)");
+    EXPECT_EQ(item('3'), "3...New X = F(Former X ... Former Y) ... Set A, Set B");
     EXPECT_EQ(item('4'), "4...New Y = F(Y From Set A, Y From Set B)");
     EXPECT_EQ(item('5'), "5...New X For Set B = Y From Set A");
     EXPECT_EQ(item('7'), "7...Plot Of Set 1 Data vs. Set 2 Fit Results");

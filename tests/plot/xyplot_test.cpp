@@ -1,5 +1,7 @@
 #include <cmath>
 
+#include "curvefit/fitfunction.h"
+#include "curvefit/models.h"
 #include "plot/device_hpgl.h"
 #include "plot/plotchoice.h"
 #include "plot/readout.h"
@@ -155,6 +157,33 @@ TEST_F(VisualPlot, ACurveKeepsToItsDataOrBeginsWhereItIsTold) {
     session.curveExtrapolated = 1;
     EXPECT_NEAR(reach(drawn(), 1).first, 3, 0.01);
     EXPECT_NEAR(reach(drawn(), 1).second, 8, 0.01);
+}
+
+TEST_F(VisualPlot, AFittedCurveIsDrawnWhereItsModelHasAValue) {
+    session.xLimitLow = -10;
+    session.xLimitHigh = 10;
+    session.yLimitLow = -50;
+    session.yLimitHigh = 50;
+    const struct {
+        int16_t model;
+        double slope, low, high;
+    } cases[] = {{powerFit, .5, 0, 10},         // sqr(x)
+                 {powerFit, -1, 0.02, 10},      // 1/x
+                 {exponentialFit, 35, -2, .12}, // e^(35x): its machine's part, then beyond the window
+                 {exponentialFit, -35, -.12, 2}, {arrheniusXFit, -140, 2, 10}, // e^(-140/x)
+                 {arrheniusXFit, 140, -10, -2},  {arrheniusYFit, 2, 0, 10}};   // 2/ln(x)
+    for (const auto& one : cases) {
+        SCOPED_TRACE(testing::Message() << one.model << " " << one.slope);
+        sets({parabola});
+        SetCurve& fitted = session.curves(1);
+        fitted = {};
+        fitted.fitmodel = one.model;
+        fitted.coefficients = {1, one.slope};
+        fitfunction(fitted);
+        const auto [low, high] = reach(drawn(), 1);
+        EXPECT_NEAR(low, one.low, 0.15);
+        EXPECT_NEAR(high, one.high, 0.15);
+    }
 }
 
 TEST_F(VisualPlot, EquationAndCorrelationStandBesideThePlotUntilTheLinesAreHidden) {

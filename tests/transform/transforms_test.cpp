@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "curvefit/fitfunction.h"
+#include "curvefit/models.h"
 #include "data/cell.h"
 #include "session/session.h"
 #include "session/undo.h"
@@ -61,6 +63,10 @@ protected:
         desk.expecttext(shown, "");
         desk.expectmenu("Function Save To File", no);
     }
+    /// A row, the only one of its set, has no result.
+    void without(int row, int set = 1) {
+        desk.expectmessage("Set " + std::to_string(set) + ": No Results (1) ... Row " + std::to_string(row));
+    }
     /// Runs what was chosen; a cycle follows where it changes the data.
     void run(bool changes = true) {
         if (changes) expectbad();
@@ -88,7 +94,8 @@ protected:
     bool transformed = false, bad = false;
 };
 
-const Cells mixed = {"1x10", "", "_only a label", "2x20x3_a b", "six", "3x30x1x3.3E+33", "1,5x2", "4x40x2x7"};
+const Cells mixed = {"1x10",           "",      "_only a label", "2x20x3_a b", "six",
+                     "3x30x1x3.3E+33", "1,5x2", "4x40x2x7",      "7"};
 
 } // namespace
 
@@ -98,9 +105,18 @@ TEST_F(Transform, NewXIsTheFunctionOfFormerXAndY) {
     given({mixed}, true);
     choose('1');
     type(" X = ", "x*100+y");
+    without(9);
     run();
     EXPECT_EQ(cells(), (Cells{"110x10", "", "_only a label", "220x20x3_a b", "six", "330x30x1x3.3E+33",
-                              "1,5x2", "440x40x2x7"}));
+                              "1,5x2", "440x40x2x7", "7"}));
+}
+
+TEST_F(Transform, AFunctionThatReadsNoYKeepsItMissing) {
+    given({mixed}, true);
+    choose('1');
+    type(" X = ", "x*100");
+    run();
+    EXPECT_EQ(cells().back(), "700");
 }
 
 TEST_F(Transform, NewYIsTheFunctionOfFormerXAndY) {
@@ -108,10 +124,11 @@ TEST_F(Transform, NewYIsTheFunctionOfFormerXAndY) {
     choose('2');
     pick('B');
     type(" Y = ", "y-10*x");
+    without(9, 2);
     run();
     EXPECT_EQ(cells(1), Cells{"1x10"});
-    EXPECT_EQ(cells(2),
-              (Cells{"1x0", "", "_only a label", "2x0x3_a b", "six", "3x0x1x3.3E+33", "1,5x2", "4x0x2x7"}));
+    EXPECT_EQ(cells(2), (Cells{"1x0", "", "_only a label", "2x0x3_a b", "six", "3x0x1x3.3E+33", "1,5x2",
+                               "4x0x2x7", "7"}));
 }
 
 TEST_F(Transform, ARowWithoutAResultKeepsItsCellAndIsToldOnce) {
@@ -137,13 +154,14 @@ TEST_F(Transform, NewXOfTwoSetsTakesTheirX) {
 }
 
 TEST_F(Transform, NewYOfTwoSetsTakesTheirYAndKeepsX) {
-    given({{"1x5", "2x6x4x9_p", "3x7"}, {"10x50", "20x60", "30x70"}});
+    given({{"1x5", "2x6x4x9_p", "3x7", "4", "5x9"}, {"10x50", "20x60", "30x70", "40x80", "50"}});
     choose('4');
     pick('A');
     pick('B');
     type(" Y = ", "B/A+j");
+    desk.expectmessage("Set 1: No Results (2) ... Row 4");
     run();
-    EXPECT_EQ(cells(1), (Cells{"1x11", "2x12x4x9_p", "3x13"}));
+    EXPECT_EQ(cells(1), (Cells{"1x11", "2x12x4x9_p", "3x13", "4", "5x9"}));
     EXPECT_EQ(cells(2), before[1]);
 }
 
@@ -162,7 +180,7 @@ TEST_F(Transform, ACancelledFunctionChangesNothing) {
 // ---- from set to set ----
 
 TEST_F(Transform, NewXOfSetBIsTheYOfSetA) {
-    given({{"1x5", "2x6", "_no point", "4x8"}, {"10x50_l", "20x60x2", "30x70", "40", "50x90"}});
+    given({{"1x5", "2x6", "_no point", "4x8", "9"}, {"10x50_l", "20x60x2", "30x70", "40", "50x90"}});
     choose('5');
     pick('A');
     pick('B');
@@ -173,8 +191,9 @@ TEST_F(Transform, NewXOfSetBIsTheYOfSetA) {
 }
 
 TEST_F(Transform, TotalOfOneSetIsTheRunningSumInANewSet) {
-    given({{"1x10_a", "bad", "2x-4x3", "3x.5x1x6"}}, true);
+    given({{"1x10_a", "bad", "2x-4x3", "3x.5x1x6", "4x_not measured"}}, true);
     choose('6');
+    without(5);
     run();
     EXPECT_EQ(cells(1), before[0]);
     EXPECT_EQ(cells(2), (Cells{"1x10_a", "2x-2x3", "3x-1.5x1x6"})); // 10, 10 - 3 * 4, -2 + .5
@@ -183,9 +202,10 @@ TEST_F(Transform, TotalOfOneSetIsTheRunningSumInANewSet) {
 }
 
 TEST_F(Transform, TotalOfAllSetsAddsAtEachXAndTellsWhatIsNotInAll) {
-    given({{"2x20", "1x10x2", "3x30"}, {"1x1", "2x2", "4x4", "2x5"}});
+    given({{"2x20", "1x10x2", "3x30"}, {"1x1", "2x2", "4x4", "2x5", "7"}});
     choose('6');
     pick('A');
+    without(5, 2);
     desk.expectmessage("Not All Sets Have Same X (2)");
     run();
     EXPECT_EQ(cells(3), (Cells{"1x21", "2x27", "3x30", "4x4"}));
@@ -220,18 +240,26 @@ namespace {
 void putline(int set) {
     SetCurve& curve = session.curves(set);
     curve.fitmodel = 1;
-    curve.code = "0011001301";
-    curve.literals = {2, 3};
+    curve.coefficients = {2, 3};
+    fitfunction(curve);
+}
+
+void putlogarithmic(int set, int16_t model, double a, double slope) {
+    SetCurve& curve = session.curves(set);
+    curve.fitmodel = model;
+    curve.coefficients = {a, slope};
+    fitfunction(curve);
 }
 
 } // namespace
 
 TEST_F(Transform, DataAgainstTheFitOfAnotherSetTakesTheFitAtItsX) {
-    given({{"1x4.5_a", "no", "2x9x2", "10x30x1x8"}, {"1x5", "2x8"}}, true);
+    given({{"1x4.5_a", "no", "2x9x2", "10x30x1x8", "11"}, {"1x5", "2x8"}}, true);
     putline(2);
     choose('7');
     pick('A');
     pick('B');
+    without(5);
     run();
     EXPECT_EQ(cells(3), (Cells{"4.5x5_a", "9x8x2", "30x32x1x8"}));
     EXPECT_EQ(session.gridTitles.at(2), "Set 1 vs. Set 2 Fit");
@@ -261,6 +289,48 @@ TEST_F(Transform, ASetAloneIsComparedWithItsOwnFit) {
     EXPECT_EQ(cells(2), (Cells{"1x-1", "2x1"}));
 }
 
+TEST_F(Transform, APointOutsideTheDomainOfTheCurveHasNoFit) {
+    const struct {
+        int16_t model;
+        const char *outside, *within, *difference;
+    } cases[] = {{powerFit, "-2x3", "3x10", "3x1"}, // x^2
+                 {powerFit, "0x3", "3x10", "3x1"},
+                 {arrheniusXFit, "0x3", "1x8", nullptr}, // e^(2/x)
+                 {arrheniusYFit, "-1x3", "2x8", nullptr},
+                 {arrheniusYFit, "1x3", "2x8", nullptr}}; // its pole: 2 / ln(x)
+    for (const auto& one : cases) {
+        for (const char letter : {'7', '8'}) {
+            session.gridTitles.clear();
+            given({{one.outside, one.within}});
+            putlogarithmic(1, one.model, 1, 2);
+            choose(letter);
+            without(1);
+            run();
+            ASSERT_EQ(cells(2).size(), 1u) << one.outside;
+            if (one.difference && letter == '8') {
+                EXPECT_EQ(cells(2), Cells{one.difference});
+            }
+        }
+    }
+}
+
+TEST_F(Transform, AFitBeyondTheExponentOfTheFunctionsIsThatOfTheCurve) {
+    given({{"75x1"}});
+    putlogarithmic(1, exponentialFit, 1, 1);
+    choose('7');
+    run();
+    EXPECT_EQ(point(1, 2).y, static_cast<float>(std::exp(75.0)));
+}
+
+TEST_F(Transform, ADifferenceFromTheFitNeedsAY) {
+    given({{"1x4", "2", "3x9"}});
+    putline(1);
+    choose('8');
+    without(2);
+    run();
+    EXPECT_EQ(cells(2), (Cells{"1x-1", "3x-2"}));
+}
+
 TEST_F(Transform, WithoutACurveTheDataStay) {
     given({{"1x4", "2x9"}, {"1x5"}});
     for (const char letter : {'7', '8'}) {
@@ -276,9 +346,11 @@ TEST_F(Transform, WithoutACurveTheDataStay) {
 // ---- the plane ----
 
 TEST_F(Transform, RectangularToPolarGivesAngleAndRadius) {
-    given({{"1x0", "0x2_up", "", "-3x0x2", "0x-4x1x6", "3x4", "-2x-2"}});
+    given({{"1x0", "0x2_up", "", "-3x0x2", "0x-4x1x6", "3x4", "-2x-2", "9"}});
     choose('A');
+    without(8);
     run();
+    EXPECT_EQ(cells()[7], "9");
     EXPECT_EQ(cells()[0], "0x1");
     EXPECT_EQ(cells()[1], "90x2_up");
     EXPECT_EQ(cells()[2], "");
@@ -291,9 +363,11 @@ TEST_F(Transform, RectangularToPolarGivesAngleAndRadius) {
 }
 
 TEST_F(Transform, PolarToRectangularIsTheWayBack) {
-    given({{"0x1", "90x2_up", "180x3x2", "-90x4x1x6", "30x8", "x"}}, true);
+    given({{"0x1", "90x2_up", "180x3x2", "-90x4x1x6", "30x8", "x", "9_k"}}, true);
     choose('B');
+    without(7);
     run();
+    EXPECT_EQ(cells()[6], "9_k");
     EXPECT_EQ(Cells(cells().begin(), cells().begin() + 4), (Cells{"1x0", "0x2_up", "-3x0x2", "0x-4x1x6"}));
     EXPECT_EQ(point(5).x, 6.9282032303f);
     EXPECT_EQ(point(5).y, 4);
@@ -301,12 +375,13 @@ TEST_F(Transform, PolarToRectangularIsTheWayBack) {
 }
 
 TEST_F(Transform, RotationTurnsCounterClockwiseByTheAngle) {
-    given({{"1x0_r", "3x4x2"}, {"1x1"}});
+    given({{"1x0_r", "3x4x2", "9"}, {"1x1"}});
     choose('P');
     pick('A');
     desk.expectnumber("Angle", "90");
+    without(3);
     run();
-    EXPECT_EQ(cells(1), (Cells{"0x1_r", "-4x3x2"}));
+    EXPECT_EQ(cells(1), (Cells{"0x1_r", "-4x3x2", "9"}));
     EXPECT_EQ(cells(2), Cells{"1x1"});
 }
 
@@ -321,17 +396,19 @@ TEST_F(Transform, ARotationCancelledAtItsAngleChangesNothing) {
 TEST_F(Transform, SwapExchangesTheAxes) {
     given({mixed}, true);
     choose('S');
+    without(9);
     run();
     EXPECT_EQ(cells(), (Cells{"10x1", "", "_only a label", "20x2x3_a b", "six", "30x3x1x3.3E+33", "1,5x2",
-                              "40x4x2x7"}));
+                              "40x4x2x7", "7"}));
 }
 
 TEST_F(Transform, SwapTwiceIsTheIdentity) {
     given({mixed}, true);
-    choose('S');
-    run();
-    choose('S');
-    run();
+    for (int turn = 0; turn < 2; ++turn) {
+        choose('S');
+        without(9);
+        run();
+    }
     EXPECT_EQ(cells(), mixed);
     expectbad();
     undo();
@@ -360,7 +437,7 @@ TEST_F(Transform, DataInOrderStayAndMakeNoStep) {
 
 TEST_F(Transform, HistogramCountsTheValuesOfOneAxisWithTheirQuantities) {
     // 10 values: 1 + 3.3 ln 10 = 8.6, 8 bars of 9 / 8.
-    given({{"1x0", "2x0x2", "3x0x3_l", "bad", "4x0x2", "5x0", "10x0"}}, true);
+    given({{"1x0", "2x0x2", "3x0x3_l", "bad", "4x0x2", "5x0", "10"}}, true);
     choose('H');
     desk.expectkey("", 'A');
     run();
@@ -371,10 +448,11 @@ TEST_F(Transform, HistogramCountsTheValuesOfOneAxisWithTheirQuantities) {
 }
 
 TEST_F(Transform, HistogramOfYLeavesXAlone) {
-    given({{"7x1"}, {"500x0", "100x4", "900x10"}});
+    given({{"7x1"}, {"500x0", "100x4", "900x10", "300"}});
     choose('H');
     pick('B');
     desk.expectkey("", 'B');
+    without(4, 2);
     run();
     EXPECT_EQ(cells(3), (Cells{"1x1", "3x0", "5x1", "7x0", "9x1"})); // 4 lies on an edge: the bar above
 }
@@ -389,8 +467,9 @@ TEST_F(Transform, AHistogramWithoutAnAxisIsNone) {
 }
 
 TEST_F(Transform, HistogramFromBothAxesAddsYInEachIntervalOfX) {
-    given({{"0x2", "1x.5", "5x3x2", "10x-4"}});
+    given({{"0x2", "1x.5", "5x3x2", "10x-4", "20"}});
     choose('J');
+    without(5);
     run();
     // 5 points: 1 + 3.3 ln 5 = 6.3, 6 bars of 10 / 6; 5 lies on the third edge.
     const double totals[] = {2.5, 0, 0, 6, 0, -4};
@@ -414,22 +493,24 @@ TEST_F(Transform, IntervalsOfXBecomeSums) {
 }
 
 TEST_F(Transform, IntervalsOfYBecomeSums) {
-    given({{"10x1", "20x2_a", "30x-4"}});
+    given({{"10x1", "20x2_a", "25", "30x-4"}});
     choose('I');
     choose('C');
+    without(3);
     desk.expectkey("", 'X');
     run();
-    EXPECT_EQ(cells(), (Cells{"10x1", "20x3_a", "30x-1"}));
+    EXPECT_EQ(cells(), (Cells{"10x1", "20x3_a", "25", "30x-1"}));
 }
 
 TEST_F(Transform, IntervalsOfBothBecomeSums) {
-    given({{"10x1", "20x2", "30x4"}, {"1x1"}});
+    given({{"10x1", "20x2", "5", "30x4"}, {"1x1"}});
     choose('I');
     choose('D');
     pick('A');
+    without(3);
     desk.expectkey("", 'X');
     run();
-    EXPECT_EQ(cells(), (Cells{"10x1", "30x3", "60x7"}));
+    EXPECT_EQ(cells(), (Cells{"10x1", "30x3", "5", "65x7"})); // the 5 of X lie on the way
 }
 
 TEST_F(Transform, NoChangeOfIntervalsIsNone) {
