@@ -91,6 +91,7 @@ void curvefillstake(const std::vector<FilledCell>& fills) {
     for (const FilledCell& fill : fills) {
         const int row = static_cast<int>(rowofset(static_cast<float>(fill.set)));
         session.Y(row, fill.point) = session.entryY(row, fill.point) = fill.y;
+        session.pointTypes(fill.set, fill.point) = Occr;
         pointlabelput(fill.set, fill.point, cellsplit(fill.text).label);
     }
 }

@@ -49,8 +49,8 @@ Statistics statisticsof(int set) {
         const double quantity = std::max(1.0, std::floor(static_cast<double>(cell.quantity)));
         if (all.points == 0 || x < all.xLow) all.xLow = x, all.xLowRow = row;
         if (all.points == 0 || x > all.xHigh) all.xHigh = x, all.xHighRow = row;
-        if (all.points == 0 || cell.y < all.yLow) all.yLow = cell.y, all.yLowRow = row;
-        if (all.points == 0 || cell.y > all.yHigh) all.yHigh = cell.y, all.yHighRow = row;
+        if (cell.hasY && (all.yLowRow == 0 || cell.y < all.yLow)) all.yLow = cell.y, all.yLowRow = row;
+        if (cell.hasY && (all.yHighRow == 0 || cell.y > all.yHigh)) all.yHigh = cell.y, all.yHighRow = row;
         ++all.points;
         all.quantity += quantity;
         count(all, gridmark(set, row), quantity);
