@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "curvefit/models.h"
+#include "data/numbertext.h"
 #include "expression/functionrun.h"
 #include "expression/functiontext.h"
 #include "expression/program.h"
@@ -247,6 +248,45 @@ std::string shorttext(const char* start, std::string_view code, std::span<const 
     return text;
 }
 
+/// A coefficient of a fit with its sign; a plus in front of none.
+void appendcoefficient(std::string& text, double value, bool withPlus) {
+    if (withPlus && !(value < 0)) text += '+';
+    appendsignificant(text, value, session.maskDigits[fitUse]);
+}
+
+std::string polynomialtext(const SetCurve& curve) {
+    std::string text = "y=";
+    for (std::size_t i = 0; i < curve.coefficients.size(); ++i) {
+        appendcoefficient(text, curve.coefficients[i], i > 0);
+        if (i > 0) text += "*x";
+        if (i > 1) text += "^" + std::to_string(i);
+    }
+    return text;
+}
+
+/// Of a model that is a straight line in coordinates of its own: a, or its logarithm within the exponent
+/// where a itself is no number to be shown, and the slope.
+std::string straighttext(const SetCurve& curve, const CurveModel& model) {
+    const char* const of = model.swapped ? "y" : "x";
+    std::string text = model.swapped ? "x=" : "y=";
+    const bool power = model.across == Coordinate::logarithm;
+    if (!curve.noLogarithm) {
+        appendcoefficient(text, curve.coefficients[0], false);
+        text += '*';
+    }
+    if (power && !curve.noLogarithm) {
+        (text += of) += "^(";
+        appendcoefficient(text, curve.coefficients[1], false);
+        return text + ")";
+    }
+    text += "exp(";
+    if (curve.noLogarithm) appendcoefficient(text, curve.coefficients[0], false);
+    appendcoefficient(text, curve.coefficients[1], curve.noLogarithm);
+    text += power ? "*ln(" : model.across == Coordinate::reciprocal ? "/" : "*";
+    text += of;
+    return text + (power ? "))" : ")");
+}
+
 } // namespace
 
 bool curveshown(int k) {
@@ -265,7 +305,14 @@ int functioncolour() {
     return setcount() % setColours + 1;
 }
 
-std::string curvetext(int k) { return shorttext("y=", session.curves(k).code, session.curves(k).literals); }
+std::string curvetext(int k) {
+    const SetCurve& curve = session.curves(k);
+    const auto model = modelofcode(static_cast<int>(curve.fitmodel));
+    if (!model || curve.coefficients.empty()) return {};
+    std::string text = model->ispolynomial() ? polynomialtext(curve) : straighttext(curve, *model);
+    wordnumber(text);
+    return text;
+}
 std::string typedtext() { return shorttext("f(x)=", session.fcode, functionliterals()); }
 
 void addfunction(DrawnRange& x, DrawnRange& y) {

@@ -189,6 +189,7 @@ TEST_F(VisualPlot, AFittedCurveIsDrawnWhereItsModelHasAValue) {
 TEST_F(VisualPlot, EquationAndCorrelationStandBesideThePlotUntilTheLinesAreHidden) {
     sets({parabola});
     curve(1, "1.23456789+2.5*x", 1, 5);
+    session.curves(1).coefficients = {1.23456789, 2.5};
     const RecordingDevice device = drawn();
     EXPECT_TRUE(shows(device, "y=1.235+2.5*x"));
     EXPECT_TRUE(shows(device, "r=.98765"));
@@ -198,9 +199,36 @@ TEST_F(VisualPlot, EquationAndCorrelationStandBesideThePlotUntilTheLinesAreHidde
     EXPECT_TRUE(linesof(hidden, 1).empty());
 }
 
+TEST_F(VisualPlot, TheEquationOfAModelIsTheOneThatUsersKnow) {
+    sets({parabola});
+    const struct {
+        float model;
+        std::vector<double> coefficients; ///< a, and ln b; b itself of the power model
+        bool logarithm;
+        const char* text;
+    } cases[] = {{exponentialFit, {188.699, -0.04349}, false, "y=188.7*exp(-.04349*x)"},
+                 {powerFit, {2.5, 1.5}, false, "y=2.5*x^(1.5)"},
+                 {arrheniusXFit, {16.28, -2.2496}, false, "y=16.28*exp(-2.25/x)"},
+                 {arrheniusYFit, {16.28, 2.2496}, false, "x=16.28*exp(2.25/y)"},
+                 {exponentialFit, {120.5, -0.5}, true, "y=exp(120.5-.5*x)"},
+                 {powerFit, {120.5, 30}, true, "y=exp(120.5+30*ln(x))"}};
+    for (const auto& one : cases) {
+        SetCurve& fitted = session.curves(1);
+        fitted.fitmodel = one.model;
+        fitted.coefficients = one.coefficients;
+        fitted.noLogarithm = one.logarithm;
+        EXPECT_EQ(curvetext(1), one.text);
+    }
+    session.curves(1).coefficients = {10.62, -1.851, 0.0975238};
+    session.curves(1).fitmodel = quadraticFit;
+    EXPECT_EQ(curvetext(1), "y=10.62-1.851*x+.09752*x^2");
+}
+
 TEST_F(VisualPlot, ALongEquationIsBrokenAtItsSigns) {
     sets({parabola});
     curve(1, "1.2346+2.3456*x-3.4567*x^2+4.5678*x^3-5.6789*x^4", 1, 5);
+    session.curves(1).fitmodel = 4;
+    session.curves(1).coefficients = {1.2346, 2.3456, -3.4567, 4.5678, -5.6789};
     const RecordingDevice device = drawn();
     std::string whole;
     for (const auto& t : device.texts)
