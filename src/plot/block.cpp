@@ -158,7 +158,7 @@ bool anycurve() {
 
 /// An equation on as many lines as it needs, cut before its signs.
 void equationlines(std::vector<BlockLine>& lines, std::string_view text, int colour) {
-    constexpr std::size_t room = 30;
+    constexpr std::size_t room = 22;
     while (!text.empty()) {
         std::size_t cut = text.size();
         if (text.size() > room) {
