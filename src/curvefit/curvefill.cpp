@@ -53,7 +53,7 @@ void fillset(int k, std::vector<FilledCell>& fills) {
         FilledCell fill{k, one.point, one.place, sngguard(value), {}};
         fill.text = withordinate(cells[one.place], fill.y);
         const Cell again = cellsplit(fill.text);
-        const bool holds = precise && std::isfinite(value) && std::fabs(value) < 9e29 && cellhasy(fill.text)
+        const bool holds = precise && std::isfinite(value) && std::fabs(value) < 9e29 && again.hasY
                            && again.x == cell.x && again.y == fill.y && again.quantity == cell.quantity
                            && again.z == cell.z && again.label.starts_with(cell.label)
                            && isfilled(again.label);

@@ -121,8 +121,6 @@ Cell cellsplit(std::string_view text) {
     return cell;
 }
 
-bool cellhasy(std::string_view text) { return readfield(partsof(text).fields[1]).given; }
-
 bool hasordinate(int k, int j) {
     return session.progSide != visualSide || session.pointTypes(k, j) != noOrdinate;
 }

@@ -22,9 +22,6 @@ struct Cell {
 /// Cuts one cell string. The view in `label` points into `text`. No allocation.
 Cell cellsplit(std::string_view text);
 
-/// True when a number stands in the second field of a cell: cellsplit reads 0 where there is none.
-bool cellhasy(std::string_view text);
-
 /// What pointTypes holds, on the visual side, of a point whose cell has no Y. It counts as 0, but it was not
 /// measured: no plot shows it, no fit takes it, and a file keeps it missing.
 inline constexpr int16_t noOrdinate = 9;

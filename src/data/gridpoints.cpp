@@ -20,7 +20,7 @@ std::vector<std::optional<GridPoint>> gridpoints(int k) {
     for (const std::string& text : gridcellsof(k)) {
         const Cell cell = cellsplit(text);
         points.emplace_back();
-        if (ispointtext(text, cell)) points.back() = GridPoint{cell, cellhasy(text)};
+        if (ispointtext(text, cell)) points.back() = GridPoint{cell, cell.hasY};
     }
     return points;
 }
@@ -36,11 +36,11 @@ std::optional<std::string> pointtext(const GridPoint& point) {
     while (last > least && fields[last] == silent[last]) --last;
     for (int i = 0; i <= last; ++i) {
         text += 'x';
-        appendtrimmed(text, fields[i]);
+        if (i > 0 || point.hasY) appendtrimmed(text, fields[i]);
     }
     if (!cell.label.empty()) (text += '_') += cell.label;
     const Cell again = cellsplit(text);
-    const bool holds = again.hasValue && again.x == cell.x && again.y == cell.y
+    const bool holds = again.hasValue && again.hasY == point.hasY && again.x == cell.x && again.y == cell.y
                        && again.quantity == cell.quantity && again.z == cell.z && again.label == cell.label;
     return holds ? std::optional(std::move(text)) : std::nullopt;
 }

@@ -4,6 +4,7 @@
 
 #include "analysis/notices.h"
 #include "data/cell.h"
+#include "data/gridpoints.h"
 #include "session/session.h"
 
 namespace {
@@ -22,13 +23,6 @@ std::string_view trimmed(std::string_view text) {
     const auto start = text.find_first_not_of(" \t\r\n");
     if (start == std::string_view::npos) return {};
     return text.substr(start, text.find_last_not_of(" \t\r\n") - start + 1);
-}
-
-/// A comma that is not the decimal symbol may have been meant as one: reading only what stands before it
-/// would silently change the number.
-bool strangecomma(std::string_view text) {
-    return session.decimalSeparator != ","
-           && text.substr(0, text.find('_')).find(',') != std::string_view::npos;
 }
 
 /// The start of a cell's text, fit for a message whatever bytes it holds; braces would hide it.
@@ -51,7 +45,7 @@ void telldropped(int k, const Dropped& dropped) {
 
 } // namespace
 
-bool readablecell(std::string_view text) { return cellsplit(text).hasValue && !strangecomma(text); }
+bool readablecell(std::string_view text) { return ispointtext(text, cellsplit(text)); }
 
 void gridclear() {
     session.gridCells.clear();
@@ -82,7 +76,7 @@ bool gridget(float row) {
     for (const std::string& text : session.gridCells[column]) {
         ++line;
         const Cell cell = cellsplit(text);
-        if (cell.hasValue && !strangecomma(text)) {
+        if (ispointtext(text, cell)) {
             if (cellstore(cell, k, points + 1))
                 ++points;
             else
