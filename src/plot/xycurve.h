@@ -15,8 +15,8 @@ bool functiontyped();
 /// Palette number of the typed function: that behind the colour of the last set.
 int functioncolour();
 
-/// Text of a curve by its coefficients, "y=1.234+2.5*x", "y=188.7*exp(-.04349*x)", at the digits of a fit; and
-/// of the typed function.
+/// Text of a curve by its coefficients, "y=1.234+2.5*x", "y=188.7*exp(-.04349*x)", at the digits of a fit;
+/// and of the typed function.
 std::string curvetext(int k);
 std::string typedtext();
 
