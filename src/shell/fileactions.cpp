@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <string>
 
+#include "data/datafileopen.h"
 #include "data/datafilesave.h"
 #include "data/textpieces.h"
 #include "platform/paths.h"
@@ -96,6 +97,14 @@ void tellunread(DataRead end, const char* name) {
 /// Labels, titles and options of the template; its points are another's.
 void taketemplate() {
     if (session.templateFile.empty()) return;
+    // A file of the other side would bring standard options in place of the user's; a text has none to bring.
+    const bool life = session.progSide == lifeSide;
+    if (sideoffile(session.templateFile) != (life ? 'W' : 'V')) {
+        compose(session.msg, Word::Cannot, " ", Word::Open, " ", Word::File, ": ",
+                AsTyped{session.templateFile}, " ... ", Word::Template, " = ", life ? "VXW" : "VXV");
+        tellok();
+        return;
+    }
     const Keep keep{session.quietRead, session.fileName, session.undoActive};
     session.quietRead = 1;
     session.undoActive = 0; // the step is that of the new data

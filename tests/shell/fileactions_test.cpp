@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "data/datafilesave.h"
 #include "plot/markerline.h"
 #include "session/former.h"
 #include "session/opendata.h"
@@ -295,6 +296,28 @@ TEST_F(FileActions, ATemplateThatIsGoneIsToldAndTheGridIsEmpty) {
     desk.expectmessage("Cannot Open File");
     newdata();
     EXPECT_EQ(longestcolumn(), 0u);
+}
+
+TEST_F(FileActions, ATemplateOfTheOtherSideOrATextLeavesTheOptionsOfTheUser) {
+    chooseside(visualSide);
+    ASSERT_TRUE(allocatearrays());
+    life({"1x2", "2x4"});
+    const std::string trend = folder.path("trend.v");
+    ASSERT_TRUE(datafilesave(trend));
+    chooseside(lifeSide);
+    ASSERT_TRUE(allocatearrays());
+    for (const std::string& name : {trend, folder.write("plain.txt", "150\n230\n")}) {
+        given({"150", "230", "310"});
+        session.resultsDirty = 0;
+        session.dist = lognormal;
+        session.fitMethod = session.fitMethodSaved = maximumLikelihood;
+        session.templateFile = name;
+        desk.expectmessage("Template = VXW");
+        newdata();
+        EXPECT_EQ(session.dist, lognormal) << name;
+        EXPECT_EQ(session.fitMethod, maximumLikelihood) << name;
+        EXPECT_EQ(longestcolumn(), 0u) << name;
+    }
 }
 
 TEST_F(FileActions, WhatAFormerRunHasLeftIsReadAsDataWithoutAFile) {
