@@ -32,7 +32,8 @@ TextMarks settled(const TextLook& look, bool decimal) {
     return marks;
 }
 
-/// Every reading of what is undecided: two or three.
+/// Every reading of what is undecided: one to three. There is only one where commas that separate stand in
+/// some lines and what looks like a decimal comma in others.
 std::vector<TextMarks> readingsof(const TextLook& look) {
     std::vector<TextMarks> readings;
     if (look.decimals || look.marks.within == Comma::undecided) readings.push_back(settled(look, true));
@@ -98,8 +99,9 @@ bool settlecommas(const TextLook& look, TextMarks& marks) {
     const std::string_view line = look.firstLine.substr(0, shownLine);
     const std::vector<TextMarks> readings = readingsof(look);
     compose(session.msg, Word::Decimal, " ", Word::Symbol, " ", Word::Unknown, ": ", AsTyped{line}, " = ",
-            AsTyped{reading(line, readings[0])}, " ", Word::Or, " ", AsTyped{reading(line, readings[1])},
-            "? ... --decimal comma / --decimal point");
+            AsTyped{reading(line, readings[0])});
+    if (readings.size() > 1) extend(session.msg, " ", Word::Or, " ", AsTyped{reading(line, readings[1])});
+    extend(session.msg, "? ... --decimal comma / --decimal point");
     const std::string reason = session.msg;
     tellok();
     session.msg = reason;

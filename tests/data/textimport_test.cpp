@@ -147,6 +147,17 @@ TEST_F(TextImport, WithoutPromptsCommasBetweenThousandsAreRefusedAndTheDecimalSy
     EXPECT_EQ(session.gridCells, Columns({{"1.500"}, {"2.500"}}));
 }
 
+TEST_F(TextImport, LinesThatSpeakAgainstEachOtherAreRefusedWithTheOneReadingThereIs) {
+    session.noPrompt = 1;
+    session.gridCells = {{"1"}};
+    for (const char* text : {"1,5 2,5\n1,2,3\n", ".4,2\f4,2\f"}) {
+        platform.expectmessage("? ... --decimal comma / --decimal point");
+        EXPECT_EQ(import(text), TextRead::refused) << text;
+        EXPECT_EQ(last().text.find(" Or "), std::string::npos) << last().text;
+        EXPECT_EQ(session.gridCells, Columns({{"1"}})) << text;
+    }
+}
+
 TEST_F(TextImport, WithoutPromptsAnUnclearCommaIsRefusedAndNothingIsLost) {
     session.noPrompt = 1;
     session.gridCells = {{"1"}};
